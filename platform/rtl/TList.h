@@ -32,6 +32,10 @@ public:
         return value;
     }
     void Clear() { FItems.clear(); }
+    template <class Predicate>
+    void RemoveAll(Predicate predicate) {
+        std::erase_if(FItems, predicate);
+    }
     void Reserve(Integer count) { FItems.reserve(static_cast<std::size_t>(count)); }
 
     // The entry ends up at index `to`; those between shift by one.
