@@ -1,0 +1,44 @@
+# What ./run, ./test, ./bench and .ci/run share; they source this file.
+
+Root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+Jobs=$(nproc 2>/dev/null || echo 2)
+
+# InstallMissing GROUP...
+InstallMissing() { bash "$Root/cmake/install-deps.sh" "$@"; }
+
+# Configure PRESET: only a tree that has no build files yet; afterwards the build does it itself.
+Configure() {
+    [ -f "$Root/build/$1/build.ninja" ] || (cd "$Root" && cmake --preset "$1")
+}
+
+# Build PRESET [TARGET...]: with the build's own output.
+Build() {
+    local preset=$1
+    shift
+    Configure "$preset" || return
+    (cd "$Root" && cmake --build --preset "$preset" --parallel "$Jobs" ${1:+--target "$@"})
+}
+
+# BuildQuietly PRESET [TARGET...]: output only when it fails, and one line of progress on a terminal.
+BuildQuietly() {
+    local log
+    log=$(mktemp)
+    Build "$@" >"$log" 2>&1 &
+    local builder=$! result=0 ticks=0
+    trap 'kill "$builder" 2>/dev/null; rm -f "$log"; exit 130' INT TERM
+    if [ -t 2 ]; then
+        while kill -0 "$builder" 2>/dev/null; do
+            sleep 0.1
+            ticks=$((ticks + 1))
+            if [ $ticks -ge 10 ]; then
+                printf '\rBuilding %s\033[K' "$(grep -o '^\[[0-9]*/[0-9]*\]' "$log" | tail -n 1)" >&2
+            fi
+        done
+        [ $ticks -lt 10 ] || printf '\r\033[K' >&2
+    fi
+    wait "$builder" || result=$?
+    trap - INT TERM
+    [ "$result" -eq 0 ] || cat "$log" >&2
+    rm -f "$log"
+    return "$result"
+}

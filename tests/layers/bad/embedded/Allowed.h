@@ -1,0 +1,3 @@
+#pragma once
+#include <INIReader.h>
+#include "viewdata/services/Backward.h"

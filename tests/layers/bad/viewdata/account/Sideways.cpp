@@ -1,0 +1,1 @@
+  #  include   "viewdata/market/Quotes.h"  // indented
