@@ -32,8 +32,8 @@ public:
 
     // A whole number for the text of a message.
     virtual String FormatInteger(Integer Value) const = 0;
-    // A plain number with "." as point and without grouping. `Flag` False keeps the zeros at the
-    // end where `Decimals` is not AllDecimals.
+    // A plain number for the text of a filter: "." as point, no grouping, `Decimals` decimals or
+    // AllDecimals. `Flag` True drops zeros at the end.
     virtual String FormatFloat(Double Value, Integer Decimals, Boolean Flag) const = 0;
     // The text of a cell. `Symbol` lets the product decide on decimals and on fractions of a bond
     // price; empty takes the general setting of the data type. `Flag` True honours the settings
