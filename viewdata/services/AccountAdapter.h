@@ -19,8 +19,7 @@ public:
                                        TObject* Owner, StringView PreviousAccount) = 0;
     virtual void RemoveAccountCallback(StringView Account, TObject* Owner) = 0;
     // Details of accounts have been loaded. `Sender`: TAccountDictionary of these, or nil.
-    virtual void AddAccountInfoLoadCallback(const TDataCallbackEvent& Callback,
-                                            TObject* Owner) = 0;
+    virtual void AddAccountInfoLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) = 0;
     virtual void RemoveAccountInfoLoadCallback(TObject* Owner) = 0;
     // Accounts that GetAccountByIndex serves; 0 until the list is ready.
     virtual Integer GetAccountCount() const = 0;

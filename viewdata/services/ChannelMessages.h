@@ -33,7 +33,7 @@ struct TListViewRequestRecord {
     // The created view, set by the receiver. It stays the application's.
     TControl* Result = nullptr;
     // What the view calls when an item is chosen, with the item as `Data`: a TCustomAccount or a
-    // TCustomMarketData, as a TObject.
+    // TCustomMarketData, as a TObject; nil when none was chosen.
     TDataCallbackEvent Callback;
 };
 

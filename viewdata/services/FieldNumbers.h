@@ -65,9 +65,9 @@ inline constexpr Integer FirstMargin = 200;
 inline constexpr Integer LastMargin = 215;
 
 inline constexpr Integer ContractSize = 504;
-inline constexpr Integer TickSize = 507;             // text
-inline constexpr Integer SettlementDay = 540;        // text
-inline constexpr Integer DisplayRatio = 1504;        // text: what a price field multiplies by
+inline constexpr Integer TickSize = 507;            // text
+inline constexpr Integer SettlementDay = 540;       // text
+inline constexpr Integer DisplayRatio = 1504;       // text: what a price field multiplies by
 inline constexpr Integer FractionalQuantity = 1508; // text: 1 allows fractions of a unit
 
 // Quantities and prices of levels 6 to 10.

@@ -12,16 +12,16 @@ public:
     // Operations, in order
 
     // Attribute 48: the last price less the previous close, in units of price.
-    virtual Boolean GetAttribute48Text(StringView Symbol, String& Text) = 0;
+    virtual Boolean GetAttribute48Text(StringView Symbol, String& Text) const = 0;
     // Leaves `Value` alone while there is nothing to work out; so does the next Value operation.
-    virtual void GetAttribute48Value(StringView Symbol, Double& Value) = 0;
+    virtual void GetAttribute48Value(StringView Symbol, Double& Value) const = 0;
     // Attribute 130: that change in percent of the previous close, 2.5 for 2.5 %.
-    virtual Boolean GetAttribute130Text(StringView Symbol, String& Text) = 0;
-    virtual void GetAttribute130Value(StringView Symbol, Double& Value) = 0;
+    virtual Boolean GetAttribute130Text(StringView Symbol, String& Text) const = 0;
+    virtual void GetAttribute130Value(StringView Symbol, Double& Value) const = 0;
     // The symbol's field of that number as a price, by the price settings of the symbol.
-    virtual Boolean FormatPrice(StringView Symbol, Integer Attribute, String& Text) = 0;
+    virtual Boolean FormatPrice(StringView Symbol, Integer Attribute, String& Text) const = 0;
     // The symbol's field of that number as a quantity.
-    virtual Boolean FormatVolume(StringView Symbol, Integer Attribute, String& Text) = 0;
+    virtual Boolean FormatVolume(StringView Symbol, Integer Attribute, String& Text) const = 0;
 };
 
 // Knows the names of data types that resource tables use for custom columns.

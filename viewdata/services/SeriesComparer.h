@@ -12,7 +12,7 @@ public:
     // Operations, in order
 
     // Sorts series codes of `Exchange` in place. Codes that compare equal keep their order.
-    virtual void SortSeries(StringView Exchange, TList<String>& List) = 0;
+    virtual void SortSeries(StringView Exchange, TList<String>& List) const = 0;
 };
 
 } // namespace quorin
