@@ -1,0 +1,10 @@
+#include "platform/rtl/FormatSettings.h"
+
+namespace quorin {
+
+TFormatSettings& FormatSettings() {
+    static TFormatSettings settings;
+    return settings;
+}
+
+} // namespace quorin
