@@ -1,0 +1,75 @@
+#include "platform/widgets/DataController.h"
+
+#include "platform/widgets/CustomDataSource.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorin {
+
+TcxCustomDataController::~TcxCustomDataController() {
+    if (FSource != nullptr) FSource->FProvider = nullptr;
+}
+
+void TcxCustomDataController::SetCustomDataSource(TcxCustomDataSource* source) {
+    if (source == FSource) return;
+    if (FSource != nullptr) FSource->FProvider = nullptr;
+    FSource = nullptr;
+    if (source != nullptr) {
+        if (source->FProvider != nullptr) {
+            source->FProvider->DataController().SetCustomDataSource(nullptr);
+        }
+        FSource = source;
+        FSource->FProvider = &FProvider;
+    }
+    Forget();
+}
+
+void TcxCustomDataController::AddItem(TComponent* item) {
+    FItems.Add(item);
+    FNeedsRepaint = true;
+}
+
+void TcxCustomDataController::RemoveItem(TComponent* item) {
+    const Integer index = FItems.IndexOf(item);
+    if (index < 0) return;
+    FItems.Delete(index);
+    FNeedsRepaint = true;
+}
+
+void TcxCustomDataController::DataChanged() {
+    ++FCounters.Changes;
+    Forget();
+}
+
+void TcxCustomDataController::Refresh() {
+    ++FCounters.Refreshes;
+    FNeedsRepaint = true;
+}
+
+void TcxCustomDataController::Forget() {
+    FIsStale = true;
+    FNeedsRepaint = true;
+    if (FOnForget) FOnForget(this);
+}
+
+Integer TcxCustomDataController::RecordCount() {
+    if (FSource == nullptr) return 0;
+    if (FIsStale) {
+        FIsStale = false; // before the call, which may tell of the next change
+        ++FCounters.Counts;
+        const Integer count = FSource->GetRecordCount();
+        FRecordCount = std::max<Integer>(count, 0);
+    }
+    return FRecordCount;
+}
+
+Variant TcxCustomDataController::Value(TcxDataRecordHandle record, Integer item) {
+    if (FSource == nullptr) return Variant();
+    ++FCounters.Values;
+    return FSource->GetValue(record, FSource->GetItemHandle(item));
+}
+
+bool TcxCustomDataController::TakeRepaint() { return std::exchange(FNeedsRepaint, false); }
+
+} // namespace quorin

@@ -1,0 +1,91 @@
+#include "platform/widgets/GridTableView.h"
+
+#include "platform/widgets/CustomDataSource.h"
+
+#include <algorithm>
+
+namespace quorin {
+
+TcxGridTableView::TcxGridTableView(TComponent* owner) : TComponent(owner) {}
+
+TcxGridColumn& TcxGridTableView::AddColumn(Integer tag, StringView caption) {
+    auto& column = CreateComponent<TcxGridColumn>(*this, FColumns);
+    column.SetTag(tag);
+    column.SetCaption(caption);
+    return column;
+}
+
+TcxGridColumn* TcxGridTableView::GetColumn(Integer index) const {
+    return static_cast<TcxGridColumn*>(FColumns.Get(index)); // AddColumn makes no others
+}
+
+Integer TcxGridTableView::RowCount() { return FController.RecordCount(); }
+
+Integer TcxGridTableView::RecordIndex(Integer row) {
+    return row >= 0 && row < RowCount() ? row : NoRow;
+}
+
+Variant TcxGridTableView::Value(Integer row, const TcxCustomGridTableItem& column) {
+    const Integer record = RecordIndex(row);
+    if (record == NoRow) return Variant();
+    return FController.Value(CustomDataSource()->GetRecordHandle(record), column.ItemIndex());
+}
+
+void TcxGridTableView::GetCellText(Integer row, TcxCustomGridTableItem& column, String& text) {
+    text.clear();
+    const Integer record = RecordIndex(row);
+    if (record == NoRow) return;
+    if (FOnGetCellText) {
+        FOnGetCellText(record, column, text);
+        return;
+    }
+    const Variant value = Value(row, column);
+    if (!value.IsArray()) text = value.ToText();
+}
+
+String TcxGridTableView::CellText(Integer row, TcxCustomGridTableItem& column) {
+    String text;
+    GetCellText(row, column, text);
+    return text;
+}
+
+Integer TcxGridTableView::LastTopRow() { return std::max<Integer>(RowCount() - FCapacity, 0); }
+
+Integer TcxGridTableView::TopRow() {
+    FTopRow = std::min(FTopRow, LastTopRow());
+    return FTopRow;
+}
+
+void TcxGridTableView::SetTopRow(Integer row) {
+    const Integer top = std::clamp<Integer>(row, 0, LastTopRow());
+    if (top == FTopRow) return;
+    FTopRow = top;
+    FController.InvalidatePaint();
+}
+
+void TcxGridTableView::SetVisibleRowCapacity(Integer rows) {
+    const Integer capacity = std::max<Integer>(rows, 1);
+    if (capacity == FCapacity) return;
+    FCapacity = capacity;
+    FController.InvalidatePaint();
+}
+
+Integer TcxGridTableView::VisibleRowCount() {
+    const Integer top = TopRow();
+    return std::min(FCapacity, RowCount() - top);
+}
+
+Integer TcxGridTableView::FocusedRow() {
+    FFocusedRow = std::min(FFocusedRow, RowCount() - 1); // NoRow when there are none
+    return FFocusedRow;
+}
+
+void TcxGridTableView::SetFocusedRow(Integer row) {
+    FFocusedRow = RecordIndex(row) == NoRow ? NoRow : row;
+    FController.InvalidatePaint();
+    if (FFocusedRow == NoRow) return;
+    const Integer top = TopRow();
+    SetTopRow(std::clamp<Integer>(top, FFocusedRow - FCapacity + 1, FFocusedRow));
+}
+
+} // namespace quorin

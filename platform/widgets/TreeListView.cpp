@@ -1,0 +1,174 @@
+#include "platform/widgets/TreeListView.h"
+
+#include "platform/widgets/CustomDataSource.h"
+
+#include <utility>
+
+namespace quorin {
+
+TcxVirtualTreeList::TcxVirtualTreeList(TComponent* owner) : TComponent(owner) {
+    FController.SetOnForget(MakeEvent<&TcxVirtualTreeList::ForgetRows>(this));
+}
+
+TcxTreeListCustomDataSource* TcxVirtualTreeList::CustomDataSource() const {
+    return static_cast<TcxTreeListCustomDataSource*>(FController.CustomDataSource());
+}
+
+void TcxVirtualTreeList::SetCustomDataSource(TcxTreeListCustomDataSource* source) {
+    FController.SetCustomDataSource(source);
+}
+
+void TcxVirtualTreeList::SetShape(TcxTreeShape shape) {
+    FShape = shape;
+    ForgetRows(nullptr);
+}
+
+TcxTreeListColumn& TcxVirtualTreeList::AddColumn(Integer tag, StringView caption) {
+    auto& column = CreateComponent<TcxTreeListColumn>(*this, FColumns);
+    column.SetTag(tag);
+    column.SetCaption(caption);
+    return column;
+}
+
+TcxTreeListColumn* TcxVirtualTreeList::GetColumn(Integer index) const {
+    return static_cast<TcxTreeListColumn*>(FColumns.Get(index)); // AddColumn makes no others
+}
+
+void TcxVirtualTreeList::ForgetRows(TObject*) {
+    FRowsKnown = false;
+    FRows.Clear();
+    FController.InvalidatePaint();
+}
+
+void TcxVirtualTreeList::EnsureRows() {
+    if (FRowsKnown) return;
+    FRowsKnown = true; // before the calls out, which may tell of the next change
+    FRows.Clear();
+    TWalk walk;
+    if (CustomDataSource() != nullptr) {
+        if (FShape == TcxTreeShape::FlatList) {
+            GatherFlatList(walk);
+        } else {
+            GatherChildren(walk, CustomDataSource()->GetRootRecordHandle(), NoRow, 0);
+        }
+    }
+
+    Integer firstOfAll = NoRow;
+    for (Integer index = walk.Count() - 1; index >= 0; --index) {
+        const Integer parent = walk[index].Parent;
+        Integer& first = parent == NoRow ? firstOfAll : walk[parent].FirstChild;
+        walk[index].NextSibling = std::exchange(first, index);
+    }
+    ShowFrom(walk, firstOfAll, 0);
+
+    TDictionary<Pointer, bool> toggled; // without the nodes that are gone
+    for (const TNode& node : walk) {
+        if (FToggled.ContainsKey(node.Handle)) toggled.Add(node.Handle, true);
+    }
+    std::swap(FToggled, toggled);
+
+    FFocusedRow = NoRow;
+    for (Integer row = 0; row < FRows.Count() && FFocusedNode != nullptr; ++row) {
+        if (FRows[row].Node == FFocusedNode) FFocusedRow = row;
+    }
+    if (FFocusedRow == NoRow) FFocusedNode = nullptr;
+}
+
+void TcxVirtualTreeList::GatherFlatList(TWalk& walk) {
+    TcxTreeListCustomDataSource& source = *CustomDataSource();
+    TDictionary<Pointer, Integer> places;
+    const Integer count = FController.RecordCount();
+    for (Integer index = 0; index < count; ++index) {
+        const TcxDataRecordHandle node = source.GetRecordHandle(index);
+        if (node == nullptr || !places.Add(node, walk.Count())) continue;
+        walk.Add(TNode{node});
+    }
+    for (TNode& node : walk) {
+        const TcxDataRecordHandle parent = source.GetParentRecordHandle(node.Handle);
+        if (parent != nullptr) places.TryGetValue(parent, node.Parent);
+    }
+}
+
+void TcxVirtualTreeList::GatherChildren(TWalk& walk, TcxDataRecordHandle node, Integer parent,
+                                        Integer depth) {
+    TcxTreeListCustomDataSource& source = *CustomDataSource();
+    if (depth >= MaxDepth) return;
+    const Integer count = source.GetChildCount(node);
+    for (Integer index = 0; index < count; ++index) {
+        const TcxDataRecordHandle child = source.GetChildRecordHandle(node, index);
+        if (child == nullptr) continue;
+        const Integer place = walk.Count();
+        walk.Add(TNode{child, parent});
+        GatherChildren(walk, child, place, depth + 1);
+    }
+}
+
+void TcxVirtualTreeList::ShowFrom(const TWalk& walk, Integer first, Integer depth) {
+    for (Integer place = first; place != NoRow; place = walk[place].NextSibling) {
+        const TNode& node = walk[place];
+        const bool hasChildren = node.FirstChild != NoRow;
+        const bool isExpanded = hasChildren && IsExpanded(node.Handle);
+        FRows.Add(TcxTreeRow{node.Handle, depth, hasChildren, isExpanded});
+        if (isExpanded && depth + 1 < MaxDepth) ShowFrom(walk, node.FirstChild, depth + 1);
+    }
+}
+
+Integer TcxVirtualTreeList::RowCount() {
+    EnsureRows();
+    return FRows.Count();
+}
+
+TcxTreeRow TcxVirtualTreeList::Row(Integer row) {
+    EnsureRows();
+    return FRows.Has(row) ? FRows[row] : TcxTreeRow{};
+}
+
+Variant TcxVirtualTreeList::Value(Integer row, const TcxTreeListColumn& column) {
+    const TcxTreeRow shown = Row(row);
+    if (shown.Node == nullptr) return Variant();
+    return FController.Value(shown.Node, column.ItemIndex());
+}
+
+String TcxVirtualTreeList::CellText(Integer row, TcxTreeListColumn& column) {
+    String text;
+    const TcxTreeRow shown = Row(row);
+    if (shown.Node == nullptr) return text;
+    if (FOnGetCellText) {
+        FOnGetCellText(shown.Node, column, text);
+        return text;
+    }
+    const Variant value = Value(row, column);
+    if (!value.IsArray()) text = value.ToText();
+    return text;
+}
+
+void TcxVirtualTreeList::SetExpanded(Integer row, bool expanded) {
+    const TcxTreeRow shown = Row(row);
+    if (!shown.HasChildren || shown.IsExpanded == expanded) return;
+    if (expanded == FStartsExpanded) {
+        FToggled.Remove(shown.Node);
+    } else {
+        FToggled.Add(shown.Node, true);
+    }
+    ForgetRows(nullptr);
+}
+
+void TcxVirtualTreeList::SetStartsExpanded(bool expanded) {
+    if (expanded == FStartsExpanded) return;
+    FStartsExpanded = expanded;
+    FToggled.Clear();
+    ForgetRows(nullptr);
+}
+
+Integer TcxVirtualTreeList::FocusedRow() {
+    EnsureRows();
+    return FFocusedRow;
+}
+
+void TcxVirtualTreeList::SetFocusedRow(Integer row) {
+    FFocusedNode = Row(row).Node;
+    FFocusedRow = FFocusedNode == nullptr ? NoRow : row;
+    FController.InvalidatePaint();
+}
+
+} // namespace quorin

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "platform/rtl/TDictionary.h"
+#include "platform/widgets/DataController.h"
+#include "platform/widgets/GridTableView.h"
+#include "platform/widgets/ViewColumn.h"
+
+namespace quorin {
+
+class TcxTreeListCustomDataSource;
+
+class TcxTreeListColumn : public TcxViewColumn {
+    QUORIN_CLASS(TcxTreeListColumn, TcxViewColumn)
+
+    using TcxViewColumn::TcxViewColumn;
+};
+
+// How the tree's shape reaches the view.
+enum class TcxTreeShape : Byte {
+    FlatList, // every node by index, each put under its parent
+    Children, // from the root down, child by child
+};
+
+// One row on show. Good until the source's next change.
+struct TcxTreeRow {
+    TcxDataRecordHandle Node = nullptr;
+    Integer Depth = 0; // 0 on the first level
+    bool HasChildren = false;
+    bool IsExpanded = false;
+};
+
+// Supplies the text of a cell: the node, the column, the text to replace.
+using TcxGetTreeTextEvent = TEvent<void(TcxDataRecordHandle, TcxTreeListColumn&, String&)>;
+
+// A tree list without pixels: columns, the rows of expanded nodes in view order, a focused row. A
+// change drops all node handles at once; the next look walks the tree again. Which nodes are open
+// and which has the focus is remembered by address, for comparing only. Nil nodes are not shown,
+// nor are levels below MaxDepth. Not supported: editing, sorting.
+class TcxVirtualTreeList : public TComponent {
+    QUORIN_CLASS(TcxVirtualTreeList, TComponent)
+
+    static constexpr Integer MaxDepth = 64;
+
+    explicit TcxVirtualTreeList(TComponent* owner = nullptr);
+
+    TcxCustomDataController& DataController() { return FController; }
+    TcxTreeListCustomDataSource* CustomDataSource() const;
+    // The source is not owned.
+    void SetCustomDataSource(TcxTreeListCustomDataSource* source);
+    TcxTreeShape Shape() const { return FShape; }
+    void SetShape(TcxTreeShape shape);
+
+    // A new column behind the others; the view owns it.
+    TcxTreeListColumn& AddColumn(Integer tag, StringView caption = {});
+    Integer GetColumnCount() const { return FColumns.Count(); }
+    // Nil outside.
+    TcxTreeListColumn* GetColumn(Integer index) const;
+
+    Integer RowCount();
+    // An empty row, without a node, outside.
+    TcxTreeRow Row(Integer row);
+    // Null outside.
+    Variant Value(Integer row, const TcxTreeListColumn& column);
+    // What the form supplies, and without a form the value as text. Empty outside.
+    String CellText(Integer row, TcxTreeListColumn& column);
+    void SetOnGetCellText(const TcxGetTreeTextEvent& event) { FOnGetCellText = event; }
+
+    // Opens or closes the row's node; nothing outside and on nodes without children.
+    void SetExpanded(Integer row, bool expanded);
+    // Whether nodes are open that nobody has opened or closed; closed from the start.
+    void SetStartsExpanded(bool expanded);
+
+    // NoRow while none has the focus; it stays with its node while that is on show.
+    Integer FocusedRow();
+    void SetFocusedRow(Integer row);
+
+    // For the skin, once per frame.
+    bool TakeRepaint() { return FController.TakeRepaint(); }
+
+private:
+    // A node of the walk: links are indexes into the walk, NoRow for none.
+    struct TNode {
+        TcxDataRecordHandle Handle = nullptr;
+        Integer Parent = NoRow;
+        Integer FirstChild = NoRow;
+        Integer NextSibling = NoRow;
+    };
+    using TWalk = TList<TNode>;
+
+    void ForgetRows(TObject*);
+    void EnsureRows();
+    void GatherFlatList(TWalk& walk);
+    void GatherChildren(TWalk& walk, TcxDataRecordHandle node, Integer parent, Integer depth);
+    void ShowFrom(const TWalk& walk, Integer first, Integer depth);
+    bool IsExpanded(TcxDataRecordHandle node) const {
+        return FToggled.ContainsKey(node) != FStartsExpanded;
+    }
+
+    TcxCustomDataController FController;
+    TcxViewColumns FColumns{FController};
+    TcxGetTreeTextEvent FOnGetCellText;
+    TList<TcxTreeRow> FRows;
+    // Nodes that differ from FStartsExpanded; addresses for comparing only.
+    TDictionary<Pointer, bool> FToggled;
+    Pointer FFocusedNode = nullptr;
+    Integer FFocusedRow = NoRow;
+    TcxTreeShape FShape = TcxTreeShape::FlatList;
+    bool FStartsExpanded = false;
+    bool FRowsKnown = false; // FRows tells the truth
+};
+
+} // namespace quorin

@@ -1,0 +1,163 @@
+#include "platform/widgets/CustomDataSource.h"
+#include "platform/widgets/TreeListView.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace quorin {
+namespace {
+
+struct TNode {
+    String Name;
+    TNode* Parent = nullptr;
+    std::vector<TNode*> Children{};
+};
+
+// Offers one tree in both shapes.
+class TNodeSource : public TcxTreeListCustomDataSource {
+public:
+    Integer GetRecordCount() override { return static_cast<Integer>(List.size()); }
+    TcxDataRecordHandle GetRecordHandle(Integer index) override {
+        ++HandlesAsked;
+        return List[static_cast<std::size_t>(index)];
+    }
+    TcxDataRecordHandle GetRootRecordHandle() override { return &Root; }
+    TcxDataRecordHandle GetParentRecordHandle(TcxDataRecordHandle node) override {
+        return At(node)->Parent;
+    }
+    Integer GetChildCount(TcxDataRecordHandle node) override {
+        return static_cast<Integer>(At(node)->Children.size());
+    }
+    TcxDataRecordHandle GetChildRecordHandle(TcxDataRecordHandle node, Integer index) override {
+        return At(node)->Children[static_cast<std::size_t>(index)];
+    }
+    Variant GetValue(TcxDataRecordHandle node, TcxDataItemHandle item) override {
+        TComponent* column = GetDataController()->GetItem(item);
+        if (column->Tag() < 0) return Variant(column->Tag());
+        return Variant(At(node)->Name);
+    }
+
+    TNode Root;
+    std::vector<TNode*> List;
+    int HandlesAsked = 0;
+
+private:
+    static TNode* At(TcxDataRecordHandle node) { return static_cast<TNode*>(node); }
+};
+
+struct TTreeListTest : testing::TestWithParam<TcxTreeShape> {
+    TTreeListTest() {
+        const auto link = [this](TNode& child, TNode& parent) {
+            child.Parent = &parent;
+            parent.Children.push_back(&child);
+        };
+        link(A, Source.Root);
+        link(B, Source.Root);
+        link(A1, A);
+        link(A2, A);
+        link(B1, B);
+        // As a service might list them: grouped by something else than the tree.
+        Source.List = {&A, &B, &A1, &B1, nullptr, &A2};
+        Source.Root.Children.insert(Source.Root.Children.begin() + 1, nullptr);
+        View->SetShape(GetParam());
+        View->SetCustomDataSource(&Source);
+        View->AddColumn(1, u"name");
+    }
+    std::string Rows() {
+        std::string text;
+        for (Integer row = 0; row < View->RowCount(); ++row) {
+            const TcxTreeRow shown = View->Row(row);
+            if (row > 0) text += ' ';
+            text.append(static_cast<std::size_t>(shown.Depth), '.');
+            if (shown.HasChildren) text += shown.IsExpanded ? '-' : '+';
+            for (const Char unit : View->CellText(row, *View->GetColumn(0))) {
+                text += static_cast<char>(unit);
+            }
+        }
+        return text;
+    }
+
+    TNode A{u"a"}, B{u"b"}, A1{u"a1"}, A2{u"a2"}, B1{u"b1"};
+    TNodeSource Source;
+    std::unique_ptr<TcxVirtualTreeList> View = CreateComponent<TcxVirtualTreeList>();
+};
+
+TEST_P(TTreeListTest, OpensAndCloses) {
+    EXPECT_EQ(Rows(), "+a +b");
+    View->SetExpanded(0, true);
+    EXPECT_EQ(Rows(), "-a .a1 .a2 +b");
+    View->SetExpanded(1, true); // no children, nothing to open
+    View->SetExpanded(3, true);
+    EXPECT_EQ(Rows(), "-a .a1 .a2 -b .b1");
+    View->SetExpanded(0, false);
+    EXPECT_EQ(Rows(), "+a -b .b1");
+    View->SetExpanded(99, true);
+    EXPECT_EQ(Rows(), "+a -b .b1");
+    View->SetStartsExpanded(true);
+    EXPECT_EQ(Rows(), "-a .a1 .a2 -b .b1");
+}
+
+TEST_P(TTreeListTest, OpenNodesStayOpenThroughAChange) {
+    View->SetExpanded(0, true);
+    std::erase(Source.List, &A1);
+    std::erase(A.Children, &A1);
+    EXPECT_EQ(View->RowCount(), 3);
+    Source.DataChanged();
+    EXPECT_EQ(Rows(), "-a .a2 +b");
+}
+
+TEST_P(TTreeListTest, FocusStaysWithItsNode) {
+    View->SetFocusedRow(1);
+    EXPECT_EQ(View->Row(View->FocusedRow()).Node, &B);
+    View->SetExpanded(0, true);
+    EXPECT_EQ(View->FocusedRow(), 3);
+    std::erase(Source.List, &B);
+    std::erase(Source.Root.Children, &B);
+    Source.DataChanged();
+    EXPECT_EQ(View->FocusedRow(), NoRow);
+}
+
+TEST_P(TTreeListTest, TagOfAnyKindReachesTheSource) {
+    TcxTreeListColumn& column = View->AddColumn(-5);
+    EXPECT_EQ(View->Value(0, column), Variant(-5));
+    EXPECT_EQ(View->Value(9, column), Variant());
+}
+
+TEST_P(TTreeListTest, EndlessTreeIsCutOff) {
+    A1.Children.push_back(&A); // its own ancestor
+    A.Parent = &A1;
+    View->SetStartsExpanded(true);
+    EXPECT_LE(View->RowCount(), 6 * TcxVirtualTreeList::MaxDepth);
+    EXPECT_GE(View->RowCount(), 1);
+}
+
+TEST_P(TTreeListTest, SourceThatDiesLeavesNoRows) {
+    auto dying = std::make_unique<TNodeSource>();
+    dying->List = {&A};
+    dying->Root.Children = {&A};
+    View->SetCustomDataSource(dying.get());
+    EXPECT_EQ(View->RowCount(), 1);
+    dying.reset();
+    EXPECT_EQ(View->RowCount(), 0);
+    EXPECT_EQ(View->Row(0).Node, nullptr);
+}
+
+TEST_P(TTreeListTest, ChangeFetchesNothingUntilSomebodyLooks) {
+    Rows();
+    const int before = Source.HandlesAsked;
+    Source.DataChanged();
+    Source.DataChanged();
+    EXPECT_EQ(Source.HandlesAsked, before);
+    EXPECT_TRUE(View->TakeRepaint());
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, TTreeListTest,
+                         testing::Values(TcxTreeShape::FlatList, TcxTreeShape::Children),
+                         [](const auto& info) {
+                             return info.param == TcxTreeShape::FlatList ? "FlatList" : "Children";
+                         });
+
+} // namespace
+} // namespace quorin
