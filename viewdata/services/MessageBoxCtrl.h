@@ -6,7 +6,7 @@
 
 namespace quorin {
 
-// Answer of ShowConfirmText for yes, and the button to begin with that means it.
+// Answer of ShowConfirmText for yes; as `Default` it makes yes the button that has the focus.
 inline constexpr Integer ConfirmYes = 1;
 
 // The message for an account that nobody knows.
