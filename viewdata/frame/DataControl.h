@@ -1,0 +1,98 @@
+#pragma once
+
+#include "platform/rtl/TComponent.h"
+#include "platform/rtl/Variant.h"
+#include "viewdata/frame/ColumnInfo.h"
+
+namespace quorin {
+
+// The view model of one grid or tree: owns the rows, answers raw values and display texts, listens
+// to the services and tells its view when something changed. The base has no rows and does no
+// trading work. Descendants set the protected fields that are only read here. Nothing raises for
+// bad input; everything runs on the thread of the views.
+class TBaseDataControl : public TComponent {
+    QUORIN_CLASS(TBaseDataControl, TComponent)
+
+    explicit TBaseDataControl(TComponent* AOwner = nullptr) : TComponent(AOwner) {}
+
+    // Operations, in order
+
+    // Number of records that the view shows.
+    virtual Integer GetCount() { return 0; }
+    // Fires the change signal with this control as its sender; nothing while none is set.
+    virtual void Changed() { FireDataChanged(); }
+    // The control's columns, nil by default. The list and its columns stay the control's.
+    virtual const TColumnList* GetColList() { return nullptr; }
+    // Raw value of a cell. Row-list controls answer it; a tree control has the node form instead
+    // and answers null here.
+    virtual Variant GetValue(Integer RecordIndex, Integer Attribute);
+    // Display text of a cell; EmptyDisplayText where there is nothing to show.
+    virtual String GetDisplayValue(Integer RecordIndex, Integer Attribute);
+    // Always False; `Value` is left alone.
+    virtual Boolean GetRowValue(Integer RecordIndex, Pointer& Value);
+    virtual Boolean GetColValue(Integer ItemIndex, Pointer& Value);
+
+    // For the data source that owns the control: the one receiver of the change signal (empty
+    // unhooks it), and the source itself, which nothing here reads.
+    void SetOnDataChanged(const TNotifyEvent& event) { OnDataChanged = event; }
+    void SetDataSource(TObject* source) { DataSource = source; }
+
+protected:
+    void FireDataChanged() {
+        if (OnDataChanged) OnDataChanged(this);
+    }
+
+    TNotifyEvent OnDataChanged;
+    TObject* DataSource = nullptr;
+    String EmptyDisplayText; // text of a cell that has nothing to show
+    String GroupID;          // the control's group; empty: none
+};
+
+// A row-list control: follows the configuration for as long as it lives. A complete control gets
+// one ConfigUpdate before any signal is hooked, so that stored settings count from the start.
+class TCustomDataControl : public TBaseDataControl {
+    QUORIN_CLASS(TCustomDataControl, TBaseDataControl)
+
+    explicit TCustomDataControl(TComponent* AOwner = nullptr);
+    ~TCustomDataControl() override;
+    void AfterConstruction() override;
+
+    // The configuration has changed; an override calls the inherited operation first.
+    virtual void ConfigUpdate(Pointer Sender, Pointer Data);
+};
+
+// A control whose records are nodes: opaque pointers that it hands out and takes back. A node is
+// always the address of a TObject; nil stands for no node.
+class TBaseTreeDataControl : public TBaseDataControl {
+    QUORIN_CLASS(TBaseTreeDataControl, TBaseDataControl)
+
+    explicit TBaseTreeDataControl(TComponent* AOwner = nullptr) : TBaseDataControl(AOwner) {}
+    using TBaseDataControl::GetDisplayValue;
+    using TBaseDataControl::GetValue;
+
+    // Operations, in order
+
+    virtual Pointer GetParentNode(Pointer Node);
+    virtual Pointer GetNode(Integer Index);
+    virtual Pointer GetChildNode(Pointer Node, Integer Index);
+    virtual Integer GetChildNodeCount(Pointer Node);
+    virtual Pointer GetRootNode() { return nullptr; }
+    // Raw value and display text of a node's cell; null and EmptyDisplayText by default.
+    virtual Variant GetValue(Pointer Node, Integer ColumnID);
+    virtual String GetDisplayValue(Pointer Node, Integer ColumnID);
+    // The columns that the view shows; the list stays the caller's and must outlive its use.
+    virtual void SetColumnList(const TColumnList* List);
+};
+
+// A tree control that follows the configuration, as TCustomDataControl does.
+class TCustomTreeDataControl : public TBaseTreeDataControl {
+    QUORIN_CLASS(TCustomTreeDataControl, TBaseTreeDataControl)
+
+    explicit TCustomTreeDataControl(TComponent* AOwner = nullptr);
+    ~TCustomTreeDataControl() override;
+    void AfterConstruction() override;
+
+    virtual void ConfigUpdate(Pointer Sender, Pointer Data);
+};
+
+} // namespace quorin

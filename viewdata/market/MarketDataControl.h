@@ -1,0 +1,178 @@
+#pragma once
+
+#include "platform/rtl/TDictionary.h"
+#include "viewdata/frame/DataControl.h"
+#include "viewdata/services/ClientOrder.h"
+#include "viewdata/services/MarketAdapter.h"
+#include "viewdata/services/SubscribeAdapter.h"
+
+#include <memory>
+#include <span>
+
+namespace quorin {
+
+// Which way a price moved. Equal or unknown is None.
+enum class TPriceChangeState : Byte { pcsNone, pcsUp, pcsDown };
+using enum TPriceChangeState;
+
+// The exchange code that stands for the user's favourites.
+inline constexpr StringView FavoriteExchange = u"FAVORITEEXCHANGE";
+
+// The market watch: one row per symbol of an exchange, of a product category or of the user's
+// favourites. Rows are loaded at once, but only those that the view says are on screen are
+// subscribed; their updates signal the view, once per delivered batch. Values are read from the
+// live item at the moment of asking, nothing is cached. Not supported: sorting and filtering,
+// which are the view's; telling of errors: what can't be done answers False and keeps its state.
+//
+// Rows are named by RecordIndex, columns by the numbers of MarketAttributes.h. A row outside the
+// list or a negative attribute answers empty text, EmptyDisplayText or False and changes nothing.
+// The destructor runs ClearAll and removes every registration of this class; a descendant that
+// registers or subscribes more releases that in its own destructor.
+class TCustomMarketDataControl : public TCustomDataControl {
+    QUORIN_CLASS(TCustomMarketDataControl, TCustomDataControl)
+
+    explicit TCustomMarketDataControl(TComponent* AOwner = nullptr);
+    ~TCustomMarketDataControl() override;
+
+    const String& Account() const { return FAccount; }
+    Boolean ShowPosition() const { return FShowPosition; }
+    // How ViewRecordChanged subscribes: True, from construction, in batches; False for each change
+    // of an item at once. Rows subscribed before stay as they are.
+    Boolean IsBatchMode() const { return FIsBatchMode; }
+    void SetIsBatchMode(Boolean Value) { FIsBatchMode = Value; }
+
+    Integer GetCount() override { return FDataList.Count(); }
+    Variant GetValue(Integer RecordIndex, Integer Attribute) override;
+    String GetDisplayValue(Integer RecordIndex, Integer Attribute) override;
+    // Signals when the bond style differs from the one last seen.
+    void ConfigUpdate(Pointer Sender, Pointer Data) override;
+
+    // Operations, in order
+
+    // Reloads the rows of the exchange or favourites, or with an empty exchange and a category of
+    // 0 or more those of every exchange, and signals. Keeps everything while the universe is not
+    // ready; the caller asks again later.
+    virtual void InitData();
+    // Reloads the rows from the favourites, also those whose record is not loaded, and signals.
+    virtual void InitFavoriteData();
+    // Batched update: Sender is a TSubItemDictionary or nil. One signal if any row followed.
+    virtual void SymbolUpdate(Pointer Sender, Pointer Data);
+    // Tick tables have arrived: signals.
+    virtual void SpreadUpdate(Pointer Sender, Pointer Data);
+    // Releases all subscriptions and empties the list without a signal. Last prices and margins
+    // are remembered for symbols that come back.
+    virtual void ClearAll();
+    // Choose what InitData loads. Neither reloads. A negative category means every category.
+    virtual void SetExchange(StringView Exchange);
+    virtual void SetCategory(Integer CategoryID);
+    // Appends the row of a record unless the list has it; nil adds nothing. No signal.
+    virtual void AddMarketData(TCustomMarketData* Data);
+    // The favourites have changed: reloads them while they are what is shown and, when no row came
+    // or went, subscribes again what was subscribed.
+    virtual void FavoriteMarketDataCountUpdate(Pointer Sender, Pointer Data);
+    // The account of position columns and quick orders; an unknown one is ignored. Signals.
+    virtual void SetAccount(StringView Account);
+    // Whether the view shows position columns. No signal.
+    virtual void SetShowPosition(Boolean Value);
+    // Positions have changed: Sender is a TAccountPositionDictionary or nil. Signals if it names
+    // the account and positions are shown.
+    virtual void PositionUpdate(Pointer Sender, Pointer Data);
+    // Margin that one contract requires, as amount text or in the currency of the product. False
+    // leaves Margin alone.
+    virtual Boolean GetRequireMargin(StringView Symbol, String& Margin);
+    virtual Boolean GetRequireMargin(StringView Symbol, Double& Margin);
+    // Margin items have changed: Sender is a TSubItemDictionary or nil.
+    virtual void SpanUpdate(Pointer Sender, Pointer Data);
+    virtual void ProcessMarginValue(TCustomSubItem* Item);
+    // One item has changed: Sender is a TCustomSubItem. Signals if its row is followed.
+    virtual void SymbolRealtimeUpdate(TObject* Sender);
+    // Takes in one changed item; False, and nothing done, when its symbol is not subscribed.
+    virtual Boolean UpdateSymbolMessage(TCustomSubItem* Item);
+    // What a view calls to show a market: chooses and reloads.
+    virtual void SetExchangeAndCategory(StringView Exchange, Integer CategoryID);
+    // Asks the application to add a favourite; always True.
+    virtual Boolean AddFavoritePrice();
+    virtual Boolean RemoveFavoritePrice(Integer RecordIndex);
+    virtual Boolean ClearAllFavoritePrice();
+    // Quick orders of one lot on the row's symbol: True when the order was taken.
+    virtual Boolean BuyMarketOrder(Integer RecordIndex);
+    virtual Boolean SellMarketOrder(Integer RecordIndex);
+    virtual Boolean BuyLastOrder(Integer RecordIndex);
+    virtual Boolean SellLastOrder(Integer RecordIndex);
+    virtual Boolean BuyBestAskOrder(Integer RecordIndex);
+    virtual Boolean SellBestBidOrder(Integer RecordIndex);
+    virtual Boolean AddToFavorite(Integer RecordIndex);
+    // The rows now on screen: exactly these are subscribed afterwards, all others released. An
+    // index outside the list and a row named twice are skipped. Always True.
+    virtual Boolean ViewRecordChanged(std::span<const Integer> Value);
+    // Lines of label and value that describe the row's product, apart by "\r\n".
+    virtual String GetProductInfo(Integer RecordIndex);
+    // The row's symbol, empty outside the list.
+    virtual String GetSymbol(Integer RecordIndex);
+    // Hands the price or quantity of a cell to order entry.
+    virtual void CopyPrice(Integer RecordIndex, Integer Attribute);
+    // Moves a row within the list and signals; subscriptions stay with their symbols.
+    virtual void MoveRecord(Integer FromRecordIndex, Integer ToRecordIndex);
+    // How the last price moved at the row's latest update; False before its second one.
+    virtual Boolean GetLastPriceMoveTick(Integer RecordIndex, TPriceChangeState& UpDownTick);
+
+    // Not virtual
+
+    // Value of a custom column: Double or whole 0 where its resource has a numeric type, text
+    // otherwise.
+    Variant GetFieldValue(TCustomSubItem* Item, Integer Attribute);
+    // The field against the previous close; False when the item lacks either.
+    Boolean GetPriceChangeState(Integer RecordIndex, Integer Attribute,
+                                TPriceChangeState& PriceState);
+    // The field against what this operation saw at its previous call for the same symbol and
+    // attribute, so that a change shows once; False when the item lacks the field.
+    Boolean GetPriceMoveTickChangeState(Integer RecordIndex, Integer Attribute,
+                                        TPriceChangeState& PriceState);
+
+protected:
+    TDictionary<String, TCustomMarketData*> FDataDictionary; // the records stay the adapter's
+    TList<String> FDataList;                                 // the rows: symbols in display order
+    TDictionary<String, TCustomSubItem*> FSubscribedDataList;
+    String FExchange;
+    Integer FCategoryID = 0;
+    Boolean FIsFavoriteExchange = false;
+    std::unique_ptr<TCustomClientOrder> FMyOrder; // nil while there is no order service
+    String FAccount;
+    Boolean FShowPosition = false;
+    Boolean FMonitoringPosition = false;
+    TDictionary<String, Double> FLastPriceList;
+    TDictionary<String, TPriceChangeState> FLastMoveTick;
+    TDictionary<String, TCustomSubItem*> FSubscribedSpanDataList;
+    TDictionary<String, Double> FSpanList;
+    Boolean FAddOrderConfirmation = false;
+    TDictionary<String, TDictionary<Integer, Double>> FRefreshPriceList;
+    Boolean FIsBatchMode = true;
+    Integer FBondStyle = 0;
+    String FCustomColumnTagID; // table of custom columns; a descendant sets it
+
+private:
+    Boolean HasCategory() const { return FCategoryID >= 0; }
+    void InitExchange(StringView exchange);
+    void ReleaseSubscribedData();
+    void ReleaseSubscribedSpanData();
+    void RequestSpreadTable(const TCustomSubItem& item);
+    void TrackLastPrice(const TCustomSubItem& item);
+    void UpdateMonitoringPosition() { FMonitoringPosition = FShowPosition && !FAccount.empty(); }
+
+    // Recipes of the columns.
+    Variant PositionSize(StringView symbol, Double side) const;
+    String PositionText(Integer RecordIndex, Integer Attribute, StringView symbol);
+    String RequiredMarginText(StringView symbol);
+    Double RequiredMargin(StringView symbol);
+    String StrikePriceText(StringView symbol) const;
+    String CustomColumnType(Integer attribute) const;
+    String CustomColumnText(Integer RecordIndex, Integer Attribute, StringView symbol);
+    String PriceText(StringView symbol, Integer attribute) const;
+    String VolumeText(StringView symbol, Integer attribute) const;
+    String ChangeText(StringView symbol) const;
+    String ChangePercentText(StringView symbol) const;
+
+    String FSpreadCode; // reused from update to update
+};
+
+} // namespace quorin
