@@ -6,7 +6,9 @@ TcxCustomDataSource::~TcxCustomDataSource() {
     if (FProvider != nullptr) FProvider->DataController().SetCustomDataSource(nullptr);
 }
 
-Variant TcxCustomDataSource::GetValue(TcxDataRecordHandle, TcxDataItemHandle) { return Variant(); }
+Variant TcxCustomDataSource::GetValue(TcxDataRecordHandle, TcxDataItemHandle) {
+    return Variant();
+}
 
 void TcxCustomDataSource::SetValue(TcxDataRecordHandle, TcxDataItemHandle, const Variant&) {}
 

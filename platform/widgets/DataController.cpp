@@ -70,6 +70,8 @@ Variant TcxCustomDataController::Value(TcxDataRecordHandle record, Integer item)
     return FSource->GetValue(record, FSource->GetItemHandle(item));
 }
 
-bool TcxCustomDataController::TakeRepaint() { return std::exchange(FNeedsRepaint, false); }
+bool TcxCustomDataController::TakeRepaint() {
+    return std::exchange(FNeedsRepaint, false);
+}
 
 } // namespace quorin

@@ -19,7 +19,9 @@ TcxGridColumn* TcxGridTableView::GetColumn(Integer index) const {
     return static_cast<TcxGridColumn*>(FColumns.Get(index)); // AddColumn makes no others
 }
 
-Integer TcxGridTableView::RowCount() { return FController.RecordCount(); }
+Integer TcxGridTableView::RowCount() {
+    return FController.RecordCount();
+}
 
 Integer TcxGridTableView::RecordIndex(Integer row) {
     return row >= 0 && row < RowCount() ? row : NoRow;
@@ -49,7 +51,9 @@ String TcxGridTableView::CellText(Integer row, TcxCustomGridTableItem& column) {
     return text;
 }
 
-Integer TcxGridTableView::LastTopRow() { return std::max<Integer>(RowCount() - FCapacity, 0); }
+Integer TcxGridTableView::LastTopRow() {
+    return std::max<Integer>(RowCount() - FCapacity, 0);
+}
 
 Integer TcxGridTableView::TopRow() {
     FTopRow = std::min(FTopRow, LastTopRow());

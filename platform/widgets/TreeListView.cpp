@@ -49,7 +49,9 @@ void TcxVirtualTreeList::EnsureRows() {
         if (FShape == TcxTreeShape::FlatList) {
             GatherFlatList(walk);
         } else {
-            GatherChildren(walk, CustomDataSource()->GetRootRecordHandle(), NoRow, 0);
+            TPlaces places;
+            const TcxDataRecordHandle root = CustomDataSource()->GetRootRecordHandle();
+            GatherChildren(walk, places, root, NoRow, 0);
         }
     }
 
@@ -76,7 +78,7 @@ void TcxVirtualTreeList::EnsureRows() {
 
 void TcxVirtualTreeList::GatherFlatList(TWalk& walk) {
     TcxTreeListCustomDataSource& source = *CustomDataSource();
-    TDictionary<Pointer, Integer> places;
+    TPlaces places;
     const Integer count = FController.RecordCount();
     for (Integer index = 0; index < count; ++index) {
         const TcxDataRecordHandle node = source.GetRecordHandle(index);
@@ -89,17 +91,17 @@ void TcxVirtualTreeList::GatherFlatList(TWalk& walk) {
     }
 }
 
-void TcxVirtualTreeList::GatherChildren(TWalk& walk, TcxDataRecordHandle node, Integer parent,
-                                        Integer depth) {
+void TcxVirtualTreeList::GatherChildren(TWalk& walk, TPlaces& places, TcxDataRecordHandle node,
+                                        Integer parent, Integer depth) {
     TcxTreeListCustomDataSource& source = *CustomDataSource();
     if (depth >= MaxDepth) return;
     const Integer count = source.GetChildCount(node);
     for (Integer index = 0; index < count; ++index) {
         const TcxDataRecordHandle child = source.GetChildRecordHandle(node, index);
-        if (child == nullptr) continue;
         const Integer place = walk.Count();
+        if (child == nullptr || !places.Add(child, place)) continue;
         walk.Add(TNode{child, parent});
-        GatherChildren(walk, child, place, depth + 1);
+        GatherChildren(walk, places, child, place, depth + 1);
     }
 }
 

@@ -34,8 +34,9 @@ using TcxGetTreeTextEvent = TEvent<void(TcxDataRecordHandle, TcxTreeListColumn&,
 
 // A tree list without pixels: columns, the rows of expanded nodes in view order, a focused row. A
 // change drops all node handles at once; the next look walks the tree again. Which nodes are open
-// and which has the focus is remembered by address, for comparing only. Nil nodes are not shown,
-// nor are levels below MaxDepth. Not supported: editing, sorting.
+// and which has the focus is remembered by address, for comparing only. Nil nodes are not shown, a
+// node that comes twice is shown once, and levels from MaxDepth on are left out. Not supported:
+// editing, sorting.
 class TcxVirtualTreeList : public TComponent {
     QUORIN_CLASS(TcxVirtualTreeList, TComponent)
 
@@ -86,11 +87,13 @@ private:
         Integer NextSibling = NoRow;
     };
     using TWalk = TList<TNode>;
+    using TPlaces = TDictionary<Pointer, Integer>; // where in the walk a node stands
 
     void ForgetRows(TObject*);
     void EnsureRows();
     void GatherFlatList(TWalk& walk);
-    void GatherChildren(TWalk& walk, TcxDataRecordHandle node, Integer parent, Integer depth);
+    void GatherChildren(TWalk& walk, TPlaces& places, TcxDataRecordHandle node, Integer parent,
+                        Integer depth);
     void ShowFrom(const TWalk& walk, Integer first, Integer depth);
     bool IsExpanded(TcxDataRecordHandle node) const {
         return FToggled.ContainsKey(node) != FStartsExpanded;

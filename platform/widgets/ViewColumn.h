@@ -57,9 +57,7 @@ public:
 
     Integer Count() const { return FOrder.Count(); }
     // Nil outside.
-    TcxViewColumn* Get(Integer index) const {
-        return FOrder.Has(index) ? FOrder[index] : nullptr;
-    }
+    TcxViewColumn* Get(Integer index) const { return FOrder.Has(index) ? FOrder[index] : nullptr; }
 
 private:
     friend class TcxViewColumn;

@@ -1,24 +1,10 @@
 #include "platform/widgets/CustomDataSource.h"
 #include "platform/widgets/GridTableView.h"
+#include "tests/support/AllocationCount.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
-#include <new>
-
-namespace {
-std::size_t Allocations = 0;
-}
-
-void* operator new(std::size_t size) {
-    ++Allocations;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) throw std::bad_alloc();
-    return memory;
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace quorin {
 namespace {
@@ -219,9 +205,9 @@ TEST_F(TGridViewTest, NumberOfACellAllocatesNothing) {
     View->SetCustomDataSource(&Source);
     TcxGridColumn& column = View->AddColumn(5);
     View->RowCount();
-    const std::size_t before = Allocations;
+    const std::size_t before = AllocationCount();
     const Variant value = View->Value(1, column);
-    EXPECT_EQ(Allocations, before);
+    EXPECT_EQ(AllocationCount(), before);
     EXPECT_EQ(value, Variant(1005.0));
 }
 

@@ -49,7 +49,7 @@ private:
 
 struct TTreeListTest : testing::TestWithParam<TcxTreeShape> {
     TTreeListTest() {
-        const auto link = [this](TNode& child, TNode& parent) {
+        const auto link = [](TNode& child, TNode& parent) {
             child.Parent = &parent;
             parent.Children.push_back(&child);
         };
@@ -126,11 +126,10 @@ TEST_P(TTreeListTest, TagOfAnyKindReachesTheSource) {
 }
 
 TEST_P(TTreeListTest, EndlessTreeIsCutOff) {
-    A1.Children.push_back(&A); // its own ancestor
+    A1.Children = {&A, &A}; // its own ancestor
     A.Parent = &A1;
     View->SetStartsExpanded(true);
-    EXPECT_LE(View->RowCount(), 6 * TcxVirtualTreeList::MaxDepth);
-    EXPECT_GE(View->RowCount(), 1);
+    EXPECT_EQ(Rows(), GetParam() == TcxTreeShape::Children ? "-a .a1 .a2 -b .b1" : "-b .b1");
 }
 
 TEST_P(TTreeListTest, SourceThatDiesLeavesNoRows) {
@@ -155,8 +154,8 @@ TEST_P(TTreeListTest, ChangeFetchesNothingUntilSomebodyLooks) {
 
 INSTANTIATE_TEST_SUITE_P(Shapes, TTreeListTest,
                          testing::Values(TcxTreeShape::FlatList, TcxTreeShape::Children),
-                         [](const auto& info) {
-                             return info.param == TcxTreeShape::FlatList ? "FlatList" : "Children";
+                         [](const auto& shape) {
+                             return shape.param == TcxTreeShape::FlatList ? "FlatList" : "Children";
                          });
 
 } // namespace

@@ -1,0 +1,29 @@
+#include "tests/support/AllocationCount.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+std::size_t Allocations = 0;
+}
+
+void* operator new(std::size_t size) {
+    ++Allocations;
+    void* memory = std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace quorin {
+
+std::size_t AllocationCount() {
+    return Allocations;
+}
+
+} // namespace quorin
