@@ -21,7 +21,8 @@ public:
     Integer GetRecordCount() override { return static_cast<Integer>(List.size()); }
     TcxDataRecordHandle GetRecordHandle(Integer index) override {
         ++HandlesAsked;
-        return List[static_cast<std::size_t>(index)];
+        const auto place = static_cast<std::size_t>(index);
+        return place < List.size() ? List[place] : nullptr;
     }
     TcxDataRecordHandle GetRootRecordHandle() override { return &Root; }
     TcxDataRecordHandle GetParentRecordHandle(TcxDataRecordHandle node) override {
