@@ -113,11 +113,14 @@ void Variant::CopyFrom(const Variant& other) {
 void Variant::MoveOwned(Variant& other) noexcept {
     if (other.FKind == TKind::Text) {
         new (&FText) String(std::move(other.FText));
+        other.FText.~String();
     } else {
         new (&FArray) std::unique_ptr<TArray>(std::move(other.FArray));
+        other.FArray.~unique_ptr();
     }
     FKind = other.FKind;
-    other.Destroy();
+    other.FInt64 = 0;
+    other.FKind = TKind::Null;
 }
 
 } // namespace quorin
