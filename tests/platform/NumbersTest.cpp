@@ -240,6 +240,7 @@ TEST(NumbersTest, WritesByPattern) {
         {"needed behind optional", 1.5, u"0.#0", u"1.50"},
         {"no needed whole digit", 0.25, u"#.##", u".25"},
         {"whole digits to fill up", 7.0, u"0,000", u"0,007"},
+        {"comma behind the point", 1234.5, u"0.0,#", u"1234.5"},
         {"sum that is not round", 0.1 + 0.2, u"##0.####################", u"0.3"},
         {"infinity", -Infinity, u"0.00", u"-INF"},
         {"not a number", NotANumber, u"#,##0", u"NAN"},
