@@ -1,0 +1,157 @@
+#include "embedded/ConfigService.h"
+
+#include "embedded/DataError.h"
+#include "platform/rtl/Numbers.h"
+#include "platform/rtl/Text.h"
+#include "platform/rtl/Utf.h"
+
+#include <cstring>
+#include <fstream>
+#include <ini.h>
+#include <sstream>
+#include <string>
+#include <utility>
+
+namespace quorin {
+
+namespace {
+
+// The parser cuts a section's name off at this length without a word.
+constexpr std::size_t SectionNameRoom = 49;
+
+constexpr const char* LineTooLong = "the line is too long";
+constexpr const char* SectionNameTooLong = "the section name is too long";
+constexpr const char* NotUtf8 = "the line is not UTF-8";
+constexpr const char* OutsideSection = "a setting stands before the first section";
+constexpr const char* GivenTwice = "the setting is given twice";
+constexpr const char* NoSetting = "neither a [section] nor a key = value";
+
+std::string ReadWholeFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    if (file) content << file.rdbuf();
+    if (!file) throw EDataError(path, 0, "cannot be read");
+    return std::move(content).str();
+}
+
+} // namespace
+
+// Feeds the parser line by line and takes what it finds. Lines go in without the blanks before
+// them: to the parser an indented line continues the value above, and no setting needs that.
+class TSettingsReader {
+public:
+    explicit TSettingsReader(std::string content) : FContent(std::move(content)) {}
+
+    // Answers the number of the first line that cannot be read, 0 when all could.
+    int Read() {
+        const int unreadable = ini_parse_stream(&NextLine, this, &TakeSetting, this);
+        if (unreadable > 0 && (FBadLine == 0 || unreadable < FBadLine)) {
+            FBadLine = unreadable;
+            FReason = NoSetting;
+        }
+        return FBadLine;
+    }
+    const char* Reason() const { return FReason; }
+    TEmbeddedConfigManager::TSections TakeSections() { return std::move(FSections); }
+
+private:
+    static char* NextLine(char* buffer, int size, void* stream) {
+        auto& self = *static_cast<TSettingsReader*>(stream);
+        if (self.FPosition >= self.FContent.size()) return nullptr;
+        ++self.FLine;
+        std::string_view line = self.CutLine();
+        if (!IsValidUtf8(line)) self.Refuse(NotUtf8);
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+        if (line.size() + 1 >= static_cast<std::size_t>(size)) {
+            self.Refuse(LineTooLong);
+            line = {};
+        }
+        std::memcpy(buffer, line.data(), line.size());
+        buffer[line.size()] = '\0';
+        return buffer;
+    }
+    std::string_view CutLine() {
+        const std::size_t end = FContent.find('\n', FPosition);
+        const std::string_view line = std::string_view(FContent).substr(
+            FPosition, end == std::string::npos ? end : end - FPosition);
+        FPosition = end == std::string::npos ? FContent.size() : end + 1;
+        return line;
+    }
+
+    static int TakeSetting(void* user, const char* section, const char* key, const char* value) {
+        auto& self = *static_cast<TSettingsReader*>(user);
+        if (*section == '\0') self.Refuse(OutsideSection);
+        if (std::strlen(section) >= SectionNameRoom) self.Refuse(SectionNameTooLong);
+        auto& settings = self.FSections.Obtain(FromUtf8(section));
+        if (!settings.Add(FromUtf8(key), FromUtf8(value))) self.Refuse(GivenTwice);
+        return 1;
+    }
+    void Refuse(const char* reason) {
+        if (FBadLine != 0) return;
+        FBadLine = FLine;
+        FReason = reason;
+    }
+
+    const std::string FContent;
+    std::size_t FPosition = 0;
+    int FLine = 0;
+    int FBadLine = 0;
+    const char* FReason = "";
+    TEmbeddedConfigManager::TSections FSections;
+};
+
+void TEmbeddedConfigManager::Load(const std::filesystem::path& path) {
+    TSettingsReader reader(ReadWholeFile(path));
+    if (const int line = reader.Read(); line != 0) throw EDataError(path, line, reader.Reason());
+    FSections = reader.TakeSections();
+    FChanged = true;
+}
+
+void TEmbeddedConfigManager::Set(StringView section, StringView key, StringView value) {
+    const String* known = Find(section, key);
+    if (known != nullptr ? *known == value : value.empty()) return;
+    FSections.Obtain(section).AddOrSetValue(key, String(value));
+    FChanged = true;
+}
+
+void TEmbeddedConfigManager::SetCurrentSection(StringView section) {
+    if (FCurrentSection == section) return;
+    FCurrentSection = section;
+    FChanged = true;
+}
+
+void TEmbeddedConfigManager::Commit() {
+    if (!std::exchange(FChanged, false)) return;
+    FCallbacks.Deliver(Pointer(), Pointer());
+}
+
+void TEmbeddedConfigManager::RegisterConfigCallback(const TDataCallbackEvent& Callback,
+                                                    TObject* Owner) {
+    FCallbacks.Add(Owner, Callback);
+}
+
+void TEmbeddedConfigManager::RemoveConfigCallback(TObject* Owner) { FCallbacks.Remove(Owner); }
+
+String TEmbeddedConfigManager::ReadString(StringView Section, StringView Key) const {
+    const String* value = Find(Section, Key);
+    return value != nullptr ? *value : String();
+}
+
+Integer TEmbeddedConfigManager::ReadInteger(StringView Section, StringView Key) const {
+    const String* value = Find(Section, Key);
+    return value != nullptr ? ToIntegerOr(*value, 0) : 0;
+}
+
+Boolean TEmbeddedConfigManager::ReadBool(StringView Section, StringView Key) const {
+    const String* value = Find(Section, Key);
+    if (value == nullptr || value->empty()) return false;
+    const Char first = UpperCase(value->front());
+    return first == u'Y' || first == u'T' || ToIntegerOr(*value, 0) != 0;
+}
+
+const String* TEmbeddedConfigManager::Find(StringView section, StringView key) const {
+    const TSection* settings = FSections.Find(section);
+    return settings != nullptr ? settings->Find(key) : nullptr;
+}
+
+} // namespace quorin

@@ -1,0 +1,59 @@
+#include "embedded/PriceDecimals.h"
+
+#include "platform/rtl/Numbers.h"
+#include "viewdata/services/FieldNumbers.h"
+#include "viewdata/services/MarketAdapter.h"
+#include "viewdata/services/SubscribeAdapter.h"
+
+#include <cmath>
+
+namespace quorin {
+
+namespace {
+
+constexpr Integer MostStepDecimals = 8;
+constexpr StringView GeneralPricePattern = u"0.00######";
+constexpr Double StepTolerance = 1e-6; // of the last decimal
+
+Integer DecimalsOfStep(Double step) {
+    if (!(step > 0.0)) return UnknownDecimals;
+    for (Integer decimals = 0; decimals < MostStepDecimals; ++decimals) {
+        const Double units = std::nearbyint(step);
+        if (units >= 1.0 && std::fabs(step - units) <= StepTolerance) return decimals;
+        step *= 10.0;
+    }
+    return MostStepDecimals;
+}
+
+Double StepOfTable(StringView spreadCode, Double price) {
+    TCustomMarketAdapter* market = TCustomMarketAdapter::GetInstance();
+    if (market == nullptr || spreadCode.empty()) return 0.0;
+    const TCustomSpreadTable* table = market->FindSpreadTable(spreadCode);
+    if (table == nullptr || table->GetStatus() != SpreadTableLoaded) return 0.0;
+    Double upper = 0.0;
+    Double lower = 0.0;
+    return table->GetSpreadUp(price, upper, lower);
+}
+
+} // namespace
+
+void AppendPrice(String& target, Double price, Integer decimals) {
+    if (decimals == UnknownDecimals) {
+        AppendPattern(target, price, GeneralPricePattern);
+    } else {
+        AppendDecimals(target, price, decimals, /*grouping=*/false);
+    }
+}
+
+Integer TPriceDecimals::Find(StringView symbol, Double price) const {
+    TCustomSubscribeAdapter* items = TCustomSubscribeAdapter::GetInstance();
+    if (items == nullptr || symbol.empty()) return UnknownDecimals;
+    const TCustomSubItem* item = items->GetSubItem(symbol, LiveDataType, /*Flag=*/false);
+    item->GetFieldString(Field::SpreadCode, FText);
+    const Integer decimals = DecimalsOfStep(StepOfTable(FText, price));
+    if (decimals != UnknownDecimals) return decimals;
+    item->GetFieldString(Field::TickSize, FText);
+    return DecimalsOfStep(ToDoubleOr(FText, 0.0));
+}
+
+} // namespace quorin
