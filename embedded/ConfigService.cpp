@@ -1,14 +1,14 @@
 #include "embedded/ConfigService.h"
 
-#include "embedded/DataError.h"
+#include "embedded/DataFile.h"
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
 
+#include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <ini.h>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -27,11 +27,8 @@ constexpr const char* GivenTwice = "the setting is given twice";
 constexpr const char* NoSetting = "neither a [section] nor a key = value";
 
 std::string ReadWholeFile(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    if (file) content << file.rdbuf();
-    if (!file) throw EDataError(path, 0, "cannot be read");
-    return std::move(content).str();
+    std::ifstream file = OpenDataFile(path);
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 } // namespace
@@ -102,7 +99,7 @@ private:
 
 void TEmbeddedConfigManager::Load(const std::filesystem::path& path) {
     TSettingsReader reader(ReadWholeFile(path));
-    if (const int line = reader.Read(); line != 0) throw EDataError(path, line, reader.Reason());
+    if (const int line = reader.Read(); line != 0) throw EDataError(path.string(), line, reader.Reason());
     FSections = reader.TakeSections();
     FChanged = true;
 }

@@ -23,7 +23,7 @@ public:
     // An empty value takes the setting away.
     void Set(StringView section, StringView key, StringView value);
     void SetCurrentSection(StringView section);
-    // One callback to everybody if anything reads differently since the last one.
+    // One callback to everybody if anything was loaded or reads differently since the last one.
     void Commit();
 
     // Operations of the contract

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "embedded/KeyedRegistrations.h"
+#include "embedded/PositionRecord.h"
+#include "viewdata/services/PositionAdapter.h"
+
+namespace quorin {
+
+// The positions that the host names, none to begin with. What is fed counts at once; Deliver tells
+// of it. A closed position is listed no more, but its record stays and serves again when the
+// position is opened anew.
+class TEmbeddedPositionAdapter : public TCustomPositionAdapter {
+public:
+    // Operations of the contract
+    void ChangePositionAccount(StringView Account, const TDataCallbackEvent& Callback,
+                               TObject* Owner, StringView PreviousAccount) override;
+    void RemovePositionCallback(StringView Account, TObject* Owner) override;
+    void AddPositionMarketDataCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
+    void RemovePositionMarketDataCallback(TObject* Owner) override;
+    void AddAggregatePositionCallback(StringView Account, const TDataCallbackEvent& Callback,
+                                      TObject* Owner, Pointer Reserved) override;
+    void RemoveAggregatePositionCallback(StringView Account, TObject* Owner) override;
+    void GetPositionList(StringView Account, TPositionDictionary& List) const override;
+    TCustomPositionData* GetPosition(StringView Account, StringView Symbol) const override;
+    // At the last price, before the first one of the day at the previous close, times the contract
+    // size where the product has one. False while no price is there.
+    Boolean GetMarketValue(StringView Symbol, Double NetQuantity, Double& Value) const override;
+
+    // Opens, changes or closes a position. Its record stays the service's.
+    TEmbeddedPositionData& FeedPosition(StringView account, StringView symbol,
+                                        const TPositionFigures& figures);
+    // A price moved that values the open positions in this product.
+    void FeedPriceMove(StringView symbol);
+    // Every callback gets the accounts that concern it: its own, the master's sub-accounts, or all
+    // that hold a product whose price moved.
+    void Deliver();
+    Integer RegistrationCount() const;
+
+private:
+    using TRecords = TDictionary<String, std::unique_ptr<TEmbeddedPositionData>>;
+    using TChanges = TDictionary<String, TPositionDictionary>; // by account
+
+    void DeliverChanges(TChanges& changes);
+    void DeliverToMasters(TChanges& changes);
+
+    TDictionary<String, TRecords> FAccounts;
+    TChanges FChanges;
+    TChanges FMoved;
+    TKeyedRegistrations<String, TDataCallbackEvent> FPositionCallbacks;
+    TKeyedRegistrations<String, TDataCallbackEvent> FAggregateCallbacks; // by master
+    TRegistrations<TDataCallbackEvent> FMarketDataCallbacks;
+};
+
+} // namespace quorin
