@@ -2,7 +2,7 @@
 
 namespace quorin {
 
-void TEmbeddedSeriesComparer::SortSeries(StringView, TList<String>& List) {
+void TEmbeddedSeriesComparer::SortSeries(StringView, TList<String>& List) const {
     List.Sort([this](const String& left, const String& right) { return Compare(left, right) < 0; });
 }
 
