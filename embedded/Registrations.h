@@ -15,7 +15,7 @@ class TRegistrations {
 public:
     // The same owner again replaces its callback and keeps its place.
     void Add(TObject* owner, const Event& event) {
-        if (TEntry* known = Find(owner)) {
+        if (TEntry* known = FindEntry(owner)) {
             known->Callback = event;
         } else {
             FEntries.Add(TEntry{owner, event});
@@ -24,7 +24,7 @@ public:
     }
     // Answers false when the owner has no registration here.
     bool Remove(TObject* owner) {
-        TEntry* known = Find(owner);
+        TEntry* known = FindEntry(owner);
         if (known == nullptr) return false;
         known->Owner = nullptr;
         --FCount;
@@ -34,7 +34,12 @@ public:
 
     Integer Count() const { return FCount; }
     bool IsEmpty() const { return FCount == 0; }
-    bool Has(TObject* owner) const { return const_cast<TRegistrations*>(this)->Find(owner); }
+    // The owner's callback, good until the list changes; nil when it has no registration here.
+    const Event* Find(TObject* owner) const {
+        const TEntry* known = const_cast<TRegistrations*>(this)->FindEntry(owner);
+        return known != nullptr ? &known->Callback : nullptr;
+    }
+    bool Has(TObject* owner) const { return Find(owner) != nullptr; }
 
     // Calls `call(owner, event)` for each registration that existed when the delivery began.
     template <class Call>
@@ -68,7 +73,7 @@ private:
         TRegistrations& Registrations;
     };
 
-    TEntry* Find(TObject* owner) {
+    TEntry* FindEntry(TObject* owner) {
         for (TEntry& entry : FEntries) {
             if (entry.Owner == owner) return &entry;
         }

@@ -131,6 +131,20 @@ public:
             dying.swap(FEntries);
         }
     }
+    // Clears and keeps the memory, also that of the keys, for the next entries: a dictionary that
+    // is filled again and again allocates nothing once it has met its sizes. Costs what it held,
+    // not what it once held.
+    void Recycle() {
+        for (std::size_t entry = FEntries.size(); entry-- > 0;) {
+            if (FEntries[entry].Hash == Dead) continue;
+            std::size_t cell = FEntries[entry].Hash & (FCells.size() - 1);
+            while (FCells[cell].Entry != entry) cell = Next(cell);
+            FCells[cell] = TCell{};
+            FSpareKeys.push_back(std::move(FEntries[entry].Key));
+        }
+        FCount = 0;
+        FEntries.clear();
+    }
     void Reserve(Integer count) {
         FEntries.reserve(static_cast<std::size_t>(count));
         std::size_t cells = FirstCells;
@@ -176,7 +190,7 @@ private:
     }
 
     V& Append(View key, V&& value, std::uint32_t hash) {
-        K stored(key); // the view may lie inside an entry that moves below
+        K stored = NewKey(key); // the view may lie inside an entry that moves below
         if (FEntries.size() > FirstCells && FEntries.size() > 2 * FCount) Compact();
         if (FCells.empty() || IsCrowded(FCount + 1, FCells.size())) {
             RebuildCells(FCells.empty() ? FirstCells : FCells.size() * 2);
@@ -185,6 +199,13 @@ private:
         Place(hash, static_cast<std::uint32_t>(FEntries.size() - 1));
         ++FCount;
         return FEntries.back().Value;
+    }
+    K NewKey(View key) {
+        if (FSpareKeys.empty()) return K(key);
+        K stored = std::move(FSpareKeys.back());
+        FSpareKeys.pop_back();
+        stored = key;
+        return stored;
     }
     void Place(std::uint32_t hash, std::uint32_t entry) {
         std::size_t cell = hash & (FCells.size() - 1);
@@ -227,6 +248,7 @@ private:
 
     std::vector<TEntry> FEntries;
     std::vector<TCell> FCells; // a power of two of them
+    std::vector<K> FSpareKeys; // what Recycle kept
     std::size_t FCount = 0;
 };
 

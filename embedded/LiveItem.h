@@ -1,0 +1,128 @@
+#pragma once
+
+#include "embedded/Registrations.h"
+#include "platform/rtl/TEvent.h"
+#include "viewdata/services/FieldNumbers.h"
+#include "viewdata/services/SubscribeAdapter.h"
+
+#include <array>
+#include <vector>
+
+namespace quorin {
+
+class TEmbeddedSubscribeAdapter;
+struct TBatchReceiver;
+
+// The fields of one item. A field is a Double or a text; each reads as the other. Only fields that
+// were set once take memory. Reading a number costs a few loads and never allocates; a number has
+// no text until somebody reads it, a text is read as a number when it is set.
+class TFieldStore {
+public:
+    Double Number(Integer fieldNo) const {
+        const TCell* cell = Find(fieldNo);
+        return cell != nullptr ? cell->Number : 0.0;
+    }
+    bool Has(Integer fieldNo) const {
+        const TCell* cell = Find(fieldNo);
+        return cell != nullptr && cell->Kind != TKind::Absent;
+    }
+    // Replaces what `text` holds.
+    void Read(Integer fieldNo, String& text) const;
+
+    void Set(Integer fieldNo, Double value);
+    void Set(Integer fieldNo, StringView value);
+    void Clear(Integer fieldNo);
+
+    // How many fields have a fixed slot; see the list in the source.
+    static constexpr std::size_t SlotCount = 85;
+    using TSlotTable = std::array<Byte, 4096>; // from field number to slot, which count from 1
+
+private:
+    enum class TKind : Byte { Absent, Number, Text };
+    struct TCell {
+        Double Number = 0.0;
+        std::uint16_t Text = NoText; // place in FTexts, kept for the next text of the field
+        TKind Kind = TKind::Absent;
+    };
+    struct TFurtherCell {
+        Integer FieldNo;
+        TCell Cell;
+    };
+    static constexpr std::uint16_t NoText = 0xFFFF;
+    static constexpr Byte NoCell = 0xFF;
+
+    static const TSlotTable Slots;
+
+    const TCell* Find(Integer fieldNo) const {
+        const auto index = static_cast<std::uint32_t>(fieldNo);
+        if (index >= Slots.size() || Slots[index] == 0) return FindFurther(fieldNo);
+        const Byte place = FPlaces[Slots[index] - 1u];
+        return place == NoCell ? nullptr : &FCells[place];
+    }
+    const TCell* FindFurther(Integer fieldNo) const;
+    TCell& Obtain(Integer fieldNo);
+
+    std::array<Byte, SlotCount> FPlaces = NoPlaces(); // from slot to FCells
+    std::vector<TCell> FCells;
+    std::vector<TFurtherCell> FFurther; // fields without a slot, by number
+    std::vector<String> FTexts;
+
+    static constexpr std::array<Byte, SlotCount> NoPlaces() {
+        std::array<Byte, SlotCount> places{};
+        for (Byte& place : places) place = NoCell;
+        return places;
+    }
+};
+
+// The live data of one key in memory. A feed writes fields and marks the item as changed with
+// TEmbeddedSubscribeAdapter::Touch; readers see a written field at once and hear of it with the
+// next delivery. Made by the adapter only, which also owns it.
+class TEmbeddedSubItem final : public TCustomSubItem {
+    QUORIN_CLASS(TEmbeddedSubItem, TCustomSubItem)
+public:
+    TEmbeddedSubItem(TEmbeddedSubscribeAdapter& adapter, StringView key);
+
+    const String& GetKey() const override { return FKey; }
+    Double GetFieldDouble(Integer FieldNo) const override { return FFields.Number(FieldNo); }
+    void GetFieldString(Integer FieldNo, String& Text) const override {
+        FFields.Read(FieldNo, Text);
+    }
+    Boolean HasField(Integer FieldNo) const override { return FFields.Has(FieldNo); }
+    Integer GetStatus() const override { return FStatus; }
+    Integer GetItemIndex() const override { return FItemIndex; }
+    void AddRealtimeListener(const TNotifyEvent& Event, TObject* Owner) override;
+    void RemoveRealtimeListener(TObject* Owner) override;
+
+    // Feeding. A text that is no number reads as 0.0.
+    void SetField(Integer fieldNo, Double value) { FFields.Set(fieldNo, value); }
+    void SetField(Integer fieldNo, StringView value) { FFields.Set(fieldNo, value); }
+    void ClearField(Integer fieldNo) { FFields.Clear(fieldNo); }
+    // One of ItemStatus. Not needed for data that arrives: the first delivery of a waiting item
+    // makes it ready.
+    void SetStatus(Integer status) { FStatus = status; }
+
+private:
+    friend class TEmbeddedSubscribeAdapter;
+
+    using TSerial = std::uint64_t; // of a delivery
+    struct TListener {
+        TNotifyEvent Event;
+        TSerial Since; // the last delivery that had begun before the listener came
+    };
+    struct TFollower {
+        TBatchReceiver* Receiver;
+        TSerial Since;
+    };
+
+    TEmbeddedSubscribeAdapter& FAdapter;
+    String FKey;
+    TFieldStore FFields;
+    TRegistrations<TListener> FListeners;
+    std::vector<TFollower> FFollowers; // one per owner
+    Integer FStatus = ItemStatus::Waiting;
+    Integer FItemIndex = NoItemIndex;
+    bool FTouched = false;
+    bool FDelivered = false;
+};
+
+} // namespace quorin

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "embedded/MarketUniverse.h"
+#include "embedded/Registrations.h"
+#include "embedded/SpreadTable.h"
+#include "embedded/SubscribeService.h"
+#include "viewdata/services/MarketAdapter.h"
+
+#include <deque>
+#include <vector>
+
+namespace quorin {
+
+// The static universe in memory, with favourites and tick tables. Listeners hear of changes when
+// the host calls Deliver. While it lives it fills the new live items of known symbols with what the
+// records say.
+class TEmbeddedMarketAdapter final : public TCustomMarketAdapter, private TItemFiller {
+public:
+    // `items` must live longer.
+    explicit TEmbeddedMarketAdapter(TEmbeddedSubscribeAdapter& items);
+    ~TEmbeddedMarketAdapter() override;
+
+    void AddExchangeListener(const TDataCallbackEvent& Event, TObject* Owner) override;
+    void RemoveExchangeListener(TObject* Owner) override;
+    void AddFavoriteListener(const TDataCallbackEvent& Event, TObject* Owner) override;
+    void RemoveFavoriteListener(TObject* Owner) override;
+    void AddSpreadListener(const TDataCallbackEvent& Event, TObject* Owner) override;
+    void RemoveSpreadListener(TObject* Owner) override;
+    Integer GetMarketStatus(StringView Exchange) const override;
+    Integer GetExchangeCount() const override;
+    const String& GetExchangeCode(Integer Index) const override;
+    Integer GetSeriesCount(StringView Exchange) const override;
+    const String& GetSeriesCode(StringView Exchange, Integer Index) const override;
+    Integer GetFavoriteCount() const override { return FFavorites.Count(); }
+    const String& GetFavoriteSymbol(Integer Index) const override;
+    Boolean AddFavorite(StringView Symbol) override;
+    Boolean RemoveFavorite(StringView Symbol) override;
+    void RemoveFavorites(std::span<const String> Symbols, Integer High) override;
+    String GetSymbolName(StringView Symbol, TAppLanguage Language) const override;
+    Boolean IsMarketDataReady() const override { return FIsReady; }
+    Integer GetMarketDataCount(StringView Exchange, StringView Series) const override;
+    TCustomMarketData* GetMarketDataAt(StringView Exchange, StringView Series,
+                                       Integer Index) const override;
+    TCustomSeriesData* FindSeries(StringView Code) const override;
+    TCustomCategoryData* FindCategory(Integer CategoryID) const override;
+    TCustomMarketData* FindMarketData(StringView Symbol) const override;
+    TCustomSpreadTable* FindSpreadTable(StringView SpreadCode) override;
+    TCustomMarketData* GetFavoriteMarketData(Integer Index) const override;
+    Boolean IsFavorite(StringView Symbol) const override;
+
+    // Feeding: as in TMarketUniverse, with the next delivery to the exchange listeners. An item
+    // that exists already gets the fields of its new record and, when it was delivered before, a
+    // touch.
+    bool AddExchange(const TExchangeRecord& record);
+    bool AddCategory(const TCategoryRecord& record);
+    bool AddSeries(const TSeriesRecord& record);
+    const TEmbeddedMarketData* AddSymbol(const TSymbolRecord& record);
+    void Reserve(Integer symbols) { FUniverse.Reserve(symbols); }
+    const TMarketUniverse& Universe() const { return FUniverse; }
+
+    // The switch that IsMarketDataReady answers with; on from the start.
+    void SetMarketDataReady(bool isReady);
+    // Also rewrites the market state of the exchange's live items. False for an unknown exchange.
+    bool SetMarketState(StringView exchange, StringView stateKey, Integer marketStatus);
+
+    // A table that can be fetched; see TEmbeddedSpreadTable::Load for what is refused.
+    bool AddSpreadTable(StringView code, std::span<const TSpreadBand> bands);
+    // On: a table is loaded inside the call that asks for it. Off, as from the start: it is handed
+    // out unloaded, and comes with the next delivery.
+    void SetSpreadTablesAtOnce(bool atOnce) { FSpreadTablesAtOnce = atOnce; }
+
+    // Tells the listeners of what changed since the last call: exchanges, favourites, tick tables.
+    void Deliver();
+    Integer RegistrationCount() const;
+
+private:
+    struct TSpreadEntry {
+        std::vector<TSpreadBand> Bands;
+        TEmbeddedSpreadTable Table;
+        const String* Code = nullptr;
+        bool IsAwaited = false;
+    };
+
+    void Made(TEmbeddedSubItem& item) override;
+    bool DropFavorite(StringView symbol);
+    void Fetch(TSpreadEntry& entry);
+    void DeliverSpreadTables();
+
+    TEmbeddedSubscribeAdapter& FItems;
+    TMarketUniverse FUniverse;
+    TList<String> FFavorites;
+    TDictionary<String, bool> FIsFavorite;
+    std::deque<TSpreadEntry> FSpreadStore;
+    std::deque<String> FSpreadCodes;
+    TDictionary<String, TSpreadEntry*> FSpreads; // nil: asked for and not there yet
+    TList<TSpreadEntry*> FArriving;
+    TRegistrations<TDataCallbackEvent> FExchangeListeners;
+    TRegistrations<TDataCallbackEvent> FFavoriteListeners;
+    TRegistrations<TDataCallbackEvent> FSpreadListeners;
+    bool FIsReady = true;
+    bool FSpreadTablesAtOnce = false;
+    bool FExchangesChanged = false;
+    bool FFavoritesChanged = false;
+};
+
+} // namespace quorin

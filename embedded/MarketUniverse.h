@@ -1,0 +1,204 @@
+#pragma once
+
+#include "platform/rtl/TDictionary.h"
+#include "platform/rtl/TList.h"
+#include "viewdata/services/MarketRecords.h"
+
+#include <deque>
+
+namespace quorin {
+
+// The product type of a share or fund; ProductType in MarketRecords.h has the others.
+inline constexpr Integer StockProductType = 1;
+
+// A name in up to three languages; an empty one falls back on the plain name.
+struct TNameTexts {
+    StringView Name = {};
+    StringView Language1 = {};
+    StringView Language2 = {};
+};
+
+struct TExchangeRecord {
+    StringView Code = {};
+    StringView Currency = {};    // of symbols that say nothing else
+    StringView MarketState = {}; // key into the table of market states
+    Integer MarketStatus = 0;    // MarketOpen, or anything else
+};
+
+struct TCategoryRecord {
+    Integer CategoryID = 0;
+    TNameTexts Names = {};
+};
+
+struct TSeriesRecord {
+    StringView Code = {}; // not used by any other exchange
+    StringView Exchange = {};
+    Integer CategoryID = 0;
+    TNameTexts Names = {};
+};
+
+// What is known of a symbol; an empty text and 0.0 stand for "not known".
+struct TSymbolRecord {
+    StringView Symbol = {};
+    StringView Exchange = {};
+    StringView Series = {};
+    TNameTexts Names = {};
+    Integer ProductType = StockProductType;
+    StringView Currency = {};
+    StringView SpreadCode = {};
+    StringView Underlyer = {};
+    StringView ExpiryMonth = {};
+    StringView StrikePrice = {};
+    StringView CallPut = {};
+    StringView LastTradingDay = {};
+    StringView SettlementDay = {};
+    StringView TickSize = {};
+    StringView DisplayRatio = {};
+    StringView FractionalQuantity = {};
+    Double LotSize = 0.0;
+    Double ContractSize = 0.0;
+    Double PreviousClose = 0.0;
+};
+
+class TEmbeddedMarketData;
+class TEmbeddedSubItem;
+struct TMarketExchange;
+
+class TEmbeddedCategoryData final : public TCustomCategoryData {
+    QUORIN_CLASS(TEmbeddedCategoryData, TCustomCategoryData)
+public:
+    explicit TEmbeddedCategoryData(const TCategoryRecord& record);
+    const String& GetName() const override { return FNames[0]; }
+    const String& GetNameLanguage1() const override { return FNames[1]; }
+    const String& GetNameLanguage2() const override { return FNames[2]; }
+
+private:
+    String FNames[3];
+};
+
+class TEmbeddedSeriesData final : public TCustomSeriesData {
+    QUORIN_CLASS(TEmbeddedSeriesData, TCustomSeriesData)
+public:
+    TEmbeddedSeriesData(const TSeriesRecord& record, const TMarketExchange& exchange);
+    Integer GetCategoryID() const override { return FCategoryID; }
+    const String& GetName() const override { return FNames[0]; }
+    const String& GetNameLanguage1() const override { return FNames[1]; }
+    const String& GetNameLanguage2() const override { return FNames[2]; }
+
+    const String& Code() const { return FCode; }
+    const TMarketExchange& Exchange() const { return FExchange; }
+    const TList<TEmbeddedMarketData*>& Records() const { return FRecords; }
+
+private:
+    friend class TMarketUniverse;
+    String FCode;
+    String FNames[3];
+    const TMarketExchange& FExchange;
+    Integer FCategoryID;
+    TList<TEmbeddedMarketData*> FRecords;
+};
+
+struct TMarketExchange {
+    String Code;
+    String Currency;
+    String MarketState;
+    Integer MarketStatus = 0;
+    TList<TEmbeddedSeriesData*> Series;
+    TList<TEmbeddedMarketData*> Records;
+};
+
+// One symbol. Texts that many symbols share are held once for all of them.
+class TEmbeddedMarketData final : public TCustomMarketData {
+    QUORIN_CLASS(TEmbeddedMarketData, TCustomMarketData)
+public:
+    const String& GetSymbol() const override { return FSymbol; }
+    const String& GetExchange() const override { return FExchange->Code; }
+    Integer GetProductType() const override { return FProductType; }
+    const String& GetSeries() const override { return FSeries->Code(); }
+    const String& GetExpiryMonth() const override { return *FExpiryMonth; }
+    const String& GetStrikePrice() const override { return *FStrikePrice; }
+    const String& GetCallPut() const override { return *FCallPut; }
+    const String& GetUnderlyer() const override { return *FUnderlyer; }
+    const String& GetCurrency() const override { return *FCurrency; }
+
+    // The name of that language, or the plain one where it is empty; see TAppLanguage.
+    const String& Name(Integer language) const;
+    const String& SpreadCode() const { return *FSpreadCode; }
+    Double LotSize() const { return FLotSize; }
+    Double ContractSize() const { return FContractSize; }
+    Double PreviousClose() const { return FPreviousClose; }
+    // Writes what is known into the fields of a live item.
+    void Fill(TEmbeddedSubItem& item) const;
+
+    explicit TEmbeddedMarketData(StringView symbol) : FSymbol(symbol) {}
+
+private:
+    friend class TMarketUniverse;
+    String FSymbol;
+    const TMarketExchange* FExchange = nullptr;
+    const TEmbeddedSeriesData* FSeries = nullptr;
+    const String* FNames[3] = {};
+    const String* FCurrency = nullptr;
+    const String* FSpreadCode = nullptr;
+    const String* FUnderlyer = nullptr;
+    const String* FExpiryMonth = nullptr;
+    const String* FStrikePrice = nullptr;
+    const String* FCallPut = nullptr;
+    const String* FLastTradingDay = nullptr;
+    const String* FSettlementDay = nullptr;
+    const String* FTickSize = nullptr;
+    const String* FDisplayRatio = nullptr;
+    const String* FFractionalQuantity = nullptr;
+    Double FLotSize = 0.0;
+    Double FContractSize = 0.0;
+    Double FPreviousClose = 0.0;
+    Integer FProductType = 0;
+};
+
+// Exchanges, categories, series and symbols, in the order in which they were added. Nothing is ever
+// taken out; records keep their addresses.
+class TMarketUniverse {
+public:
+    // Each answers False, or nil, and changes nothing for an empty or known key and for a record
+    // that names an exchange or series that is not there.
+    bool AddExchange(const TExchangeRecord& record);
+    bool AddCategory(const TCategoryRecord& record);
+    bool AddSeries(const TSeriesRecord& record);
+    const TEmbeddedMarketData* AddSymbol(const TSymbolRecord& record);
+    // Prepares for so many symbols in all.
+    void Reserve(Integer symbols) { FBySymbol.Reserve(symbols); }
+
+    // Nil for what is not there.
+    const TMarketExchange* FindExchange(StringView code) const;
+    TMarketExchange* FindExchange(StringView code);
+    TEmbeddedCategoryData* FindCategory(Integer categoryID) const;
+    TEmbeddedSeriesData* FindSeries(StringView code) const;
+    TEmbeddedMarketData* FindSymbol(StringView symbol) const;
+    // Records of a series, of the whole exchange with an empty series.
+    const TList<TEmbeddedMarketData*>* FindRecords(StringView exchange, StringView series) const;
+
+    const TList<TMarketExchange*>& Exchanges() const { return FExchanges; }
+    Integer SymbolCount() const { return FBySymbol.Count(); }
+
+private:
+    const String* Share(StringView text);
+    const String* KeepName(StringView name);
+
+    std::deque<TMarketExchange> FExchangeStore;
+    std::deque<TEmbeddedCategoryData> FCategoryStore;
+    std::deque<TEmbeddedSeriesData> FSeriesStore;
+    std::deque<TEmbeddedMarketData> FSymbolStore;
+    std::deque<String> FTexts;
+    TDictionary<String, const String*> FShared;
+    TDictionary<String, TMarketExchange*> FByExchange;
+    TDictionary<Integer, TEmbeddedCategoryData*> FByCategory;
+    TDictionary<String, TEmbeddedSeriesData*> FBySeries;
+    TDictionary<String, TEmbeddedMarketData*> FBySymbol;
+    TList<TMarketExchange*> FExchanges;
+    // Of the last look-ups: lists are read index by index.
+    mutable TMarketExchange* FLastExchange = nullptr;
+    mutable TEmbeddedSeriesData* FLastSeries = nullptr;
+    mutable TEmbeddedMarketData* FLastSymbol = nullptr;
+};
+
+} // namespace quorin

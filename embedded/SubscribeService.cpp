@@ -1,0 +1,204 @@
+#include "embedded/SubscribeService.h"
+
+#include "platform/rtl/ScopedValue.h"
+
+#include <algorithm>
+
+namespace quorin {
+
+// An owner with one event: what a delivery calls once, however many items it follows.
+struct TBatchReceiver {
+    TBatchReceiver(TObject* owner, const TDataCallbackEvent& event) : Owner(owner), Event(event) {}
+
+    TObject* Owner;
+    TDataCallbackEvent Event;
+    Integer ItemCount = 0;
+    Integer Losses = 0;       // items that it has left; tells a delivery to look again
+    std::uint64_t Called = 0; // the last delivery that has it among its calls
+};
+
+TEmbeddedSubscribeAdapter::TEmbeddedSubscribeAdapter() = default;
+TEmbeddedSubscribeAdapter::~TEmbeddedSubscribeAdapter() = default;
+
+TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
+    if (TEmbeddedSubItem* known = FindItem(key)) return *known;
+    TEmbeddedSubItem& item = FItems.emplace_back(*this, key);
+    FByKey.Add(item.FKey, &item);
+    FLastItem = &item;
+    if (FFiller != nullptr) FFiller->Made(item);
+    return item;
+}
+
+TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
+    if (FLastItem != nullptr && FLastItem->FKey == key) return FLastItem;
+    TEmbeddedSubItem* const* found = FByKey.Find(key);
+    if (found == nullptr) return nullptr;
+    FLastItem = *found;
+    return FLastItem;
+}
+
+TCustomSubItem* TEmbeddedSubscribeAdapter::GetSubItem(StringView Key, StringView, Boolean Flag) {
+    TEmbeddedSubItem& item = Item(Key);
+    if (Flag) Request(item);
+    return &item;
+}
+
+void TEmbeddedSubscribeAdapter::Subscribe(TCustomSubItem* Item, const TDataCallbackEvent& Event,
+                                          TObject* Owner) {
+    auto* item = ObjectAs<TEmbeddedSubItem>(Item);
+    if (item == nullptr) return;
+    Request(*item);
+    TBatchReceiver& receiver = Receiver(Owner, Event);
+    for (TEmbeddedSubItem::TFollower& follower : item->FFollowers) {
+        if (follower.Receiver == &receiver) return;
+        if (follower.Receiver->Owner == Owner) {
+            ++receiver.ItemCount;
+            TBatchReceiver& previous = *follower.Receiver;
+            follower = {&receiver, FSerial};
+            Leave(previous);
+            return;
+        }
+    }
+    item->FFollowers.push_back({&receiver, FSerial});
+    ++receiver.ItemCount;
+    ++FFollowerCount;
+}
+
+void TEmbeddedSubscribeAdapter::Unsubscribe(TCustomSubItem* Item, TObject* Owner) {
+    auto* item = ObjectAs<TEmbeddedSubItem>(Item);
+    if (item == nullptr) return;
+    auto& followers = item->FFollowers;
+    const auto found =
+        std::find_if(followers.begin(), followers.end(),
+                     [&](const auto& follower) { return follower.Receiver->Owner == Owner; });
+    if (found == followers.end()) return;
+    TBatchReceiver& receiver = *found->Receiver;
+    followers.erase(found);
+    --FFollowerCount;
+    Leave(receiver);
+}
+
+TBatchReceiver& TEmbeddedSubscribeAdapter::Receiver(TObject* owner,
+                                                    const TDataCallbackEvent& event) {
+    auto& receivers = FReceivers.Obtain(owner);
+    for (const auto& receiver : receivers) {
+        if (receiver->Event == event) return *receiver;
+    }
+    return *receivers.emplace_back(std::make_unique<TBatchReceiver>(owner, event));
+}
+
+// A running delivery may still hold the receiver, so that it goes when the outermost one is over.
+void TEmbeddedSubscribeAdapter::Leave(TBatchReceiver& receiver) {
+    ++receiver.Losses;
+    if (--receiver.ItemCount > 0) return;
+    FIdleOwners.Add(receiver.Owner);
+    if (FDepth == 0) SweepReceivers();
+}
+
+void TEmbeddedSubscribeAdapter::SweepReceivers() {
+    for (TObject* owner : FIdleOwners) {
+        auto* receivers = FReceivers.Find(owner);
+        if (receivers == nullptr) continue;
+        std::erase_if(*receivers, [](const auto& receiver) { return receiver->ItemCount == 0; });
+        if (receivers->empty()) FReceivers.Remove(owner);
+    }
+    FIdleOwners.Clear();
+}
+
+void TEmbeddedSubscribeAdapter::AddListener(TEmbeddedSubItem& item, const TNotifyEvent& event,
+                                            TObject* owner) {
+    Request(item);
+    const TEmbeddedSubItem::TListener* known = item.FListeners.Find(owner);
+    const TSerial since = known != nullptr ? known->Since : FSerial;
+    if (known == nullptr) ++FListenerCount;
+    item.FListeners.Add(owner, {event, since});
+}
+
+void TEmbeddedSubscribeAdapter::RemoveListener(TEmbeddedSubItem& item, TObject* owner) {
+    if (item.FListeners.Remove(owner)) --FListenerCount;
+}
+
+void TEmbeddedSubscribeAdapter::Request(TEmbeddedSubItem& item) {
+    if (item.FItemIndex != NoItemIndex) return;
+    item.FItemIndex = FRequestCount++;
+    FRequests.Add(&item);
+}
+
+// What the feed asks for itself waits for the next delivery.
+void TEmbeddedSubscribeAdapter::ServeRequests() {
+    if (FFeed == nullptr || FRequests.IsEmpty()) return;
+    TBorrowed<TList<TEmbeddedSubItem*>> served(FServed);
+    std::swap(*served, FRequests);
+    for (TEmbeddedSubItem* item : *served) FFeed->Requested(*item);
+    (*served).Clear();
+}
+
+void TEmbeddedSubscribeAdapter::Touch(TEmbeddedSubItem& item) {
+    if (item.FTouched) return;
+    item.FTouched = true;
+    FTouched.Add(&item);
+}
+
+void TEmbeddedSubscribeAdapter::Deliver() {
+    ServeRequests();
+    if (FTouched.IsEmpty()) return;
+    const TSerial serial = ++FSerial;
+    {
+        TScopedValue depth(FDepth, FDepth + 1);
+        TBorrowed<TBatch> borrowed(FBatch);
+        TBatch& batch = *borrowed;
+        BeginBatch(batch, serial);
+        CallReceivers(batch, serial);
+        CallListeners(batch, serial);
+        batch.Items.Clear();
+        batch.Calls.Clear();
+        batch.Changed.Recycle();
+    }
+    if (FDepth == 0) SweepReceivers();
+}
+
+void TEmbeddedSubscribeAdapter::BeginBatch(TBatch& batch, TSerial serial) {
+    std::swap(batch.Items, FTouched);
+    for (TEmbeddedSubItem* item : batch.Items) {
+        item->FTouched = false;
+        if (!item->FDelivered && item->FStatus == ItemStatus::Waiting) {
+            item->FStatus = ItemStatus::Ready;
+        }
+        item->FDelivered = true;
+        batch.Changed.Add(item->FKey, item);
+        for (const TEmbeddedSubItem::TFollower& follower : item->FFollowers) {
+            if (follower.Receiver->Called == serial) continue;
+            follower.Receiver->Called = serial;
+            batch.Calls.Add({follower.Receiver, follower.Receiver->Losses});
+        }
+    }
+}
+
+void TEmbeddedSubscribeAdapter::CallReceivers(TBatch& batch, TSerial serial) {
+    for (const TCall& call : batch.Calls) {
+        TBatchReceiver& receiver = *call.Receiver;
+        if (receiver.Losses != call.Losses && !StillFollows(receiver, batch, serial)) continue;
+        receiver.Event(&batch.Changed, nullptr);
+    }
+}
+
+bool TEmbeddedSubscribeAdapter::StillFollows(const TBatchReceiver& receiver, const TBatch& batch,
+                                             TSerial serial) {
+    for (const TEmbeddedSubItem* item : batch.Items) {
+        for (const TEmbeddedSubItem::TFollower& follower : item->FFollowers) {
+            if (follower.Receiver == &receiver && follower.Since < serial) return true;
+        }
+    }
+    return false;
+}
+
+void TEmbeddedSubscribeAdapter::CallListeners(TBatch& batch, TSerial serial) {
+    for (TEmbeddedSubItem* item : batch.Items) {
+        if (item->FListeners.IsEmpty()) continue;
+        item->FListeners.Each([&](TObject*, const TEmbeddedSubItem::TListener& listener) {
+            if (listener.Since < serial) listener.Event(item);
+        });
+    }
+}
+
+} // namespace quorin
