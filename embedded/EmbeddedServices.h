@@ -1,0 +1,86 @@
+#pragma once
+
+#include "embedded/AccountService.h"
+#include "embedded/ChannelService.h"
+#include "embedded/ConfigService.h"
+#include "embedded/CurrencyService.h"
+#include "embedded/FormatterService.h"
+#include "embedded/LanguageService.h"
+#include "embedded/LogService.h"
+#include "embedded/MarketFormatterService.h"
+#include "embedded/MarketService.h"
+#include "embedded/MessageBoxService.h"
+#include "embedded/OrderService.h"
+#include "embedded/PositionService.h"
+#include "embedded/ProductService.h"
+#include "embedded/SeriesComparer.h"
+#include "embedded/SubscribeService.h"
+
+namespace quorin {
+
+struct TEmbeddedOptions {
+    THost& Host;                         // must outlive the services
+    std::filesystem::path DataDirectory; // with the folder "language"; empty for no texts
+    std::filesystem::path SettingsPath;  // empty for no stored settings
+    TAppLanguage Language = TAppLanguage::English;
+};
+
+// One of every service, in memory, and installed for as long as this object lives; there may be
+// one such object at a time. The host feeds them through their own operations and calls Deliver
+// once it has brought everything of one moment.
+class TEmbeddedServices {
+public:
+    // Throws EDataError when a data file that the options name is missing or damaged; nothing is
+    // installed then.
+    explicit TEmbeddedServices(const TEmbeddedOptions& options);
+    ~TEmbeddedServices();
+    TEmbeddedServices(const TEmbeddedServices&) = delete;
+    TEmbeddedServices& operator=(const TEmbeddedServices&) = delete;
+
+    TEmbeddedConfigManager& Config() { return FConfig; }
+    TEmbeddedLanguageManager& Language() { return FLanguage; }
+    TEmbeddedGlobalChannelManager& Channels() { return FChannels; }
+    TEmbeddedLogFile& Log() { return FLog; }
+    TEmbeddedSubscribeAdapter& Items() { return FItems; }
+    TEmbeddedMarketAdapter& Market() { return FMarket; }
+    TEmbeddedOrderActionManager& Orders() { return FOrders; }
+    TEmbeddedLoginCtrl& Login() { return FLogin; }
+    TEmbeddedAccountAdapter& Accounts() { return FAccounts; }
+    TEmbeddedPositionAdapter& Positions() { return FPositions; }
+    TEmbeddedCurrencyAdapter& Currencies() { return FCurrencies; }
+    TEmbeddedProductAdapter& Products() { return FProducts; }
+    TEmbeddedFeatureSwitches& Features() { return FFeatures; }
+
+    // Delivers all that waits in any service: settings first, then the standing data, then quotes,
+    // then positions.
+    void Deliver();
+    // What others have registered in all services together.
+    Integer RegistrationCount() const { return CountAll() - FOwnRegistrations; }
+
+private:
+    void Install();
+    Integer CountAll() const;
+
+    TEmbeddedConfigManager FConfig;
+    TEmbeddedLanguageManager FLanguage;
+    TEmbeddedGlobalChannelManager FChannels;
+    TEmbeddedMessageBoxCtrl FMessageBox;
+    TEmbeddedLogFile FLog;
+    TEmbeddedFormatter FFormatter{FConfig};
+    TEmbeddedSubscribeAdapter FItems;
+    TEmbeddedMarketAdapter FMarket{FItems};
+    TEmbeddedMarketDataFormatter FMarketFormatter;
+    TEmbeddedDataTypeTable FDataTypes;
+    TEmbeddedSeriesComparer FSeriesComparer;
+    TEmbeddedOrderAdapter FOrderAdapter;
+    TEmbeddedOrderActionManager FOrders;
+    TEmbeddedLoginCtrl FLogin;
+    TEmbeddedAccountAdapter FAccounts;
+    TEmbeddedPositionAdapter FPositions;
+    TEmbeddedCurrencyAdapter FCurrencies;
+    TEmbeddedProductAdapter FProducts;
+    TEmbeddedFeatureSwitches FFeatures;
+    Integer FOwnRegistrations = 0;
+};
+
+} // namespace quorin
