@@ -1,5 +1,6 @@
 #include "terminal/forms/MarketControl.h"
 
+#include "terminal/forms/TerminalKeys.h"
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/services/ResourceKeys.h"
 
@@ -8,17 +9,6 @@
 namespace quorin {
 
 namespace {
-
-// Caption keys of the terminal's own, beside those of ResourceKeys.h.
-namespace TerminalKey {
-constexpr StringView Res_BidQty = u"Res_BidQty";
-constexpr StringView Res_Bid = u"Res_Bid";
-constexpr StringView Res_Ask = u"Res_Ask";
-constexpr StringView Res_AskQty = u"Res_AskQty";
-constexpr StringView Res_Last = u"Res_Last";
-constexpr StringView Res_PrevClose = u"Res_PrevClose";
-constexpr StringView Res_Change = u"Res_Change";
-} // namespace TerminalKey
 
 constexpr StringView CustomColumnTable = u"MarketColumns";
 constexpr StringView NothingToShow = u"-";
@@ -60,7 +50,9 @@ void TMarketControl::ClearAll() {
     FIsCleared = true;
 }
 
-bool TMarketControl::TakeCleared() { return std::exchange(FIsCleared, false); }
+bool TMarketControl::TakeCleared() {
+    return std::exchange(FIsCleared, false);
+}
 
 String TMarketControl::Caption(Integer attribute) const {
     return ColumnCaption(&FColumnList, attribute, FCustomColumnTagID);

@@ -4,7 +4,9 @@
 
 namespace quorin {
 
-TTradesForm::~TTradesForm() { SetSymbol({}); }
+TTradesForm::~TTradesForm() {
+    SetSymbol({});
+}
 
 void TTradesForm::SetSymbol(StringView symbol) {
     if (symbol == FSymbol) return;
@@ -37,8 +39,8 @@ const TMarketDataTrade* TTradesForm::Trade(Integer index) const {
 }
 
 String TTradesForm::PriceText(const TMarketDataTrade& trade) const {
-    return TCustomFormatter::GetInstance()->FormatValue(
-        trade.Price(), DisplayDataType::MarketPrice, FSymbol, /*Flag=*/true, nullptr);
+    return TCustomFormatter::GetInstance()->FormatValue(trade.Price(), DisplayDataType::MarketPrice,
+                                                        FSymbol, /*Flag=*/true, nullptr);
 }
 
 } // namespace quorin
