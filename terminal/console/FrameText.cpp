@@ -14,6 +14,8 @@ namespace {
 
 constexpr Integer PixelsPerColumn = 8;
 constexpr Integer ShownTrades = 5;
+// Head, captions, an empty line, the title and the captions of the trades.
+static_assert(FrameLinesBesideRows == 5 + ShownTrades);
 constexpr StringView UpMark = u"\u25B2";
 constexpr StringView DownMark = u"\u25BC";
 constexpr StringView EqualMark = u"=";

@@ -14,6 +14,9 @@ struct TFrameHead {
     String Exchange;
 };
 
+// Lines of a frame beside the visible rows of the watch.
+inline constexpr Integer FrameLinesBesideRows = 10;
+
 // Everything on the screen as lines without line ends: the head, the visible rows of the watch with
 // their marks, the latest trades. Subscribes the visible rows before it reads them.
 std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,

@@ -51,6 +51,18 @@ bool Write(std::string_view bytes) {
     return true;
 }
 
+struct TSize {
+    Integer Columns;
+    Integer Lines;
+};
+
+TSize ScreenSize() {
+    winsize size = {};
+    ioctl(STDOUT_FILENO, TIOCGWINSZ, &size);
+    return {size.ws_col > 0 ? size.ws_col : DefaultColumns,
+            size.ws_row > 0 ? size.ws_row : DefaultLines};
+}
+
 // Signals arrive only while the wait sleeps, so that none is missed between look and sleep.
 sigset_t WatchedSignals() {
     sigset_t watched;
@@ -108,18 +120,19 @@ TScreen::~TScreen() {
     sigprocmask(SIG_SETMASK, &FState->MaskBefore, nullptr);
 }
 
-void TScreen::Paint(const std::vector<String>& lines) {
-    winsize size = {};
-    ioctl(STDOUT_FILENO, TIOCGWINSZ, &size);
-    const Integer columns = size.ws_col > 0 ? size.ws_col : DefaultColumns;
-    const auto height = static_cast<std::size_t>(size.ws_row > 0 ? size.ws_row : DefaultLines);
+Integer TScreen::Height() const {
+    return ScreenSize().Lines;
+}
 
+void TScreen::Paint(const std::vector<String>& lines) {
+    const TSize size = ScreenSize();
+    const auto height = static_cast<std::size_t>(size.Lines);
     std::string bytes = Home;
     const std::size_t count = std::min(lines.size(), height);
     for (std::size_t index = 0; index < count; ++index) {
         if (index > 0) bytes += "\r\n";
         bytes += ClearToLineEnd; // before the text: behind a full line it would take its end
-        bytes += ToUtf8(FitText(lines[index], std::min(TextWidth(lines[index]), columns)));
+        bytes += ToUtf8(FitText(lines[index], std::min(TextWidth(lines[index]), size.Columns)));
     }
     if (count < height) bytes += std::string("\r\n") + ClearBelow;
     if (!Write(bytes)) IsEndRequested = 1;

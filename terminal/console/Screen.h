@@ -19,6 +19,8 @@ public:
     // Standard output is a terminal.
     static bool IsThere();
 
+    // Lines that fit.
+    Integer Height() const;
     // Shows the lines from the top, cut to the size of the screen.
     void Paint(const std::vector<String>& lines);
 

@@ -26,6 +26,15 @@ void TMarketWatchForm::ShowMarket(StringView exchange) {
     FView->SetTopRow(0);
 }
 
+void TMarketWatchForm::ShowSymbols(const TList<String>& symbols) {
+    FControl->ClearAll();
+    for (const String& symbol : symbols) {
+        FControl->AddMarketData(TCustomMarketAdapter::GetInstance()->FindMarketData(symbol));
+    }
+    FControl->Changed();
+    FView->SetTopRow(0);
+}
+
 void TMarketWatchForm::FollowVisibleRows() {
     std::vector<Integer> rows;
     std::vector<String> symbols;

@@ -22,6 +22,8 @@ class TMarketWatchForm : public TObject {
 
     // Loads the rows of an exchange, or of the favourites. The universe must be ready.
     void ShowMarket(StringView exchange);
+    // Shows these symbols, in this order; those without a record are left out.
+    void ShowSymbols(const TList<String>& symbols);
 
     // Subscribes exactly the rows on screen when they are others than last time; to be called
     // before each paint.
