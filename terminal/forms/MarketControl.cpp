@@ -29,7 +29,7 @@ constexpr TColumn WatchColumns[] = {
     {MarketAttribute::BestAsk, TerminalKey::Res_Ask, 80, u"Ask", false},
     {MarketAttribute::BestAskQuantity, TerminalKey::Res_AskQty, 80, u"AskQty", true},
     {MarketAttribute::LastPrice, TerminalKey::Res_Last, 80, u"Last", false},
-    {MarketAttribute::PreviousClose, TerminalKey::Res_PrevClose, 80, u"PrevClose", false},
+    {MarketAttribute::PreviousClose, TerminalKey::Res_PrevClose, 96, u"PrevClose", false},
     {MarketAttribute::Change, TerminalKey::Res_Change, 80, u"Change", false},
 };
 
