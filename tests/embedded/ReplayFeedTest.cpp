@@ -164,6 +164,7 @@ TEST_F(ReplayFeedTest, TradesAddUpBetweenDeliveries) {
                             "10:00:00 1 6");
     EXPECT_EQ(Quote(u"A"), "9 | 1 | 10 | 1");
     EXPECT_EQ(feed.ReportedLines(), 1);
+    EXPECT_EQ(feed.PlayedLines(), 10);
 }
 
 TEST_F(ReplayFeedTest, BadLinesAreToldOfAndSkipped) {
