@@ -46,12 +46,9 @@ struct TShare {
 };
 
 TShare Shares[] = {
-    {"00700", 500, 100, 1203, 1150, 1250},
-    {"00005", 100, 400, 1006, 1005, 1050},
-    {"00939", 10, 1000, 765, 740, 790},
-    {"01810", 50, 200, 1075, 1030, 1120},
-    {"02800", 20, 500, 1271, 1240, 1300},
-    {"09988", 100, 100, 1183, 1130, 1230},
+    {"00700", 500, 100, 1203, 1150, 1250}, {"00005", 100, 400, 1006, 1005, 1050},
+    {"00939", 10, 1000, 765, 740, 790},    {"01810", 50, 200, 1075, 1030, 1120},
+    {"02800", 20, 500, 1271, 1240, 1300},  {"09988", 100, 100, 1183, 1130, 1230},
 };
 
 void PrintThousandths(std::int64_t thousandths) {
@@ -67,7 +64,9 @@ void PrintThousandths(std::int64_t thousandths) {
     }
 }
 
-void PrintPrice(const TShare& share, std::int64_t ticks) { PrintThousandths(ticks * share.Tick); }
+void PrintPrice(const TShare& share, std::int64_t ticks) {
+    PrintThousandths(ticks * share.Tick);
+}
 
 void PrintQuote(const TShare& share) {
     std::printf(",");

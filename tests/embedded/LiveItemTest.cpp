@@ -9,8 +9,8 @@ using namespace quorin;
 
 namespace {
 
-constexpr Integer CustomField = 777;   // below 4096, without a slot
-constexpr Integer FarField = 700001;   // beyond the table
+constexpr Integer CustomField = 777; // below 4096, without a slot
+constexpr Integer FarField = 700001; // beyond the table
 constexpr Integer NegativeField = -3;
 
 class LiveItemTest : public testing::Test {
@@ -27,9 +27,12 @@ TEST_F(LiveItemTest, NumbersReadAsText) {
         Double value;
         StringView text;
     } cases[] = {
-        {"whole", 350.0, u"350"},        {"decimals", 350.2, u"350.2"},
-        {"negative", -0.5, u"-0.5"},     {"zero", 0.0, u"0"},
-        {"zero with a sign", -0.0, u"0"}, {"small tick", 0.255, u"0.255"},
+        {"whole", 350.0, u"350"},
+        {"decimals", 350.2, u"350.2"},
+        {"negative", -0.5, u"-0.5"},
+        {"zero", 0.0, u"0"},
+        {"zero with a sign", -0.0, u"0"},
+        {"small tick", 0.255, u"0.255"},
         {"noise of a sum", 0.1 + 0.2, u"0.3"},
     };
     for (const Integer field : {Field::LastPrice, Field::AskPrice10, CustomField, FarField}) {
@@ -48,8 +51,9 @@ TEST_F(LiveItemTest, TextsReadAsNumbers) {
         StringView text;
         Double value;
     } cases[] = {
-        {"number", u"17.25", 17.25}, {"blanks around", u" 2 ", 2.0}, {"no number", u"SEHK", 0.0},
-        {"empty", u"", 0.0},         {"nan", u"nan", 0.0},           {"beyond Double", u"1E999", 0.0},
+        {"number", u"17.25", 17.25}, {"blanks around", u" 2 ", 2.0},
+        {"no number", u"SEHK", 0.0}, {"empty", u"", 0.0},
+        {"nan", u"nan", 0.0},        {"beyond Double", u"1E999", 0.0},
     };
     for (const Integer field : {Field::Exchange, CustomField, FarField, NegativeField}) {
         for (const auto& row : cases) {

@@ -1,5 +1,5 @@
-#include "embedded/DataError.h"
 #include "embedded/MarketService.h"
+#include "embedded/DataError.h"
 #include "embedded/SeriesComparer.h"
 #include "embedded/UniverseFile.h"
 #include "platform/rtl/Numbers.h"
@@ -21,7 +21,8 @@ public:
     void RegisterLanguageCallback(const TDataCallbackEvent&, TObject*) override {}
     void RemoveLanguageCallback(TObject*) override {}
     TAppLanguage GetCurrentLanguage() const override { return FLanguage; }
-    String GetResourceString(StringView, StringView, TAppLanguage, Integer, Pointer) const override {
+    String GetResourceString(StringView, StringView, TAppLanguage, Integer,
+                             Pointer) const override {
         return {};
     }
     String GetResourceAttribute(StringView, StringView, StringView) const override { return {}; }
@@ -172,10 +173,10 @@ TEST_F(MarketServiceTest, ItemsKnowTheirRecord) {
         Integer field;
         StringView text;
     } cases[] = {
-        {Field::Exchange, u"HKFE"},    {Field::ProductType, u"3"},     {Field::Currency, u"HKD"},
-        {Field::LotSize, u"1"},        {Field::Underlyer, u"HSIZ5"},   {Field::StrikePrice, u"25000"},
-        {Field::CallPut, u"C"},        {Field::Expiry, u"202512"},     {Field::SpreadCode, u"IDX"},
-        {Field::Series, u"HSI"},       {Field::MarketState, u"CT"},    {Field::ContractSize, u"50"},
+        {Field::Exchange, u"HKFE"}, {Field::ProductType, u"3"},   {Field::Currency, u"HKD"},
+        {Field::LotSize, u"1"},     {Field::Underlyer, u"HSIZ5"}, {Field::StrikePrice, u"25000"},
+        {Field::CallPut, u"C"},     {Field::Expiry, u"202512"},   {Field::SpreadCode, u"IDX"},
+        {Field::Series, u"HSI"},    {Field::MarketState, u"CT"},  {Field::ContractSize, u"50"},
     };
     const TCustomSubItem* item = Items.GetSubItem(Option.Symbol, LiveDataType, false);
     for (const auto& row : cases) EXPECT_EQ(item->FieldText(row.field), row.text) << row.field;
@@ -283,7 +284,8 @@ TEST(UniverseFile, ShippedUniverseIsSound) {
         SCOPED_TRACE(std::string(record->GetSymbol().begin(), record->GetSymbol().end()));
         const TCustomSubItem* item = items.GetSubItem(record->GetSymbol(), LiveDataType, false);
         const Double close = item->GetFieldDouble(Field::PreviousClose);
-        const TCustomSpreadTable* table = market.FindSpreadTable(item->FieldText(Field::SpreadCode));
+        const TCustomSpreadTable* table =
+            market.FindSpreadTable(item->FieldText(Field::SpreadCode));
         ASSERT_NE(table, nullptr);
         EXPECT_EQ(table->MovePrice(table->MovePrice(close, 1), -1), close) << "off the ticks";
         EXPECT_GT(item->GetFieldDouble(Field::LotSize), 0.0);

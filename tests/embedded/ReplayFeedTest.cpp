@@ -1,5 +1,5 @@
-#include "embedded/DataError.h"
 #include "embedded/ReplayFeed.h"
+#include "embedded/DataError.h"
 #include "embedded/UniverseFile.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,9 @@ namespace {
 const std::string Header = "time,symbol,event,price,qty,bid,bid_qty,ask,ask_qty\n";
 constexpr Int64 HalfSecond = NanosPerSecond / 2;
 
-std::string Narrow(StringView text) { return {text.begin(), text.end()}; }
+std::string Narrow(StringView text) {
+    return {text.begin(), text.end()};
+}
 
 class ReplayFeedTest : public testing::Test {
 protected:
@@ -76,7 +78,8 @@ public:
 private:
     void Hear(Pointer sender, Pointer) {
         Heard += std::to_string(FFeed.PollTimeNanos()) + ":";
-        for (const auto& item : *static_cast<TSubItemDictionary*>(sender)) Heard += Narrow(item.Key);
+        for (const auto& item : *static_cast<TSubItemDictionary*>(sender))
+            Heard += Narrow(item.Key);
         Heard += " ";
     }
     TEmbeddedSubscribeAdapter& FItems;
@@ -111,7 +114,8 @@ TEST_F(ReplayFeedTest, DeliversAtWholeMultiples) {
         TReplayFeed& feed = Play(lines, row.poll);
         EXPECT_EQ(feed.PollTimeNanos(), 0);
         TWatcher watcher(Items, feed);
-        while (feed.Step()) {}
+        while (feed.Step()) {
+        }
         EXPECT_EQ(watcher.Heard, row.deliveries);
         EXPECT_FALSE(feed.Step());
         EXPECT_EQ(Reports, "");
@@ -127,9 +131,8 @@ TEST_F(ReplayFeedTest, QuotesReplaceWhole) {
                              "6,A,Q,,,-0.5,0,0,0.5\n");
     EXPECT_EQ(Quote(u"A"), "- | - | - | -");
     EXPECT_EQ(Items.Item(u"A").GetStatus(), ItemStatus::Waiting);
-    for (const char* quote :
-         {"10.5 | 100 | 11 | 200", "- | - | 11.5 | 300", "- | - | 11.5 | 300", "11 | - | - | -",
-          "- | - | - | -", "-0.5 | 0 | 0 | 0.5"}) {
+    for (const char* quote : {"10.5 | 100 | 11 | 200", "- | - | 11.5 | 300", "- | - | 11.5 | 300",
+                              "11 | - | - | -", "- | - | - | -", "-0.5 | 0 | 0 | 0.5"}) {
         ASSERT_TRUE(feed.Step());
         EXPECT_EQ(Quote(u"A"), quote);
         EXPECT_EQ(Items.Item(u"A").GetStatus(), ItemStatus::Ready);
@@ -207,7 +210,8 @@ TEST_F(ReplayFeedTest, BadLinesAreToldOfAndSkipped) {
         SCOPED_TRACE(row.name);
         Reports.clear();
         TReplayFeed& feed = Play("5,A,Q,,,7,7,8,8\n" + row.line + "\n5,A,T,7.5,3,,,,\n");
-        while (feed.Step()) {}
+        while (feed.Step()) {
+        }
         EXPECT_EQ(Reports, "3 " + row.reason + "; ");
         EXPECT_EQ(feed.ReportedLines(), 1);
         EXPECT_EQ(Quote(u"A"), "7 | 7 | 8 | 8");
@@ -217,7 +221,8 @@ TEST_F(ReplayFeedTest, BadLinesAreToldOfAndSkipped) {
 
 TEST_F(ReplayFeedTest, ALineThatIsSkippedSetsNoTime) {
     TReplayFeed& feed = Play("5,A,Q,,,1,1,2,2\n9,A,Q,,,x,1,2,2\n6,A,Q,,,1,1,2,3\n");
-    while (feed.Step()) {}
+    while (feed.Step()) {
+    }
     EXPECT_EQ(Reports, "3 bad bid; ");
     EXPECT_EQ(feed.PollTimeNanos(), 7 * NanosPerSecond);
 }
@@ -255,7 +260,7 @@ TEST_F(ReplayFeedTest, SymbolsAreListedBeforeTheFirstDelivery) {
         StringView symbol;
         StringView close;
     } cases[] = {
-        {"of the universe", u"00005", u"100.4"}, {"first trade", u"00006", u"50"},
+        {"of the universe", u"00005", u"100.4"},  {"first trade", u"00006", u"50"},
         {"middle of the quote", u"NEW", u"10.5"}, {"one side of it", u"ASK", u"8"},
         {"trade before quote", u"TRADED", u"6"},  {"nothing to take it from", u"騰", u""},
     };
@@ -288,8 +293,9 @@ TEST_F(ReplayFeedTest, RefusesWhatIsNoRecording) {
         std::string content;
         std::string message;
     } cases[] = {
-        {"empty", "", "day.csv:1: the header is not time,symbol,event,price,qty,bid,bid_qty,ask,"
-                      "ask_qty"},
+        {"empty", "",
+         "day.csv:1: the header is not time,symbol,event,price,qty,bid,bid_qty,ask,"
+         "ask_qty"},
         {"other header", "time,symbol\n1,A\n",
          "day.csv:1: the header is not time,symbol,event,price,qty,bid,bid_qty,ask,ask_qty"},
         {"header alone", Header, "day.csv: no line of the file can be read"},

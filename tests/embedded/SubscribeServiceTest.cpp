@@ -35,7 +35,9 @@ private:
     }
     void Hear(Pointer sender, Pointer) { Note(":", Keys(sender)); }
     void HearOther(Pointer sender, Pointer) { Note("=", Keys(sender)); }
-    void HearItem(TObject* sender) { Note("!", Narrow(ObjectAs<TCustomSubItem>(sender)->GetKey())); }
+    void HearItem(TObject* sender) {
+        Note("!", Narrow(ObjectAs<TCustomSubItem>(sender)->GetKey()));
+    }
 
     static std::string Narrow(const String& text) { return {text.begin(), text.end()}; }
     static std::string Keys(Pointer sender) {
@@ -153,32 +155,27 @@ TEST_F(SubscribeServiceTest, OwnersMayDoAnythingInsideACall) {
     } cases[] = {
         {"leaves itself", [&] { Drop(X); }, "x:AB y:AB y!B ", "y:AB y!B "},
         {"removes another", [&] { Drop(Y); }, "x:AB x!A ", "x:AB x!A "},
-        {"takes one of two items from another",
-         [&] { Adapter.Unsubscribe(&Item(u"A"), &Y); },
-         "x:AB y:AB x!A y!B ",
-         "x:AB y:AB x!A y!B "},
+        {"takes one of two items from another", [&] { Adapter.Unsubscribe(&Item(u"A"), &Y); },
+         "x:AB y:AB x!A y!B ", "x:AB y:AB x!A y!B "},
         {"removes and adds another again",
          [&] {
              Drop(Y);
              Adapter.Subscribe(&Item(u"A"), Y.Batch(), &Y);
              Item(u"B").AddRealtimeListener(Y.Realtime(), &Y);
          },
-         "x:AB x!A ",
-         "x:AB y:AB x!A y!B "},
+         "x:AB x!A ", "x:AB y:AB x!A y!B "},
         {"gives another a new event",
          [&] {
              Adapter.Subscribe(&Item(u"A"), Y.OtherBatch(), &Y);
              Adapter.Subscribe(&Item(u"B"), Y.OtherBatch(), &Y);
          },
-         "x:AB x!A y!B ",
-         "x:AB y=AB x!A y!B "},
+         "x:AB x!A y!B ", "x:AB y=AB x!A y!B "},
         {"registers the same again",
          [&] {
              Adapter.Subscribe(&Item(u"A"), Y.Batch(), &Y);
              Item(u"B").AddRealtimeListener(Y.Realtime(), &Y);
          },
-         "x:AB y:AB x!A y!B ",
-         "x:AB y:AB x!A y!B "},
+         "x:AB y:AB x!A y!B ", "x:AB y:AB x!A y!B "},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
