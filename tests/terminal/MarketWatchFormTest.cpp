@@ -79,19 +79,6 @@ TEST_F(TMarketWatchFormTest, FollowsAgainAfterTheSameRowsWereReloaded) {
     EXPECT_EQ(Followed(), "AB");
 }
 
-TEST_F(TMarketWatchFormTest, UnchangedRowsAreNotSubscribedAgain) {
-    Form->FollowVisibleRows();
-    Feed(u"A", 10.0);
-    Feed(u"A", 11.0);
-    TPriceChangeState state = pcsNone;
-    ASSERT_TRUE(Form->LastMove(0, state));
-    EXPECT_EQ(state, pcsUp);
-    Form->FollowVisibleRows();
-    Feed(u"A", 9.5); // a row that had been subscribed anew would hear of this as well
-    ASSERT_TRUE(Form->LastMove(0, state));
-    EXPECT_EQ(state, pcsDown);
-}
-
 TEST_F(TMarketWatchFormTest, MarksTellMoveAndDirection) {
     Form->FollowVisibleRows();
     TPriceChangeState state = pcsDown;
