@@ -53,6 +53,15 @@ constexpr std::size_t CountSlots() {
 }
 static_assert(CountSlots() == TFieldStore::SlotCount);
 
+// There may be very many items, each with few fields: doubling would waste more than it saves.
+template <class T>
+void GrowBySteps(std::vector<T>& list) {
+    constexpr std::size_t step = 4;
+    if (list.size() == list.capacity() && list.size() < TFieldStore::SlotCount) {
+        list.reserve(list.size() + step);
+    }
+}
+
 constexpr TFieldStore::TSlotTable MakeSlots() {
     TFieldStore::TSlotTable slots{};
     Byte slot = 0;
@@ -90,6 +99,7 @@ void TFieldStore::Set(Integer fieldNo, StringView value) {
     if (cell.Text == NoText) {
         if (FTexts.size() >= NoText) return; // more different fields than any feed has
         cell.Text = static_cast<std::uint16_t>(FTexts.size());
+        GrowBySteps(FTexts);
         FTexts.emplace_back();
     }
     FTexts[cell.Text].assign(value);
@@ -105,10 +115,9 @@ void TFieldStore::Clear(Integer fieldNo) {
 }
 
 const TFieldStore::TCell* TFieldStore::FindFurther(Integer fieldNo) const {
-    const auto found =
-        std::lower_bound(FFurther.begin(), FFurther.end(), fieldNo,
-                         [](const TFurtherCell& cell, Integer no) { return cell.FieldNo < no; });
-    return found != FFurther.end() && found->FieldNo == fieldNo ? &found->Cell : nullptr;
+    if (FFurther == nullptr) return nullptr;
+    const auto found = std::lower_bound(FFurther->begin(), FFurther->end(), fieldNo, IsBelow);
+    return found != FFurther->end() && found->FieldNo == fieldNo ? &found->Cell : nullptr;
 }
 
 TFieldStore::TCell& TFieldStore::Obtain(Integer fieldNo) {
@@ -116,16 +125,16 @@ TFieldStore::TCell& TFieldStore::Obtain(Integer fieldNo) {
     const auto index = static_cast<std::uint32_t>(fieldNo);
     if (index < Slots.size() && Slots[index] != 0) {
         FPlaces[Slots[index] - 1u] = static_cast<Byte>(FCells.size());
+        GrowBySteps(FCells);
         return FCells.emplace_back();
     }
-    const auto place =
-        std::lower_bound(FFurther.begin(), FFurther.end(), fieldNo,
-                         [](const TFurtherCell& cell, Integer no) { return cell.FieldNo < no; });
-    return FFurther.insert(place, TFurtherCell{fieldNo, TCell{}})->Cell;
+    if (FFurther == nullptr) FFurther = std::make_unique<std::vector<TFurtherCell>>();
+    const auto place = std::lower_bound(FFurther->begin(), FFurther->end(), fieldNo, IsBelow);
+    return FFurther->insert(place, TFurtherCell{fieldNo, TCell{}})->Cell;
 }
 
 TEmbeddedSubItem::TEmbeddedSubItem(TEmbeddedSubscribeAdapter& adapter, StringView key)
-    : FAdapter(adapter), FKey(key) {}
+    : FKey(key), FAdapter(adapter) {}
 
 void TEmbeddedSubItem::AddRealtimeListener(const TNotifyEvent& Event, TObject* Owner) {
     FAdapter.AddListener(*this, Event, Owner);

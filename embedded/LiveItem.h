@@ -6,6 +6,7 @@
 #include "viewdata/services/SubscribeAdapter.h"
 
 #include <array>
+#include <memory>
 #include <vector>
 
 namespace quorin {
@@ -48,6 +49,9 @@ private:
         Integer FieldNo;
         TCell Cell;
     };
+    static bool IsBelow(const TFurtherCell& cell, Integer fieldNo) {
+        return cell.FieldNo < fieldNo;
+    }
     static constexpr std::uint16_t NoText = 0xFFFF;
     static constexpr Byte NoCell = 0xFF;
 
@@ -64,8 +68,8 @@ private:
 
     std::array<Byte, SlotCount> FPlaces = NoPlaces(); // from slot to FCells
     std::vector<TCell> FCells;
-    std::vector<TFurtherCell> FFurther; // fields without a slot, by number
     std::vector<String> FTexts;
+    std::unique_ptr<std::vector<TFurtherCell>> FFurther; // fields without a slot, by number
 
     static constexpr std::array<Byte, SlotCount> NoPlaces() {
         std::array<Byte, SlotCount> places{};
@@ -114,15 +118,16 @@ private:
         TSerial Since;
     };
 
-    TEmbeddedSubscribeAdapter& FAdapter;
-    String FKey;
-    TFieldStore FFields;
-    TRegistrations<TListener> FListeners;
-    std::vector<TFollower> FFollowers; // one per owner
+    // What a delivery reads stands together.
     Integer FStatus = ItemStatus::Waiting;
     Integer FItemIndex = NoItemIndex;
     bool FTouched = false;
     bool FDelivered = false;
+    std::vector<TFollower> FFollowers;                     // one per owner
+    std::unique_ptr<TRegistrations<TListener>> FListeners; // from the first listener on
+    String FKey;
+    TFieldStore FFields;
+    TEmbeddedSubscribeAdapter& FAdapter;
 };
 
 } // namespace quorin

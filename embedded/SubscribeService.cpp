@@ -3,6 +3,7 @@
 #include "platform/rtl/ScopedValue.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace quorin {
 
@@ -17,6 +18,17 @@ struct TBatchReceiver {
     std::uint64_t Called = 0; // the last delivery that has it among its calls
 };
 
+namespace {
+
+// As ==, which for 16-bit units looks at one after the other.
+bool IsSame(StringView left, StringView right) {
+    return left.size() == right.size() &&
+           (left.empty() ||
+            std::memcmp(left.data(), right.data(), left.size() * sizeof(Char)) == 0);
+}
+
+} // namespace
+
 TEmbeddedSubscribeAdapter::TEmbeddedSubscribeAdapter() = default;
 TEmbeddedSubscribeAdapter::~TEmbeddedSubscribeAdapter() = default;
 
@@ -30,7 +42,7 @@ TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
 }
 
 TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
-    if (FLastItem != nullptr && FLastItem->FKey == key) return FLastItem;
+    if (FLastItem != nullptr && IsSame(FLastItem->FKey, key)) return FLastItem;
     TEmbeddedSubItem* const* found = FByKey.Find(key);
     if (found == nullptr) return nullptr;
     FLastItem = *found;
@@ -108,14 +120,17 @@ void TEmbeddedSubscribeAdapter::SweepReceivers() {
 void TEmbeddedSubscribeAdapter::AddListener(TEmbeddedSubItem& item, const TNotifyEvent& event,
                                             TObject* owner) {
     Request(item);
-    const TEmbeddedSubItem::TListener* known = item.FListeners.Find(owner);
+    if (item.FListeners == nullptr) {
+        item.FListeners = std::make_unique<TRegistrations<TEmbeddedSubItem::TListener>>();
+    }
+    const TEmbeddedSubItem::TListener* known = item.FListeners->Find(owner);
     const TSerial since = known != nullptr ? known->Since : FSerial;
     if (known == nullptr) ++FListenerCount;
-    item.FListeners.Add(owner, {event, since});
+    item.FListeners->Add(owner, {event, since});
 }
 
 void TEmbeddedSubscribeAdapter::RemoveListener(TEmbeddedSubItem& item, TObject* owner) {
-    if (item.FListeners.Remove(owner)) --FListenerCount;
+    if (item.FListeners != nullptr && item.FListeners->Remove(owner)) --FListenerCount;
 }
 
 void TEmbeddedSubscribeAdapter::Request(TEmbeddedSubItem& item) {
@@ -194,8 +209,8 @@ bool TEmbeddedSubscribeAdapter::StillFollows(const TBatchReceiver& receiver, con
 
 void TEmbeddedSubscribeAdapter::CallListeners(TBatch& batch, TSerial serial) {
     for (TEmbeddedSubItem* item : batch.Items) {
-        if (item->FListeners.IsEmpty()) continue;
-        item->FListeners.Each([&](TObject*, const TEmbeddedSubItem::TListener& listener) {
+        if (item->FListeners == nullptr || item->FListeners->IsEmpty()) continue;
+        item->FListeners->Each([&](TObject*, const TEmbeddedSubItem::TListener& listener) {
             if (listener.Since < serial) listener.Event(item);
         });
     }
