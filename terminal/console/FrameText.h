@@ -1,0 +1,28 @@
+#pragma once
+
+#include "terminal/forms/MarketWatchForm.h"
+#include "terminal/forms/TradesForm.h"
+
+#include <vector>
+
+namespace quorin {
+
+// What a frame tells beside its forms.
+struct TFrameHead {
+    Double PollTime = 0.0; // seconds after midnight of the latest delivery
+    Integer Deliveries = 0;
+    String Exchange;
+};
+
+// Lines of a frame beside the visible rows of the watch.
+inline constexpr Integer FrameLinesBesideRows = 10;
+
+// Everything on the screen as lines without line ends: the head, the visible rows of the watch with
+// their marks, the latest trades. Subscribes the visible rows before it reads them.
+std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
+                               const TTradesForm& trades);
+
+// "HH:MM:SS.mmm"; the hours may have more digits.
+String ClockText(Double secondsAfterMidnight);
+
+} // namespace quorin

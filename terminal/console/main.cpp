@@ -1,0 +1,91 @@
+#include "embedded/DataError.h"
+#include "platform/rtl/Utf.h"
+#include "terminal/console/ExitStatus.h"
+#include "terminal/console/ReplaySession.h"
+#include "terminal/console/Screen.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <optional>
+
+namespace quorin {
+namespace {
+
+constexpr const char* ProgramName = "quorin-console";
+constexpr const char* SampleRecording = "recordings/sample.csv";
+
+void Print(const std::vector<String>& lines) {
+    for (const String& line : lines) std::cout << ToUtf8(line) << '\n';
+}
+
+// So many frames, and the summary when the recording has fewer.
+void PrintFrames(TReplaySession& session, Integer frames) {
+    for (Integer frame = 0; frame < frames; ++frame) {
+        if (!session.Step()) {
+            std::cout << SummaryText(session.Summary());
+            return;
+        }
+        Print(session.Frame());
+        std::cout << '\n';
+    }
+}
+
+void PrintEnd(TReplaySession& session) {
+    while (session.Step()) {
+    }
+    Print(session.Frame());
+    std::cout << '\n' << SummaryText(session.Summary());
+}
+
+void ShowOnScreen(TReplaySession& session, const TConsoleOptions& options) {
+    {
+        TScreen screen;
+        bool isPlaying = true;
+        auto event = TScreen::TEvent::Resized;
+        while (event != TScreen::TEvent::Ended) {
+            if (event == TScreen::TEvent::Timeout && isPlaying) isPlaying = session.Step();
+            const Integer room = std::max<Integer>(screen.Height() - FrameLinesBesideRows, 1);
+            session.Watch().View().SetVisibleRowCapacity(std::min(options.Rows, room));
+            if (session.Watch().View().TakeRepaint() || event == TScreen::TEvent::Resized) {
+                screen.Paint(session.Frame());
+            }
+            event = screen.Wait(options.PollInterval);
+        }
+    }
+    std::cout << SummaryText(session.Summary());
+}
+
+int Run(const TConsoleOptions& options) {
+    TReplaySession session(options, QUORIN_DATA_DIR, std::cerr);
+    if (options.Frames.has_value()) {
+        PrintFrames(session, *options.Frames);
+    } else if (TScreen::IsThere()) {
+        ShowOnScreen(session, options);
+    } else {
+        PrintEnd(session);
+    }
+    const bool isSidesFileComplete = session.Close();
+    std::cout.flush();
+    if (isSidesFileComplete && std::cout) return ExitStatus::Done;
+    std::cerr << ProgramName << ": the output cannot be written\n";
+    return ExitStatus::CannotWrite;
+}
+
+} // namespace
+} // namespace quorin
+
+int main(int argc, char** argv) {
+    using namespace quorin;
+    const std::filesystem::path sample = std::filesystem::path(QUORIN_DATA_DIR) / SampleRecording;
+    const TCommandLine line = ParseCommandLine(argc, argv, sample);
+    std::cout << line.Output;
+    if (!line.Error.empty()) std::cerr << ProgramName << ": " << line.Error << '\n';
+    if (!line.Options.has_value()) return line.ExitStatus;
+    try {
+        return Run(*line.Options);
+    } catch (const EDataError& error) {
+        std::cerr << ProgramName << ": " << error.what() << '\n';
+        return ExitStatus::Unusable;
+    }
+}

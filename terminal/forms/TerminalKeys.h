@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/rtl/Types.h"
+
+namespace quorin {
+
+// Keys of the terminal's own texts, beside those of the view layer in ResourceKeys.h.
+namespace TerminalKey {
+inline constexpr StringView Res_BidQty = u"Res_BidQty";
+inline constexpr StringView Res_Bid = u"Res_Bid";
+inline constexpr StringView Res_Ask = u"Res_Ask";
+inline constexpr StringView Res_AskQty = u"Res_AskQty";
+inline constexpr StringView Res_Last = u"Res_Last";
+inline constexpr StringView Res_PrevClose = u"Res_PrevClose";
+inline constexpr StringView Res_Change = u"Res_Change";
+inline constexpr StringView Res_Trades = u"Res_Trades";
+inline constexpr StringView Res_Time = u"Res_Time";
+inline constexpr StringView Res_Qty = u"Res_Qty";
+inline constexpr StringView Res_Price = u"Res_Price";
+inline constexpr StringView Res_Side = u"Res_Side";
+} // namespace TerminalKey
+
+} // namespace quorin

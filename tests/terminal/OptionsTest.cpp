@@ -1,0 +1,90 @@
+#include "terminal/console/Options.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace quorin {
+namespace {
+
+TCommandLine Parse(std::vector<const char*> words) {
+    words.insert(words.begin(), "quorin-console");
+    return ParseCommandLine(static_cast<int>(words.size()), words.data(), "sample.csv");
+}
+
+TEST(OptionsTest, DefaultsWithoutWords) {
+    const TCommandLine line = Parse({});
+    ASSERT_TRUE(line.Options.has_value());
+    EXPECT_EQ(line.Options->Replay, "sample.csv");
+    EXPECT_EQ(line.Options->PollInterval, 0.25);
+    EXPECT_EQ(line.Options->Exchange, u"SEHK");
+    EXPECT_FALSE(line.Options->Frames.has_value());
+    EXPECT_EQ(line.Options->Settings, "");
+    EXPECT_EQ(line.Options->Sides, "");
+    EXPECT_EQ(line.Options->TradesSymbol, u"");
+}
+
+TEST(OptionsTest, TakesEveryWord) {
+    const TCommandLine line =
+        Parse({"--text", "--replay", "a.csv", "--poll", "1", "--exchange", "HKFE", "--frames", "3",
+               "--rows=7", "--settings", "b.ini", "--sides", "c.csv", "--trades", "\xE9\xA8\xB0"});
+    ASSERT_TRUE(line.Options.has_value()) << line.Error;
+    EXPECT_EQ(line.Options->Replay, "a.csv");
+    EXPECT_EQ(line.Options->PollInterval, 1.0);
+    EXPECT_EQ(line.Options->Exchange, u"HKFE");
+    EXPECT_EQ(line.Options->Frames, 3);
+    EXPECT_EQ(line.Options->Rows, 7);
+    EXPECT_EQ(line.Options->Settings, "b.ini");
+    EXPECT_EQ(line.Options->Sides, "c.csv");
+    EXPECT_EQ(line.Options->TradesSymbol, u"\u9A30");
+}
+
+TEST(OptionsTest, RefusesInOneLine) {
+    const struct {
+        const char* Name;
+        std::vector<const char*> Words;
+    } cases[] = {
+        {"unknown option", {"--seed", "1"}},
+        {"word without option", {"a.csv"}},
+        {"value missing", {"--poll"}},
+        {"poll of nothing", {"--poll", "0"}},
+        {"poll below nothing", {"--poll", "-0.25"}},
+        {"poll too short", {"--poll", "0.0009"}},
+        {"poll too long", {"--poll", "86401"}},
+        {"poll no number", {"--poll", "fast"}},
+        {"poll not finite", {"--poll", "inf"}},
+        {"poll nan", {"--poll", "nan"}},
+        {"no frames", {"--frames", "0"}},
+        {"frames with a fraction", {"--frames", "1.5"}},
+        {"frames too large", {"--frames", "99999999999"}},
+        {"no rows", {"--rows", "0"}},
+        {"line break in a value", {"--poll", "1\n2"}},
+        {"empty file name", {"--replay", ""}},
+        {"empty exchange", {"--exchange", ""}},
+        {"symbol in no valid text", {"--trades", "\xFF"}},
+        {"twice", {"--poll", "1", "--poll", "2"}},
+    };
+    for (const auto& row : cases) {
+        const TCommandLine line = Parse(row.Words);
+        EXPECT_FALSE(line.Options.has_value()) << row.Name;
+        EXPECT_EQ(line.ExitStatus, 2) << row.Name;
+        EXPECT_FALSE(line.Error.empty()) << row.Name;
+        EXPECT_EQ(line.Error.find('\n'), std::string::npos) << row.Name;
+        EXPECT_NE(line.Error.find("--help"), std::string::npos) << row.Name;
+        EXPECT_EQ(line.Output, "") << row.Name;
+    }
+}
+
+TEST(OptionsTest, HelpNamesTheOptions) {
+    const TCommandLine line = Parse({"--help"});
+    EXPECT_FALSE(line.Options.has_value());
+    EXPECT_EQ(line.ExitStatus, 0);
+    EXPECT_EQ(line.Error, "");
+    for (const char* option : {"--text", "--replay", "--poll", "--exchange", "--frames", "--rows",
+                               "--settings", "--sides", "--trades"}) {
+        EXPECT_NE(line.Output.find(option), std::string::npos) << option;
+    }
+}
+
+} // namespace
+} // namespace quorin
