@@ -49,9 +49,9 @@ private:
     void SkipMark();
 
     std::istream& FStream;
-    std::string FBuffer;       // what was read and not handed out yet begins at FStart
+    std::string FBuffer; // what was read and not handed out yet begins at FStart
     std::size_t FStart = 0;
-    std::string FRecord;       // the fields one after the other, without their quotes
+    std::string FRecord; // the fields one after the other, without their quotes
     std::vector<TPiece> FPieces;
     std::vector<std::string_view> FFields;
     std::string_view FProblem;

@@ -15,7 +15,9 @@ TEmbeddedMarketAdapter::TEmbeddedMarketAdapter(TEmbeddedSubscribeAdapter& items)
     FItems.SetFiller(this);
 }
 
-TEmbeddedMarketAdapter::~TEmbeddedMarketAdapter() { FItems.SetFiller(nullptr); }
+TEmbeddedMarketAdapter::~TEmbeddedMarketAdapter() {
+    FItems.SetFiller(nullptr);
+}
 
 void TEmbeddedMarketAdapter::AddExchangeListener(const TDataCallbackEvent& Event, TObject* Owner) {
     FExchangeListeners.Add(Owner, Event);
@@ -46,7 +48,9 @@ Integer TEmbeddedMarketAdapter::GetMarketStatus(StringView Exchange) const {
     return exchange != nullptr ? exchange->MarketStatus : 0;
 }
 
-Integer TEmbeddedMarketAdapter::GetExchangeCount() const { return FUniverse.Exchanges().Count(); }
+Integer TEmbeddedMarketAdapter::GetExchangeCount() const {
+    return FUniverse.Exchanges().Count();
+}
 
 const String& TEmbeddedMarketAdapter::GetExchangeCode(Integer Index) const {
     const auto& exchanges = FUniverse.Exchanges();
@@ -75,7 +79,9 @@ Boolean TEmbeddedMarketAdapter::AddFavorite(StringView Symbol) {
     return true;
 }
 
-Boolean TEmbeddedMarketAdapter::RemoveFavorite(StringView Symbol) { return DropFavorite(Symbol); }
+Boolean TEmbeddedMarketAdapter::RemoveFavorite(StringView Symbol) {
+    return DropFavorite(Symbol);
+}
 
 void TEmbeddedMarketAdapter::RemoveFavorites(std::span<const String> Symbols, Integer High) {
     const Integer end = std::min(static_cast<Integer>(Symbols.size()) - 1, High);

@@ -132,8 +132,9 @@ const TEmbeddedMarketData* TMarketUniverse::AddSymbol(const TSymbolRecord& recor
 }
 
 const TMarketExchange* TMarketUniverse::FindExchange(StringView code) const {
-    return FindRemembered(FByExchange, code, FLastExchange,
-                          [](const TMarketExchange& exchange) { return StringView(exchange.Code); });
+    return FindRemembered(FByExchange, code, FLastExchange, [](const TMarketExchange& exchange) {
+        return StringView(exchange.Code);
+    });
 }
 
 TMarketExchange* TMarketUniverse::FindExchange(StringView code) {

@@ -165,6 +165,7 @@ bool TReplayFeed::Step() {
 }
 
 void TReplayFeed::Apply(const TReplayEvent& event) {
+    ++FPlayedLines;
     bool isNew = false;
     const std::size_t index = IndexOf(event.Symbol, isNew);
     if (isNew) List(FSymbols[static_cast<Integer>(index)], {}); // the file has grown since Open

@@ -50,6 +50,8 @@ public:
     bool Step();
     // When the last delivery was, in nanoseconds after midnight; 0 before the first.
     Int64 PollTimeNanos() const { return FPollTime; }
+    // How many lines the deliveries so far have taken in.
+    Int64 PlayedLines() const { return FPlayedLines; }
     // How many lines were skipped so far.
     Int64 ReportedLines() const { return FReportedLines; }
 
@@ -94,6 +96,7 @@ private:
     TReplayEvent FPending; // the line that comes next
     bool FHasPending = false;
     Int64 FPollTime = 0;
+    Int64 FPlayedLines = 0;
     Int64 FReportedLines = 0;
     TList<String> FSymbols;
     TDictionary<String, Integer> FIndexes; // of symbols

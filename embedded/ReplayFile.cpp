@@ -29,14 +29,15 @@ constexpr std::string_view Header[ColumnCount] = {"time", "symbol",  "event", "p
 constexpr int NanoDigits = 9;
 constexpr Int64 SecondsPerDay = 24 * 60 * 60;
 
-bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
+bool IsDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
 
 // Digits with at most one point among them, at least one digit.
 bool IsPlainDecimal(std::string_view text) {
     const auto digits = std::count_if(text.begin(), text.end(), IsDigit);
     const auto points = std::count(text.begin(), text.end(), '.');
-    return digits > 0 && points <= 1 &&
-           static_cast<std::size_t>(digits + points) == text.size();
+    return digits > 0 && points <= 1 && static_cast<std::size_t>(digits + points) == text.size();
 }
 
 // Reckoned in whole numbers: a Double has no room for the nanoseconds of a day's fraction.

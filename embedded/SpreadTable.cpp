@@ -8,7 +8,7 @@ namespace quorin {
 namespace {
 
 constexpr int MaxDecimals = 9;
-constexpr Double MaxUnits = 9e15;     // below this every whole number of units is a Double
+constexpr Double MaxUnits = 9e15;      // below this every whole number of units is a Double
 constexpr Double UnitTolerance = 1e-4; // in units: what a price may lie off by its binary fraction
 
 // The whole number that `value` is but for the noise of its binary fraction.
@@ -25,7 +25,9 @@ Int64 FloorDivide(Int64 value, Int64 divisor) {
     return value % divisor < 0 ? quotient - 1 : quotient;
 }
 
-Int64 CeilDivide(Int64 value, Int64 divisor) { return -FloorDivide(-value, divisor); }
+Int64 CeilDivide(Int64 value, Int64 divisor) {
+    return -FloorDivide(-value, divisor);
+}
 
 } // namespace
 
@@ -35,7 +37,8 @@ bool TEmbeddedSpreadTable::Load(std::span<const TSpreadBand> bands) {
         std::vector<TBand> loaded;
         for (const TSpreadBand& band : bands) {
             TBand units{};
-            if (!TryToUnits(band.From, scale, units.From) || !TryToUnits(band.To, scale, units.To) ||
+            if (!TryToUnits(band.From, scale, units.From) ||
+                !TryToUnits(band.To, scale, units.To) ||
                 !TryToUnits(band.Step, scale, units.Step)) {
                 break;
             }

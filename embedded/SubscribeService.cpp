@@ -68,9 +68,9 @@ void TEmbeddedSubscribeAdapter::Unsubscribe(TCustomSubItem* Item, TObject* Owner
     auto* item = ObjectAs<TEmbeddedSubItem>(Item);
     if (item == nullptr) return;
     auto& followers = item->FFollowers;
-    const auto found =
-        std::find_if(followers.begin(), followers.end(),
-                     [&](const auto& follower) { return follower.Receiver->Owner == Owner; });
+    const auto found = std::find_if(followers.begin(), followers.end(), [&](const auto& follower) {
+        return follower.Receiver->Owner == Owner;
+    });
     if (found == followers.end()) return;
     TBatchReceiver& receiver = *found->Receiver;
     followers.erase(found);

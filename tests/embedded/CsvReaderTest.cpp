@@ -1,0 +1,107 @@
+#include "embedded/CsvReader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <sstream>
+
+using namespace quorin;
+
+namespace {
+
+// "LINE[field|field]" for each record, "LINE!" for a bad one.
+std::string Read(const std::string& text) {
+    std::istringstream stream(text);
+    TCsvReader reader(stream);
+    std::string all;
+    while (reader.Next()) {
+        all += std::to_string(reader.Line());
+        if (!reader.Problem().empty()) {
+            EXPECT_TRUE(reader.Fields().empty());
+            all += "!";
+            continue;
+        }
+        all += "[";
+        for (const std::string_view field : reader.Fields()) all.append(field).append("|");
+        all.back() = ']';
+    }
+    return all;
+}
+
+TEST(CsvReader, ReadsRecords) {
+    const struct {
+        const char* name;
+        std::string text;
+        std::string records;
+    } cases[] = {
+        {"nothing", "", ""},
+        {"LF", "a,b\nc,d\n", "1[a|b]2[c|d]"},
+        {"CRLF", "a,b\r\nc,d\r\n", "1[a|b]2[c|d]"},
+        {"no end of the last line", "a,b\nc,d", "1[a|b]2[c|d]"},
+        {"mark", "\xEF\xBB\xBFx,y\n", "1[x|y]"},
+        {"mark alone", "\xEF\xBB\xBF", ""},
+        {"half a mark", "\xEF\xBB", "1[\xEF\xBB]"},
+        {"empty fields", ",\n,,\n", "1[|]2[||]"},
+        {"empty line", "a\n\nb\n", "1[a]2[]3[b]"},
+        {"quoted", "\"a,b\",c\n", "1[a,b|c]"},
+        {"empty quotes", "\"\",\"\"\n", "1[|]"},
+        {"doubled quotes", "\"a\"\"b\",\"\"\"\"\n", "1[a\"b|\"]"},
+        {"line breaks in quotes", "\"a\nb\r\nc\",d\ne\n", "1[a\nb\r\nc|d]4[e]"},
+        {"return inside a field", "a\rb,c\n", "1[a\rb|c]"},
+        {"zero bytes", std::string("a\0b,c\n", 6), std::string("1[a\0b|c]", 8)},
+        {"blanks stay", " a , b\n", "1[ a | b]"},
+        {"quote inside a field", "a\"b\"c,d\ne\n", "1!2[e]"},
+        {"text behind a quote", "\"a\"b,c\nd\n", "1!2[d]"},
+        {"open quote", "a,\"b\nc,d\ne,f\n", "1!2[c|d]3[e|f]"},
+        {"open quote at the end", "a\n\"", "1[a]2!"},
+        {"two open quotes", "\"a\nb\"c\nd\n", "1!2!3[d]"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Read(row.text), row.records);
+    }
+}
+
+TEST(CsvReader, LimitsTheLengthOfARecord) {
+    const std::string longest(TCsvReader::MaxRecordLength, 'x');
+    EXPECT_EQ(Read(longest + "\nb\n"), "1[" + longest + "]2[b]");
+    EXPECT_EQ(Read(longest + "x\nb\n"), "1!2[b]");
+    EXPECT_EQ(Read(std::string(1000000, 'x') + "\nb\n"), "1!2[b]");
+    EXPECT_EQ(Read("\"" + std::string(100000, '\n') + "\"b").substr(0, 8), "1!2[]3[]");
+}
+
+TEST(CsvReader, KeepsTheRecordsOfAnyChunking) {
+    std::string text;
+    std::string expected;
+    for (int line = 1; line <= 20000; ++line) {
+        text += "\"" + std::to_string(line) + "\",b" + (line % 3 == 0 ? "\r\n" : "\n");
+        expected += std::to_string(line) + "[" + std::to_string(line) + "|b]";
+    }
+    EXPECT_EQ(Read(text), expected);
+}
+
+TEST(CsvReader, GetsThroughAnyBytes) {
+    for (unsigned seed = 1; seed <= 30; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        std::string text;
+        const std::string_view likely = "\"\n,\r";
+        while (text.size() < 5000) {
+            const auto choice = random();
+            text.push_back(choice % 3 == 0 ? static_cast<char>(random() % 256)
+                                           : likely[(choice >> 8) % likely.size()]);
+        }
+        std::istringstream stream(text);
+        TCsvReader reader(stream);
+        Int64 line = 0;
+        while (reader.Next()) {
+            ASSERT_GT(reader.Line(), line);
+            line = reader.Line();
+            ASSERT_EQ(reader.Problem().empty(), !reader.Fields().empty());
+        }
+        EXPECT_LE(line, std::count(text.begin(), text.end(), '\n') + 1);
+    }
+}
+
+} // namespace

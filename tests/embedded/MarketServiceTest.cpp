@@ -1,0 +1,350 @@
+#include "embedded/MarketService.h"
+#include "embedded/DataError.h"
+#include "embedded/SeriesComparer.h"
+#include "embedded/UniverseFile.h"
+#include "platform/rtl/Numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+using namespace quorin;
+
+namespace {
+
+class TLanguage : public TCustomLanguageManager {
+public:
+    explicit TLanguage(TAppLanguage language) : FLanguage(language) {
+        ServiceRegistry::Install(static_cast<TCustomLanguageManager*>(this));
+    }
+    ~TLanguage() override { ServiceRegistry::Remove<TCustomLanguageManager>(); }
+    void RegisterLanguageCallback(const TDataCallbackEvent&, TObject*) override {}
+    void RemoveLanguageCallback(TObject*) override {}
+    TAppLanguage GetCurrentLanguage() const override { return FLanguage; }
+    String GetResourceString(StringView, StringView, TAppLanguage, Integer,
+                             Pointer) const override {
+        return {};
+    }
+    String GetResourceAttribute(StringView, StringView, StringView) const override { return {}; }
+
+private:
+    TAppLanguage FLanguage;
+};
+
+class TListener : public TObject {
+public:
+    explicit TListener(TEmbeddedMarketAdapter& market) : FMarket(market) {
+        market.AddExchangeListener(MakeEvent<&TListener::Exchange>(this), this);
+        market.AddFavoriteListener(MakeEvent<&TListener::Favorite>(this), this);
+        market.AddSpreadListener(MakeEvent<&TListener::Spread>(this), this);
+    }
+    ~TListener() override {
+        FMarket.RemoveExchangeListener(this);
+        FMarket.RemoveFavoriteListener(this);
+        FMarket.RemoveSpreadListener(this);
+    }
+    std::string Heard;
+
+private:
+    void Exchange(Pointer, Pointer) { Heard += "exchange "; }
+    void Favorite(Pointer, Pointer) { Heard += "favorite "; }
+    void Spread(Pointer sender, Pointer) {
+        for (const auto& table : *static_cast<TSpreadDictionary*>(sender)) {
+            EXPECT_EQ(table.Value->GetStatus(), SpreadTableLoaded);
+            Heard.append(table.Key.begin(), table.Key.end()).append(" ");
+        }
+    }
+    TEmbeddedMarketAdapter& FMarket;
+};
+
+constexpr TSpreadBand Bands[] = {{0.0, 10.0, 0.01}};
+
+class MarketServiceTest : public testing::Test {
+protected:
+    MarketServiceTest() {
+        Market.AddExchange({u"HKFE", u"HKD", u"CT", MarketOpen});
+        Market.AddExchange({u"SEHK", u"HKD", u"CL", 0});
+        Market.AddCategory({7, {u"Index options", u"指數期權", u""}});
+        Market.AddSeries({u"HSI", u"HKFE", 7, {u"Hang Seng", u"恒生", u"恒生指数"}});
+        Market.AddSeries({u"FIN", u"SEHK", 7, {u"Finance"}});
+        Option.Symbol = u"HSI25000L5";
+        Option.Exchange = u"HKFE";
+        Option.Series = u"HSI";
+        Option.Names = {u"HSI 25000 C", u"恒指購", u""};
+        Option.ProductType = ProductType::Options;
+        Option.SpreadCode = u"IDX";
+        Option.Underlyer = u"HSIZ5";
+        Option.ExpiryMonth = u"202512";
+        Option.StrikePrice = u"25000";
+        Option.CallPut = u"C";
+        Option.LotSize = 1.0;
+        Option.ContractSize = 50.0;
+    }
+    void TearDown() override {
+        EXPECT_EQ(Market.RegistrationCount(), 0);
+        EXPECT_EQ(Items.RegistrationCount(), 0);
+    }
+    std::string Deliver(TListener& listener) {
+        Market.Deliver();
+        return std::exchange(listener.Heard, {});
+    }
+
+    TEmbeddedSubscribeAdapter Items;
+    TEmbeddedMarketAdapter Market{Items};
+    TSymbolRecord Option;
+};
+
+TEST_F(MarketServiceTest, ListsTheUniverse) {
+    ASSERT_NE(Market.AddSymbol(Option), nullptr);
+    EXPECT_EQ(Market.GetExchangeCount(), 2);
+    EXPECT_EQ(Market.GetExchangeCode(1), u"SEHK");
+    EXPECT_EQ(Market.GetMarketStatus(u"HKFE"), MarketOpen);
+    EXPECT_NE(Market.GetMarketStatus(u"SEHK"), MarketOpen);
+    EXPECT_EQ(Market.GetSeriesCount(u"HKFE"), 1);
+    EXPECT_EQ(Market.GetSeriesCode(u"HKFE", 0), u"HSI");
+    EXPECT_EQ(Market.GetMarketDataCount(u"HKFE", u""), 1);
+    EXPECT_EQ(Market.GetMarketDataCount(u"HKFE", u"HSI"), 1);
+    EXPECT_EQ(Market.GetMarketDataCount(u"SEHK", u"HSI"), 0) << "a series of another exchange";
+
+    const TCustomMarketData* record = Market.FindMarketData(u"HSI25000L5");
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(Market.GetMarketDataAt(u"HKFE", u"HSI", 0), record);
+    EXPECT_EQ(record->GetExchange(), u"HKFE");
+    EXPECT_EQ(record->GetProductType(), ProductType::Options);
+    EXPECT_EQ(record->GetSeries(), u"HSI");
+    EXPECT_EQ(record->GetExpiryMonth(), u"202512");
+    EXPECT_EQ(record->GetStrikePrice(), u"25000");
+    EXPECT_EQ(record->GetCallPut(), u"C");
+    EXPECT_EQ(record->GetUnderlyer(), u"HSIZ5");
+    EXPECT_EQ(record->GetCurrency(), u"HKD") << "the currency of the exchange";
+    const TCustomSeriesData* series = Market.FindSeries(u"HSI");
+    EXPECT_EQ(series->GetNameLanguage2(), u"恒生指数");
+    EXPECT_EQ(Market.FindCategory(series->GetCategoryID())->GetNameLanguage1(), u"指數期權");
+    EXPECT_EQ(Market.FindCategory(7)->GetNameLanguage2(), u"Index options");
+}
+
+TEST_F(MarketServiceTest, AnswersNothingForWhatIsNotThere) {
+    for (const Integer index : {-1, 2, 99}) {
+        EXPECT_EQ(Market.GetExchangeCode(index), u"");
+        EXPECT_EQ(Market.GetSeriesCode(u"HKFE", index), u"");
+        EXPECT_EQ(Market.GetFavoriteSymbol(index), u"");
+        EXPECT_EQ(Market.GetFavoriteMarketData(index), nullptr);
+        EXPECT_EQ(Market.GetMarketDataAt(u"HKFE", u"", index), nullptr);
+    }
+    EXPECT_EQ(Market.GetMarketStatus(u"?"), 0);
+    EXPECT_EQ(Market.GetSeriesCount(u"?"), 0);
+    EXPECT_EQ(Market.GetMarketDataCount(u"?", u""), 0);
+    EXPECT_EQ(Market.FindSeries(u"?"), nullptr);
+    EXPECT_EQ(Market.FindCategory(-1), nullptr);
+    EXPECT_EQ(Market.FindMarketData(u""), nullptr);
+    EXPECT_EQ(Market.FindSpreadTable(u""), nullptr);
+    EXPECT_EQ(Market.GetSymbolName(u"?", TAppLanguage::None), u"");
+}
+
+TEST_F(MarketServiceTest, RefusesBadRecords) {
+    EXPECT_FALSE(Market.AddExchange({u"SEHK"}));
+    EXPECT_FALSE(Market.AddExchange({u""}));
+    EXPECT_FALSE(Market.AddCategory({7}));
+    EXPECT_FALSE(Market.AddSeries({u"HSI", u"SEHK", 7}));
+    EXPECT_FALSE(Market.AddSeries({u"NEW", u"?", 7}));
+    EXPECT_FALSE(Market.AddSpreadTable(u"", Bands));
+    EXPECT_FALSE(Market.AddSpreadTable(u"T", {}));
+    ASSERT_NE(Market.AddSymbol(Option), nullptr);
+    EXPECT_EQ(Market.AddSymbol(Option), nullptr) << "known";
+    Option.Symbol = u"OTHER";
+    Option.Exchange = u"SEHK";
+    EXPECT_EQ(Market.AddSymbol(Option), nullptr) << "the series is of another exchange";
+    EXPECT_EQ(Market.Universe().SymbolCount(), 1);
+}
+
+TEST_F(MarketServiceTest, NamesFollowTheLanguage) {
+    Market.AddSymbol(Option);
+    EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::None), u"HSI 25000 C");
+    EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::TraditionalChinese), u"恒指購");
+    EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::SimplifiedChinese), u"HSI 25000 C");
+    const TLanguage language(TAppLanguage::TraditionalChinese);
+    EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::None), u"恒指購");
+    EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::English), u"HSI 25000 C");
+}
+
+TEST_F(MarketServiceTest, ItemsKnowTheirRecord) {
+    Market.AddSymbol(Option);
+    const struct {
+        Integer field;
+        StringView text;
+    } cases[] = {
+        {Field::Exchange, u"HKFE"}, {Field::ProductType, u"3"},   {Field::Currency, u"HKD"},
+        {Field::LotSize, u"1"},     {Field::Underlyer, u"HSIZ5"}, {Field::StrikePrice, u"25000"},
+        {Field::CallPut, u"C"},     {Field::Expiry, u"202512"},   {Field::SpreadCode, u"IDX"},
+        {Field::Series, u"HSI"},    {Field::MarketState, u"CT"},  {Field::ContractSize, u"50"},
+    };
+    const TCustomSubItem* item = Items.GetSubItem(Option.Symbol, LiveDataType, false);
+    for (const auto& row : cases) EXPECT_EQ(item->FieldText(row.field), row.text) << row.field;
+    EXPECT_EQ(item->GetStatus(), ItemStatus::Waiting);
+    EXPECT_FALSE(item->HasField(Field::PreviousClose)) << "not known";
+    EXPECT_FALSE(item->HasField(Field::DisplayRatio));
+
+    const TCustomSubItem* early = Items.GetSubItem(u"LATE", LiveDataType, false);
+    EXPECT_FALSE(early->HasField(Field::Exchange));
+    Option.Symbol = u"LATE";
+    Market.AddSymbol(Option);
+    EXPECT_EQ(early->FieldText(Field::Exchange), u"HKFE");
+
+    EXPECT_TRUE(Market.SetMarketState(u"HKFE", u"CL", 0));
+    EXPECT_FALSE(Market.SetMarketState(u"?", u"CL", 0));
+    EXPECT_EQ(item->FieldText(Field::MarketState), u"CL");
+    EXPECT_NE(Market.GetMarketStatus(u"HKFE"), MarketOpen);
+}
+
+TEST_F(MarketServiceTest, FavoritesAreToldOfLater) {
+    TListener listener(Market);
+    Deliver(listener);
+    EXPECT_TRUE(Market.AddFavorite(u"B"));
+    EXPECT_FALSE(Market.AddFavorite(u"B"));
+    EXPECT_FALSE(Market.AddFavorite(u""));
+    EXPECT_TRUE(Market.AddFavorite(Option.Symbol));
+    EXPECT_EQ(listener.Heard, "");
+    EXPECT_EQ(Deliver(listener), "favorite ");
+    EXPECT_EQ(Deliver(listener), "");
+
+    EXPECT_EQ(Market.GetFavoriteSymbol(1), Option.Symbol);
+    EXPECT_EQ(Market.GetFavoriteMarketData(1), nullptr) << "the record is not loaded";
+    Market.AddSymbol(Option);
+    EXPECT_EQ(Market.GetFavoriteMarketData(1), Market.FindMarketData(Option.Symbol));
+    EXPECT_EQ(Deliver(listener), "exchange ");
+
+    EXPECT_FALSE(Market.RemoveFavorite(u"?"));
+    EXPECT_TRUE(Market.RemoveFavorite(u"B"));
+    EXPECT_FALSE(Market.IsFavorite(u"B"));
+    Market.AddFavorite(u"C");
+    Market.AddFavorite(u"D");
+    const String gone[] = {u"D", u"?", String(Option.Symbol), u"C"};
+    Market.RemoveFavorites(gone, -1);
+    EXPECT_EQ(Market.GetFavoriteCount(), 3);
+    Market.RemoveFavorites(gone, 2);
+    EXPECT_EQ(Market.GetFavoriteCount(), 1);
+    EXPECT_TRUE(Market.IsFavorite(u"C"));
+    EXPECT_EQ(Deliver(listener), "favorite ");
+}
+
+TEST_F(MarketServiceTest, TickTablesArriveLater) {
+    TListener listener(Market);
+    Deliver(listener);
+    ASSERT_TRUE(Market.AddSpreadTable(u"IDX", Bands));
+    EXPECT_EQ(Deliver(listener), "") << "nobody has asked";
+    TCustomSpreadTable* table = Market.FindSpreadTable(u"IDX");
+    ASSERT_NE(table, nullptr);
+    EXPECT_NE(table->GetStatus(), SpreadTableLoaded);
+    EXPECT_EQ(Market.FindSpreadTable(u"IDX"), table);
+    EXPECT_EQ(listener.Heard, "");
+    EXPECT_EQ(Deliver(listener), "IDX ");
+    EXPECT_EQ(table->MovePrice(1.0, 1), 1.01);
+    Market.FindSpreadTable(u"IDX");
+    EXPECT_EQ(Deliver(listener), "") << "it is there";
+
+    EXPECT_EQ(Market.FindSpreadTable(u"LATE"), nullptr);
+    EXPECT_TRUE(Market.AddSpreadTable(u"LATE", Bands));
+    EXPECT_FALSE(Market.AddSpreadTable(u"LATE", Bands));
+    EXPECT_EQ(Deliver(listener), "LATE ") << "asked for before it was there";
+
+    Market.SetSpreadTablesAtOnce(true);
+    Market.AddSpreadTable(u"NOW", Bands);
+    EXPECT_EQ(Market.FindSpreadTable(u"NOW")->GetStatus(), SpreadTableLoaded);
+    EXPECT_EQ(Deliver(listener), "");
+}
+
+TEST_F(MarketServiceTest, ReadinessIsASwitch) {
+    TListener listener(Market);
+    Deliver(listener);
+    EXPECT_TRUE(Market.IsMarketDataReady());
+    Market.SetMarketDataReady(false);
+    EXPECT_FALSE(Market.IsMarketDataReady());
+    EXPECT_EQ(Deliver(listener), "exchange ");
+    Market.SetMarketDataReady(false);
+    EXPECT_EQ(Deliver(listener), "");
+}
+
+TEST(SeriesComparer, SortsNaturally) {
+    TList<String> list;
+    for (const Char* code : {u"B1", u"a10", u"A9", u"", u"A09"}) list.Add(code);
+    TEmbeddedSeriesComparer().SortSeries(u"SEHK", list);
+    TList<String> sorted;
+    for (const Char* code : {u"", u"A09", u"A9", u"a10", u"B1"}) sorted.Add(code);
+    EXPECT_EQ(list, sorted);
+}
+
+TEST(UniverseFile, ShippedUniverseIsSound) {
+    TEmbeddedSubscribeAdapter items;
+    TEmbeddedMarketAdapter market(items);
+    LoadUniverse(std::filesystem::path(QUORIN_DATA_DIR) / "universe", market);
+    market.SetSpreadTablesAtOnce(true);
+    EXPECT_GE(market.GetMarketDataCount(u"SEHK", u""), 30);
+    for (Integer index = 0; index < market.GetMarketDataCount(u"SEHK", u""); ++index) {
+        const TCustomMarketData* record = market.GetMarketDataAt(u"SEHK", u"", index);
+        SCOPED_TRACE(std::string(record->GetSymbol().begin(), record->GetSymbol().end()));
+        const TCustomSubItem* item = items.GetSubItem(record->GetSymbol(), LiveDataType, false);
+        const Double close = item->GetFieldDouble(Field::PreviousClose);
+        const TCustomSpreadTable* table =
+            market.FindSpreadTable(item->FieldText(Field::SpreadCode));
+        ASSERT_NE(table, nullptr);
+        EXPECT_EQ(table->MovePrice(table->MovePrice(close, 1), -1), close) << "off the ticks";
+        EXPECT_GT(item->GetFieldDouble(Field::LotSize), 0.0);
+        EXPECT_NE(market.FindCategory(market.FindSeries(record->GetSeries())->GetCategoryID()),
+                  nullptr);
+    }
+    EXPECT_EQ(market.GetSymbolName(u"00700", TAppLanguage::English), u"Tencent Holdings");
+    EXPECT_EQ(market.GetSymbolName(u"00700", TAppLanguage::TraditionalChinese), u"騰訊控股");
+    EXPECT_EQ(market.GetSymbolName(u"00700", TAppLanguage::SimplifiedChinese), u"腾讯控股");
+    EXPECT_GT(market.GetFavoriteCount(), 0);
+    EXPECT_NE(market.GetFavoriteMarketData(0), nullptr);
+}
+
+TEST(UniverseFile, TellsFileAndLineOfAFault) {
+    const auto folder = std::filesystem::path(testing::TempDir()) / "quorin-universe";
+    const struct {
+        const char* name;
+        const char* file;
+        const char* content;
+        std::string message;
+    } cases[] = {
+        {"missing", "exchanges.csv", nullptr, "exchanges.csv: the file cannot be opened"},
+        {"empty", "series.csv", "", "series.csv:1: the file has no header"},
+        {"column", "symbols.csv", "code,name,exchange\n",
+         "symbols.csv:1: the column \"series\" is missing"},
+        {"fields", "categories.csv", "id,name\n1,x\n2\n",
+         "categories.csv:3: wrong number of fields"},
+        {"number", "symbols.csv", "code,name,exchange,series,lot\nA,\"x\ny\",E,S,5\nB,x,E,S,many\n",
+         "symbols.csv:4: \"many\" in column \"lot\" is no number"},
+        {"quote", "tick-tables.csv", "code,from,to,step\nA,0,\"1,2\n",
+         "tick-tables.csv:2: a quote is not closed"},
+        {"twice", "favorites.csv", "code\nA\n\nA\n",
+         "favorites.csv:4: the favourite is empty or there already"},
+        {"exchange", "series.csv", "code,exchange,category,name\nS,?,1,x\n",
+         "series.csv:2: the series is empty or there already, or its exchange is not"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        std::filesystem::create_directories(folder);
+        const auto write = [&](const char* file, const char* content) {
+            if (content != nullptr) std::ofstream(folder / file, std::ios::binary) << content;
+        };
+        write("exchanges.csv", "code\nE\n");
+        write("categories.csv", "id,name\n1,x\n");
+        write("series.csv", "exchange,code,category,name,remark\nE,S,1,x,\n");
+        write("tick-tables.csv", "code,from,to,step\nT,0,1,0.1\n");
+        write("symbols.csv", "code,name,exchange,series\nA,x,E,S\n");
+        std::filesystem::remove(folder / row.file);
+        write(row.file, row.content);
+        TEmbeddedSubscribeAdapter items;
+        TEmbeddedMarketAdapter market(items);
+        try {
+            LoadUniverse(folder, market);
+            ADD_FAILURE() << "loaded";
+        } catch (const EDataError& error) {
+            EXPECT_EQ(error.what(), (folder / "").string() + row.message);
+        }
+        std::filesystem::remove_all(folder);
+    }
+}
+
+} // namespace
