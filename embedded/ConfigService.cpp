@@ -63,7 +63,7 @@ private:
             self.Refuse(LineTooLong);
             line = {};
         }
-        std::memcpy(buffer, line.data(), line.size());
+        line.copy(buffer, line.size());
         buffer[line.size()] = '\0';
         return buffer;
     }
