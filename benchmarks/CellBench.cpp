@@ -20,8 +20,9 @@ namespace {
 namespace A = MarketAttribute;
 
 constexpr std::array<Integer, 11> NumericColumns{
-    A::BestBid, A::BestAsk, A::LastPrice, A::BestBidQuantity, A::Volume,
-    A::BestAskQuantity, A::StrikePrice, A::PreviousClose, A::HighPrice, A::LowPrice, A::OpenPrice};
+    A::BestBid,   A::BestAsk,         A::LastPrice,   A::BestBidQuantity,
+    A::Volume,    A::BestAskQuantity, A::StrikePrice, A::PreviousClose,
+    A::HighPrice, A::LowPrice,        A::OpenPrice};
 
 Integer TagOfColumn(Integer column) {
     return NumericColumns[static_cast<std::size_t>(column) % NumericColumns.size()];
@@ -88,6 +89,7 @@ struct TFeed {
 };
 
 struct TControl {
+    explicit TControl(TFeed& feed) : Feed(feed) {}
     virtual ~TControl() = default;
     virtual Variant GetValue(Integer record, Integer attribute) {
         if (record < 0 || record >= static_cast<Integer>(Rows.size())) return Variant(u"");
@@ -95,10 +97,11 @@ struct TControl {
         return item != nullptr ? Variant(item->Number(attribute)) : Variant(u"");
     }
     TFeed& Feed;
-    std::vector<String> Rows{};
+    std::vector<String> Rows;
 };
 
 struct TSource {
+    explicit TSource(TControl& control) : Control(control) {}
     virtual ~TSource() = default;
     virtual Variant GetValue(Pointer record, Pointer item) {
         const auto column = static_cast<std::size_t>(TcxCustomDataSource::IndexOfHandle(item));
@@ -106,7 +109,7 @@ struct TSource {
         return Control.GetValue(TcxCustomDataSource::IndexOfHandle(record), Tags[column]);
     }
     TControl& Control;
-    std::vector<Integer> Tags{};
+    std::vector<Integer> Tags;
 };
 
 } // namespace ByHand
@@ -114,8 +117,8 @@ struct TSource {
 void HandWrittenCells(benchmark::State& state) {
     const auto size = static_cast<Integer>(state.range(0));
     ByHand::TFeed feed;
-    ByHand::TControl control{feed};
-    ByHand::TSource source{control};
+    ByHand::TControl control(feed);
+    ByHand::TSource source(control);
     for (Integer index = 0; index < size; ++index) {
         const String symbol = SymbolAt(index);
         auto item = std::make_unique<ByHand::TItem>();

@@ -12,8 +12,9 @@ namespace quorin {
 
 // Keys to values, in the order of insertion, which removals of other keys do not disturb. Look-ups
 // take a view of the key and allocate nothing. Removing takes constant time and moves no entry, so
-// that a loop over the dictionary may remove any key; adding may move entries and ends the
-// validity of addresses and iterators. Values must be default-constructible.
+// that a loop over the dictionary may remove any key; the loop's own references are empty once it
+// has removed what they refer to. Adding may move entries and ends the validity of addresses and
+// iterators. Values must be default-constructible.
 template <class K, class V>
 class TDictionary {
     using Traits = TKeyTraits<K>;
@@ -68,6 +69,23 @@ class TDictionary {
     };
 
 public:
+    TDictionary() = default;
+    TDictionary(const TDictionary&) = default;
+    TDictionary& operator=(const TDictionary&) = default;
+    // What is moved from is empty.
+    TDictionary(TDictionary&& other) noexcept
+        : FEntries(std::move(other.FEntries)), FCells(std::move(other.FCells)),
+          FSpareKeys(std::move(other.FSpareKeys)), FCount(std::exchange(other.FCount, 0)) {}
+    TDictionary& operator=(TDictionary&& other) noexcept {
+        TDictionary taken(std::move(other));
+        FEntries.swap(taken.FEntries);
+        FCells.swap(taken.FCells);
+        FSpareKeys.swap(taken.FSpareKeys);
+        std::swap(FCount, taken.FCount);
+        return *this;
+    }
+    ~TDictionary() = default;
+
     Integer Count() const { return static_cast<Integer>(FCount); }
     bool IsEmpty() const { return FCount == 0; }
     bool ContainsKey(View key) const { return FindCell(key) != NoCell; }

@@ -5,12 +5,15 @@
 #include "terminal/console/Screen.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 
 namespace quorin {
 namespace {
+
+using TClock = std::chrono::steady_clock;
 
 constexpr const char* ProgramName = "quorin-console";
 constexpr const char* SampleRecording = "recordings/sample.csv";
@@ -41,16 +44,22 @@ void PrintEnd(TReplaySession& session) {
 void ShowOnScreen(TReplaySession& session, const TConsoleOptions& options) {
     {
         TScreen screen;
+        const auto start = TClock::now();
+        Double nextStep = options.PollInterval; // seconds after the start
         bool isPlaying = true;
         auto event = TScreen::TEvent::Resized;
         while (event != TScreen::TEvent::Ended) {
-            if (event == TScreen::TEvent::Timeout && isPlaying) isPlaying = session.Step();
+            if (event == TScreen::TEvent::Timeout) {
+                isPlaying = isPlaying && session.Step();
+                nextStep += options.PollInterval;
+            }
             const Integer room = std::max<Integer>(screen.Height() - FrameLinesBesideRows, 1);
             session.Watch().View().SetVisibleRowCapacity(std::min(options.Rows, room));
             if (session.Watch().View().TakeRepaint() || event == TScreen::TEvent::Resized) {
                 screen.Paint(session.Frame());
             }
-            event = screen.Wait(options.PollInterval);
+            const std::chrono::duration<Double> elapsed = TClock::now() - start;
+            event = screen.Wait(nextStep - elapsed.count());
         }
     }
     std::cout << SummaryText(session.Summary());

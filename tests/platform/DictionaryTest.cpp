@@ -145,6 +145,11 @@ TEST(TDictionaryTest, CopiesAndMovesStandAlone) {
     EXPECT_TRUE(first.IsEmpty());
     EXPECT_FALSE(first.ContainsKey(u"a"));
     EXPECT_TRUE(moved.ContainsKey(u"a"));
+    TDictionary<String, int> third = std::move(copy);
+    EXPECT_EQ(copy.Count(), 0); // NOLINT: what is moved from is empty and serves again
+    copy.Add(u"b", 3);
+    EXPECT_EQ(copy.Count(), 1);
+    EXPECT_EQ(third.Count(), 1);
 }
 
 } // namespace

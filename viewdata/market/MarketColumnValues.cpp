@@ -108,7 +108,12 @@ Double ChangePercent(StringView symbol) {
     return value;
 }
 
-// A descendant's GetValue may answer anything; what is no number counts as 0.0.
+// A descendant's GetValue may answer anything: what has no text shows none, what is no number
+// counts as 0.0.
+String TextOf(const Variant& value) {
+    return value.IsArray() ? String() : value.ToText();
+}
+
 Double NumberOf(const Variant& value) {
     Double number = 0.0;
     value.TryToDouble(number);
@@ -162,7 +167,7 @@ Variant TCustomMarketDataControl::GetValue(Integer RecordIndex, Integer Attribut
 
 String TCustomMarketDataControl::GetDisplayValue(Integer RecordIndex, Integer Attribute) {
     if (!FDataList.Has(RecordIndex) || Attribute < 0) return EmptyDisplayText;
-    const String symbol = FDataList[RecordIndex];
+    const String& symbol = FDataList[RecordIndex];
     if (Attribute >= FirstCustomColumn) return CustomColumnText(RecordIndex, Attribute, symbol);
     // clang-format off
     switch (Attribute) {
@@ -183,7 +188,7 @@ String TCustomMarketDataControl::GetDisplayValue(Integer RecordIndex, Integer At
     case A::ShortPosition:   return PositionText(RecordIndex, Attribute, symbol);
     case A::RequiredMargin:  return RequiredMarginText(symbol);
     // Texts and unknown columns: what GetValue answers, which may be empty.
-    default:                 return GetValue(RecordIndex, Attribute).ToText();
+    default:                 return TextOf(GetValue(RecordIndex, Attribute));
     }
     // clang-format on
 }
@@ -197,24 +202,33 @@ Variant TCustomMarketDataControl::PositionSize(StringView symbol, Double side) c
 }
 
 String TCustomMarketDataControl::PositionText(Integer RecordIndex, Integer Attribute,
-                                              StringView symbol) {
+                                              const String& symbol) {
+    const String named(symbol);
     const Double size = NumberOf(GetValue(RecordIndex, Attribute));
     if (!(size > 0.0)) return EmptyDisplayText;
-    return TCustomFormatter::GetInstance()->FormatValue(size, DisplayDataType::Quantity, symbol,
+    return TCustomFormatter::GetInstance()->FormatValue(size, DisplayDataType::Quantity, named,
                                                         /*Flag=*/true, nullptr);
 }
 
+// Only what the maker of a text says there is replaces the empty display.
+template <class Maker>
+String TCustomMarketDataControl::ShownText(Maker make) const {
+    String text;
+    if (!make(text)) text = EmptyDisplayText;
+    return text;
+}
+
+// The recipes that call out more than once keep the symbol themselves: its row may go meanwhile.
 Double TCustomMarketDataControl::RequiredMargin(StringView symbol) {
     Double value = 0.0;
-    const String named(symbol); // the search subscribes, and the row may go meanwhile
+    const String named(symbol);
     GetRequireMargin(named, value);
     return value;
 }
 
 String TCustomMarketDataControl::RequiredMarginText(StringView symbol) {
-    String text = EmptyDisplayText;
-    GetRequireMargin(symbol, text);
-    return text;
+    const String named(symbol);
+    return ShownText([&](String& text) { return GetRequireMargin(named, text); });
 }
 
 // Only options have a strike to show, whatever the field holds.
@@ -227,27 +241,27 @@ String TCustomMarketDataControl::StrikePriceText(StringView symbol) const {
 }
 
 String TCustomMarketDataControl::PriceText(StringView symbol, Integer attribute) const {
-    String text = EmptyDisplayText;
-    TCustomMarketDataFormatter::GetInstance()->FormatPrice(symbol, attribute, text);
-    return text;
+    return ShownText([&](String& text) {
+        return TCustomMarketDataFormatter::GetInstance()->FormatPrice(symbol, attribute, text);
+    });
 }
 
 String TCustomMarketDataControl::VolumeText(StringView symbol, Integer attribute) const {
-    String text = EmptyDisplayText;
-    TCustomMarketDataFormatter::GetInstance()->FormatVolume(symbol, attribute, text);
-    return text;
+    return ShownText([&](String& text) {
+        return TCustomMarketDataFormatter::GetInstance()->FormatVolume(symbol, attribute, text);
+    });
 }
 
 String TCustomMarketDataControl::ChangeText(StringView symbol) const {
-    String text = EmptyDisplayText;
-    TCustomMarketDataFormatter::GetInstance()->GetAttribute48Text(symbol, text);
-    return text;
+    return ShownText([&](String& text) {
+        return TCustomMarketDataFormatter::GetInstance()->GetAttribute48Text(symbol, text);
+    });
 }
 
 String TCustomMarketDataControl::ChangePercentText(StringView symbol) const {
-    String text = EmptyDisplayText;
-    TCustomMarketDataFormatter::GetInstance()->GetAttribute130Text(symbol, text);
-    return text;
+    return ShownText([&](String& text) {
+        return TCustomMarketDataFormatter::GetInstance()->GetAttribute130Text(symbol, text);
+    });
 }
 
 String TCustomMarketDataControl::CustomColumnType(Integer attribute) const {
@@ -263,15 +277,16 @@ Variant TCustomMarketDataControl::GetFieldValue(TCustomSubItem* Item, Integer At
 }
 
 String TCustomMarketDataControl::CustomColumnText(Integer RecordIndex, Integer Attribute,
-                                                  StringView symbol) {
+                                                  const String& symbol) {
+    const String named(symbol);
     const String type = CustomColumnType(Attribute);
-    if (!IsNumericType(type)) return GetValue(RecordIndex, Attribute).ToText();
+    if (!IsNumericType(type)) return TextOf(GetValue(RecordIndex, Attribute));
     const TCustomSubItem* item =
         TCustomSubscribeAdapter::GetInstance()->GetSubItem(symbol, LiveDataType, /*Flag=*/false);
     if (!item->HasField(Attribute - FirstCustomColumn)) return EmptyDisplayText;
     const TDisplayDataType dataType = GetDataType(type);
     const Double value = NumberOf(GetValue(RecordIndex, Attribute));
-    return TCustomFormatter::GetInstance()->FormatValue(value, dataType, symbol, /*Flag=*/true,
+    return TCustomFormatter::GetInstance()->FormatValue(value, dataType, named, /*Flag=*/true,
                                                         nullptr);
 }
 

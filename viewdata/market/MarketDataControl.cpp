@@ -66,7 +66,9 @@ void TCustomMarketDataControl::SetCategory(Integer CategoryID) {
 }
 
 void TCustomMarketDataControl::SetExchangeAndCategory(StringView Exchange, Integer CategoryID) {
-    SetExchange(Exchange);
+    const TLifeline::TWatch watch(FLifeline);
+    SetExchange(Exchange); // a descendant's may signal
+    if (!watch.IsAlive()) return;
     SetCategory(CategoryID);
     InitData();
 }
@@ -123,7 +125,10 @@ void TCustomMarketDataControl::InitFavoriteData() {
 void TCustomMarketDataControl::AddMarketData(TCustomMarketData* Data) {
     if (Data == nullptr) return;
     const String& symbol = Data->GetSymbol();
-    if (FDataDictionary.Add(symbol, Data)) FDataList.Add(symbol);
+    if (!FDataDictionary.Add(symbol, Data)) return;
+    // Only rows without a record can have the symbol already; without such rows nobody searches.
+    const Boolean hasRecordlessRows = FDataList.Count() != FDataDictionary.Count() - 1;
+    if (!hasRecordlessRows || !FDataList.Contains(symbol)) FDataList.Add(symbol);
 }
 
 void TCustomMarketDataControl::ClearAll() {
@@ -204,6 +209,7 @@ void TCustomMarketDataControl::SymbolRealtimeUpdate(TObject* Sender) {
 }
 
 Boolean TCustomMarketDataControl::UpdateSymbolMessage(TCustomSubItem* Item) {
+    if (Item == nullptr) return false;
     TCustomSubItem** followed = FSubscribedDataList.Find(Item->GetKey());
     if (followed == nullptr) return false;
     if (*followed == nullptr) *followed = Item;
@@ -223,6 +229,9 @@ void TCustomMarketDataControl::SetAccount(StringView Account) {
     if (TCustomLoginCtrl::GetInstance()->IsLogin()) {
         TCustomPositionAdapter::GetInstance()->ChangePositionAccount(
             Account, MakeEvent<&TCustomMarketDataControl::PositionUpdate>(this), this, FAccount);
+    } else {
+        // What was registered before a logout would be out of reach once the account is another.
+        TCustomPositionAdapter::GetInstance()->RemovePositionCallback(FAccount, this);
     }
     FAccount = Account;
     UpdateMonitoringPosition();
@@ -247,7 +256,9 @@ void TCustomMarketDataControl::FavoriteMarketDataCountUpdate(Pointer, Pointer) {
     if (!FIsFavoriteExchange) return;
     const Integer countBefore = FDataList.Count();
     const TList<String> symbols = FSubscribedDataList.Keys();
+    const TLifeline::TWatch watch(FLifeline);
     InitFavoriteData();
+    if (!watch.IsAlive()) return;
     if (FDataList.Count() != countBefore || symbols.IsEmpty()) return;
     std::vector<Integer> rows;
     for (const String& symbol : symbols) {

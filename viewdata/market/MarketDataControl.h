@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/rtl/Lifeline.h"
 #include "platform/rtl/TDictionary.h"
 #include "viewdata/frame/DataControl.h"
 #include "viewdata/services/ClientOrder.h"
@@ -44,14 +45,15 @@ class TCustomMarketDataControl : public TCustomDataControl {
     Integer GetCount() override { return FDataList.Count(); }
     Variant GetValue(Integer RecordIndex, Integer Attribute) override;
     String GetDisplayValue(Integer RecordIndex, Integer Attribute) override;
-    // Signals when the bond style differs from the one last seen.
+    // Signals when the bond style differs from the one last seen; a receiver may free the control
+    // there, so that an override reads its own settings before the inherited call or guards itself.
     void ConfigUpdate(Pointer Sender, Pointer Data) override;
 
     // Operations, in order
 
-    // Reloads the rows of the exchange or favourites, or with an empty exchange and a category of
-    // 0 or more those of every exchange, and signals. Keeps everything while the universe is not
-    // ready; the caller asks again later.
+    // Reloads the rows and signals: those of the exchange or the favourites; with an empty exchange
+    // and a category of 0 or more those of every exchange; with neither none. Except for favourites
+    // it keeps everything while the universe is not ready, and the caller asks again later.
     virtual void InitData();
     // Reloads the rows from the favourites, also those whose record is not loaded, and signals.
     virtual void InitFavoriteData();
@@ -67,8 +69,8 @@ class TCustomMarketDataControl : public TCustomDataControl {
     virtual void SetCategory(Integer CategoryID);
     // Appends the row of a record unless the list has it; nil adds nothing. No signal.
     virtual void AddMarketData(TCustomMarketData* Data);
-    // The favourites have changed: reloads them while they are what is shown and, when no row came
-    // or went, subscribes again what was subscribed.
+    // The favourites have changed: reloads them while they are what is shown and, when there are as
+    // many rows as before, subscribes again what was subscribed.
     virtual void FavoriteMarketDataCountUpdate(Pointer Sender, Pointer Data);
     // The account of position columns and quick orders; an unknown one is ignored. Signals.
     virtual void SetAccount(StringView Account);
@@ -78,7 +80,7 @@ class TCustomMarketDataControl : public TCustomDataControl {
     // the account and positions are shown.
     virtual void PositionUpdate(Pointer Sender, Pointer Data);
     // Margin that one contract requires, as amount text or in the currency of the product. False
-    // leaves Margin alone.
+    // leaves Margin alone; no margin is worked out yet.
     virtual Boolean GetRequireMargin(StringView Symbol, String& Margin);
     virtual Boolean GetRequireMargin(StringView Symbol, Double& Margin);
     // Margin items have changed: Sender is a TSubItemDictionary or nil.
@@ -90,11 +92,11 @@ class TCustomMarketDataControl : public TCustomDataControl {
     virtual Boolean UpdateSymbolMessage(TCustomSubItem* Item);
     // What a view calls to show a market: chooses and reloads.
     virtual void SetExchangeAndCategory(StringView Exchange, Integer CategoryID);
-    // Asks the application to add a favourite; always True.
+    // Editing of favourites and quick orders. Nothing is sent from this list yet: each answers
+    // False.
     virtual Boolean AddFavoritePrice();
     virtual Boolean RemoveFavoritePrice(Integer RecordIndex);
     virtual Boolean ClearAllFavoritePrice();
-    // Quick orders of one lot on the row's symbol: True when the order was taken.
     virtual Boolean BuyMarketOrder(Integer RecordIndex);
     virtual Boolean SellMarketOrder(Integer RecordIndex);
     virtual Boolean BuyLastOrder(Integer RecordIndex);
@@ -105,15 +107,16 @@ class TCustomMarketDataControl : public TCustomDataControl {
     // The rows now on screen: exactly these are subscribed afterwards, all others released. An
     // index outside the list and a row named twice are skipped. Always True.
     virtual Boolean ViewRecordChanged(std::span<const Integer> Value);
-    // Lines of label and value that describe the row's product, apart by "\r\n".
+    // A text that describes the row's product; empty as yet.
     virtual String GetProductInfo(Integer RecordIndex);
     // The row's symbol, empty outside the list.
     virtual String GetSymbol(Integer RecordIndex);
-    // Hands the price or quantity of a cell to order entry.
+    // Hands the price or quantity of a cell to order entry; nothing is handed over yet.
     virtual void CopyPrice(Integer RecordIndex, Integer Attribute);
     // Moves a row within the list and signals; subscriptions stay with their symbols.
     virtual void MoveRecord(Integer FromRecordIndex, Integer ToRecordIndex);
-    // How the last price moved at the row's latest update; False before its second one.
+    // How the last price moved at the row's latest update since the list was loaded, against the
+    // price before, which is remembered beyond a reload. False before there is such a move.
     virtual Boolean GetLastPriceMoveTick(Integer RecordIndex, TPriceChangeState& UpDownTick);
 
     // Not virtual
@@ -161,18 +164,21 @@ private:
 
     // Recipes of the columns.
     Variant PositionSize(StringView symbol, Double side) const;
-    String PositionText(Integer RecordIndex, Integer Attribute, StringView symbol);
+    String PositionText(Integer RecordIndex, Integer Attribute, const String& symbol);
     String RequiredMarginText(StringView symbol);
     Double RequiredMargin(StringView symbol);
     String StrikePriceText(StringView symbol) const;
     String CustomColumnType(Integer attribute) const;
-    String CustomColumnText(Integer RecordIndex, Integer Attribute, StringView symbol);
+    String CustomColumnText(Integer RecordIndex, Integer Attribute, const String& symbol);
+    template <class Maker>
+    String ShownText(Maker make) const;
     String PriceText(StringView symbol, Integer attribute) const;
     String VolumeText(StringView symbol, Integer attribute) const;
     String ChangeText(StringView symbol) const;
     String ChangePercentText(StringView symbol) const;
 
     String FSpreadCode; // reused from update to update
+    TLifeline FLifeline;
 };
 
 } // namespace quorin

@@ -129,7 +129,8 @@ void TSymbolMarketTrade::KeepQuote(const TQuotePrice& bid, const TQuotePrice& as
 TSymbolMarketTrade::TQuotePrice TSymbolMarketTrade::ReadQuote(const TCustomSubItem& item,
                                                               Integer field) {
     TQuotePrice quote;
-    quote.IsValid = TryParseDouble(item.FieldText(field), quote.Price);
+    item.GetFieldString(field, FQuoteText);
+    quote.IsValid = TryParseDouble(FQuoteText, quote.Price);
     return quote;
 }
 

@@ -80,7 +80,7 @@ protected:
     enum class TDetectorFlag : Integer { Undecided = 0, Detecting = 1, Off = 2 };
 
     TCustomSubItem* LiveItem() const;
-    static TQuotePrice ReadQuote(const TCustomSubItem& item, Integer field);
+    TQuotePrice ReadQuote(const TCustomSubItem& item, Integer field);
     void KeepQuote(const TQuotePrice& bid, const TQuotePrice& ask);
     void TakeFirstLines();
     void TakeNewLines(const TQuotePrice& bid, const TQuotePrice& ask);
@@ -103,6 +103,7 @@ protected:
     Boolean FLastAskValid = false;
     TDetectorFlag FDetectorFlag = TDetectorFlag::Undecided;
     Int64 FTakenCount = 0;
+    String FQuoteText; // reused from update to update
 };
 
 // Tells which side of the market each reported trade hit, from the five latest trade lines of a

@@ -1,0 +1,75 @@
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+// Prints the table of Google Benchmark and under it the ratios that the library promises. Both
+// sides of a ratio come from one run, so that they hold on a machine that is not alone.
+
+namespace {
+
+struct TRatio {
+    const char* Promise;
+    const char* Measured;
+    const char* Against;
+    double Limit;
+};
+
+constexpr TRatio Ratios[] = {
+    {"numeric cell against a chain by hand, 1,000 symbols", "LibraryCells/1000",
+     "HandWrittenCells/1000", 1.5},
+    {"numeric cell against a chain by hand, 1,000,000 symbols", "LibraryCells/1000000",
+     "HandWrittenCells/1000000", 1.5},
+    {"numeric cell, 1,000,000 symbols against 1,000", "LibraryCells/1000000", "LibraryCells/1000",
+     1.5},
+    {"delivered batch, 1,000,000 symbols against 1,000", "DeliverBatch/1000000",
+     "DeliverBatch/1000", 1.5},
+    {"loading 1,000,000 rows against a vector and a map by hand", "LoadControl/1000000",
+     "LoadByHand/1000000", 1.5},
+};
+
+class TRatioReporter : public benchmark::ConsoleReporter {
+public:
+    using ConsoleReporter::ConsoleReporter;
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs) {
+            if (run.error_occurred) continue;
+            // Repetitions give a median of their own, which comes last and is the one that counts.
+            const bool counts = run.run_type == Run::RT_Iteration || run.aggregate_name == "median";
+            if (counts)
+                FSeconds[run.run_name.function_name + "/" + run.run_name.args] =
+                    run.GetAdjustedCPUTime();
+        }
+    }
+
+    void Finalize() override {
+        ConsoleReporter::Finalize();
+        std::printf("\n%-60s %8s %8s\n", "Ratio", "measured", "at most");
+        for (const TRatio& ratio : Ratios) {
+            const auto measured = FSeconds.find(ratio.Measured);
+            const auto against = FSeconds.find(ratio.Against);
+            if (measured == FSeconds.end() || against == FSeconds.end()) continue;
+            const double value = measured->second / against->second;
+            std::printf("%-60s %8.2f %8.2f%s\n", ratio.Promise, value, ratio.Limit,
+                        value > ratio.Limit ? "  ABOVE" : "");
+        }
+    }
+
+private:
+    std::map<std::string, double> FSeconds;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+    TRatioReporter reporter(benchmark::ConsoleReporter::OO_Defaults);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return 0;
+}
