@@ -6,23 +6,23 @@ namespace quorin {
 
 // What the host says of an account.
 struct TAccountDetails {
-    String Tag;
-    String Name;
+    String Tag = {};
+    String Name = {};
     Integer Type = 0; // one of AccountType, or another number
-    String MasterAccount;
-    String Tel;
-    String HomeTel;
-    String Mobile;
-    String NationalID;
-    String Gender;
+    String MasterAccount = {};
+    String Tel = {};
+    String HomeTel = {};
+    String Mobile = {};
+    String NationalID = {};
+    String Gender = {};
     Integer MarginType = MarginType::Cash;
-    String Title;
-    String PrincipalType;
+    String Title = {};
+    String PrincipalType = {};
     Integer Status = 0; // bits of AccountStatus
     bool IsAggregate = false;
-    String GroupID;
+    String GroupID = {};
     bool IsProfessionalInvestor = false;
-    TDictionary<String, String> Fields; // named attributes
+    TDictionary<String, String> Fields = {}; // named attributes
 };
 
 // An account with its holder's details. It has no figures: no record in any currency.

@@ -71,7 +71,9 @@ TCustomAccount* TEmbeddedAccountAdapter::GetAccount(StringView Account, Boolean)
     return account != nullptr ? account->get() : nullptr;
 }
 
-void TEmbeddedAccountAdapter::RequestAccountList(String&, Boolean) { FTellReady = FReady; }
+void TEmbeddedAccountAdapter::RequestAccountList(String&, Boolean) {
+    FTellReady = FReady;
+}
 
 void TEmbeddedAccountAdapter::GetSubAccountList(StringView Account,
                                                 TAccountDictionary& List) const {
@@ -92,7 +94,9 @@ String TEmbeddedAccountAdapter::FindAccountByText(StringView Text) const {
     return {};
 }
 
-String TEmbeddedAccountAdapter::GetCustomAccountValue(StringView, StringView) const { return {}; }
+String TEmbeddedAccountAdapter::GetCustomAccountValue(StringView, StringView) const {
+    return {};
+}
 
 TCustomAccountData* TEmbeddedAccountAdapter::GetSubAccountData(StringView, StringView) const {
     return nullptr;
@@ -148,7 +152,8 @@ void TEmbeddedAccountAdapter::DeliverChanges(TAccountDictionary& changed) {
 
 Integer TEmbeddedAccountAdapter::RegistrationCount() const {
     return FAccountCallbacks.Count() + FSubAccountCallbacks.Count() + FInfoLoadCallbacks.Count() +
-           FAllAccountCallbacks.Count() + FReadyCallbacks.Count() + FSubAccountLoadCallbacks.Count();
+           FAllAccountCallbacks.Count() + FReadyCallbacks.Count() +
+           FSubAccountLoadCallbacks.Count();
 }
 
 } // namespace quorin

@@ -63,7 +63,7 @@ private:
             self.Refuse(LineTooLong);
             line = {};
         }
-        std::memcpy(buffer, line.data(), line.size());
+        line.copy(buffer, line.size());
         buffer[line.size()] = '\0';
         return buffer;
     }
@@ -99,7 +99,8 @@ private:
 
 void TEmbeddedConfigManager::Load(const std::filesystem::path& path) {
     TSettingsReader reader(ReadWholeFile(path));
-    if (const int line = reader.Read(); line != 0) throw EDataError(path.string(), line, reader.Reason());
+    if (const int line = reader.Read(); line != 0)
+        throw EDataError(path.string(), line, reader.Reason());
     FSections = reader.TakeSections();
     FChanged = true;
 }
@@ -127,7 +128,9 @@ void TEmbeddedConfigManager::RegisterConfigCallback(const TDataCallbackEvent& Ca
     FCallbacks.Add(Owner, Callback);
 }
 
-void TEmbeddedConfigManager::RemoveConfigCallback(TObject* Owner) { FCallbacks.Remove(Owner); }
+void TEmbeddedConfigManager::RemoveConfigCallback(TObject* Owner) {
+    FCallbacks.Remove(Owner);
+}
 
 String TEmbeddedConfigManager::ReadString(StringView Section, StringView Key) const {
     const String* value = Find(Section, Key);

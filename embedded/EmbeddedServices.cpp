@@ -26,7 +26,8 @@ Integer SumRegistrations(const Services&... services) {
 TEmbeddedServices::TEmbeddedServices(const TEmbeddedOptions& options)
     : FChannels(options.Host), FMessageBox(options.Host), FLog(options.Host) {
     if (!options.SettingsPath.empty()) FConfig.Load(options.SettingsPath);
-    if (!options.DataDirectory.empty()) FLanguage.LoadFolder(options.DataDirectory / LanguageFolder);
+    if (!options.DataDirectory.empty())
+        FLanguage.LoadFolder(options.DataDirectory / LanguageFolder);
     FLanguage.SetLanguage(options.Language);
     FConfig.Commit(); // the formatter reads what was loaded
     FOwnRegistrations = CountAll();

@@ -19,9 +19,9 @@
 namespace quorin {
 
 struct TEmbeddedOptions {
-    THost& Host;                         // must outlive the services
-    std::filesystem::path DataDirectory; // with the folder "language"; empty for no texts
-    std::filesystem::path SettingsPath;  // empty for no stored settings
+    THost& Host;                              // must outlive the services
+    std::filesystem::path DataDirectory = {}; // with the folder "language"; empty for no texts
+    std::filesystem::path SettingsPath = {};  // empty for no stored settings
     TAppLanguage Language = TAppLanguage::English;
 };
 

@@ -43,7 +43,9 @@ TEmbeddedFormatter::TEmbeddedFormatter(TCustomConfigManager& config) : FConfig(c
     FConfig.RegisterConfigCallback(MakeEvent<&TEmbeddedFormatter::ReadSettings>(this), &FOwner);
 }
 
-TEmbeddedFormatter::~TEmbeddedFormatter() { FConfig.RemoveConfigCallback(&FOwner); }
+TEmbeddedFormatter::~TEmbeddedFormatter() {
+    FConfig.RemoveConfigCallback(&FOwner);
+}
 
 String TEmbeddedFormatter::FormatInteger(Integer Value) const {
     return FormatDecimals(Value, 0, /*grouping=*/true);
@@ -84,7 +86,9 @@ String TEmbeddedFormatter::FormatValue(Double Value, TDisplayDataType DataType, 
         AppendDecimals(text, Value, PercentDecimals, /*grouping=*/false);
         text.push_back(u'%');
         break;
-    case DisplayDataType::MarketPrice: AppendPrice(text, Value, FPriceDecimals.Find(Symbol, Value)); break;
+    case DisplayDataType::MarketPrice:
+        AppendPrice(text, Value, FPriceDecimals.Find(Symbol, Value));
+        break;
     default: AppendTrimmed(text, Value, MostDecimals, /*grouping=*/false);
     }
     return text;
@@ -99,8 +103,7 @@ void TEmbeddedFormatter::AppendAveragePrice(String& target, Double value, String
 }
 
 void TEmbeddedFormatter::AppendQuantity(String& target, Double value, bool fullLength) const {
-    AppendRounded(target, value, FQuantity.Decimals, FGroupQuantity,
-                  FQuantity.IsSet && fullLength);
+    AppendRounded(target, value, FQuantity.Decimals, FGroupQuantity, FQuantity.IsSet && fullLength);
 }
 
 void TEmbeddedFormatter::ReadSettings(Pointer, Pointer) {

@@ -63,7 +63,8 @@ TEmbeddedLanguageManager::ReadTables(const std::filesystem::path& path) {
         if (fields[KeyColumn].empty()) refuse("no key");
         TTable& table = tables.Obtain(FromUtf8(fields[TableColumn]));
         TEntry entry{FromUtf8(fields[TextColumn]), FromUtf8(fields[TypeColumn])};
-        if (!table.Add(FromUtf8(fields[KeyColumn]), std::move(entry))) refuse("the key comes twice");
+        if (!table.Add(FromUtf8(fields[KeyColumn]), std::move(entry)))
+            refuse("the key comes twice");
     }
     return tables;
 }
@@ -86,7 +87,9 @@ void TEmbeddedLanguageManager::RegisterLanguageCallback(const TDataCallbackEvent
     FCallbacks.Add(Owner, Callback);
 }
 
-void TEmbeddedLanguageManager::RemoveLanguageCallback(TObject* Owner) { FCallbacks.Remove(Owner); }
+void TEmbeddedLanguageManager::RemoveLanguageCallback(TObject* Owner) {
+    FCallbacks.Remove(Owner);
+}
 
 String TEmbeddedLanguageManager::GetResourceString(StringView Tag, StringView Key,
                                                    TAppLanguage Language, Integer, Pointer) const {

@@ -17,8 +17,8 @@ void TEmbeddedLogFile::WriteLog(StringView Text, Byte Level) {
     FHost.WriteLog(Text, Level);
     if (!FFile.is_open()) return;
     std::string line = ToUtf8(Text);
-    std::replace_if(line.begin(), line.end(), [](char byte) { return byte == '\n' || byte == '\r'; },
-                    ' ');
+    std::replace_if(
+        line.begin(), line.end(), [](char byte) { return byte == '\n' || byte == '\r'; }, ' ');
     FFile << '[' << int{Level} << "] " << line << std::endl; // each line outlives a crash
 }
 

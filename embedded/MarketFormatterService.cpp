@@ -16,7 +16,9 @@ constexpr Integer PercentDecimals = 2;
 constexpr Double PerCent = 100.0;
 constexpr Double PriceTolerance = 1e-9;
 
-bool IsNoPrice(Double price) { return std::fabs(price) <= PriceTolerance; }
+bool IsNoPrice(Double price) {
+    return std::fabs(price) <= PriceTolerance;
+}
 
 const TCustomSubItem* FindItem(StringView symbol) {
     TCustomSubscribeAdapter* items = TCustomSubscribeAdapter::GetInstance();

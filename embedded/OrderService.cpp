@@ -18,7 +18,9 @@ bool IsSymbolKnown(const String& symbol) {
 }
 
 // False for NaN as well.
-bool IsOrderQuantity(Double quantity) { return quantity > 0.0 && quantity <= MaxOrderQuantity; }
+bool IsOrderQuantity(Double quantity) {
+    return quantity > 0.0 && quantity <= MaxOrderQuantity;
+}
 
 bool IsComplete(const TOrderValues& order) {
     const bool hasSide = order.BuySell == OrderSide::Buy || order.BuySell == OrderSide::Sell;

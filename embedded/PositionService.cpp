@@ -13,7 +13,9 @@ namespace {
 constexpr Double WholeUnit = 1.0; // where a product has no contract size
 
 // Exactly 0.0 is what closes a position.
-bool IsOpen(const TCustomPositionData& position) { return position.GetQuantity() != 0.0; }
+bool IsOpen(const TCustomPositionData& position) {
+    return position.GetQuantity() != 0.0;
+}
 
 String MasterOf(const String& accountCode) {
     TCustomAccountAdapter* accounts = TCustomAccountAdapter::GetInstance();
@@ -50,8 +52,7 @@ void TEmbeddedPositionAdapter::AddAggregatePositionCallback(StringView Account,
     FAggregateCallbacks.Add(Account, Owner, Callback);
 }
 
-void TEmbeddedPositionAdapter::RemoveAggregatePositionCallback(StringView Account,
-                                                               TObject* Owner) {
+void TEmbeddedPositionAdapter::RemoveAggregatePositionCallback(StringView Account, TObject* Owner) {
     FAggregateCallbacks.Remove(Account, Owner);
 }
 

@@ -65,8 +65,8 @@ private:
     void FeedUniverse() {
         TEmbeddedMarketAdapter& market = FServices->Market();
         static constexpr TSpreadBand bands[] = {
-            {0.0, 10.0, 0.01}, {10.0, 20.0, 0.02}, {20.0, 100.0, 0.05}, {100.0, 200.0, 0.1},
-            {200.0, 500.0, 0.2},
+            {0.0, 10.0, 0.01},   {10.0, 20.0, 0.02},  {20.0, 100.0, 0.05},
+            {100.0, 200.0, 0.1}, {200.0, 500.0, 0.2},
         };
         market.SetSpreadTablesAtOnce(true);
         bool added = market.AddSpreadTable(u"HK", bands);
