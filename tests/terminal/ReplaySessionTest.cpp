@@ -110,6 +110,18 @@ TEST_F(TReplaySessionTest, VisibleRowsAloneAreOnTheFrame) {
     EXPECT_EQ(ToUtf8(lines[6]), "09:30:01           100      350.25");
 }
 
+TEST_F(TReplaySessionTest, RowThatComesOnScreenIsFollowedFromThatFrameOn) {
+    Record(TwoSymbols);
+    Options.Rows = 1;
+    auto session = Open();
+    ASSERT_TRUE(session->Step());
+    session->Watch().View().SetVisibleRowCapacity(2);
+    session->Frame();
+    while (session->Step()) {
+    }
+    EXPECT_NE(ToUtf8(session->Frame()[3]).find("350.25 ▲"), std::string::npos);
+}
+
 TEST_F(TReplaySessionTest, SidesFileHasEveryTradeOnce) {
     Record("34200,A,Q,,,9.98,1,10.02,1\n"
            "34200,A,T,10.02,1,,,,\n"
