@@ -1,12 +1,10 @@
 #include "viewdata/market/MarketTradeSideDetector.h"
 #include "embedded/SubscribeService.h"
-#include "platform/rtl/Numbers.h"
-#include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
+#include "tests/viewdata/TradeSideModel.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -14,33 +12,6 @@ namespace quorin {
 namespace {
 
 constexpr StringView Symbol = u"00700";
-constexpr std::size_t LineCount = 5;
-
-// What one update of the feed says. Lines are parted by ",", the last one is the newest.
-struct TUpdate {
-    String Bid;
-    String Ask;
-    String Lines;
-    Integer Status = ItemStatus::Ready;
-};
-
-std::vector<String> FiveLines(const String& lines) {
-    std::vector<String> five(1);
-    for (const Char c : lines) {
-        if (c == u',')
-            five.emplace_back();
-        else
-            five.back() += c;
-    }
-    while (five.size() < LineCount) five.insert(five.begin(), String());
-    return five;
-}
-
-String TradeText(const String& time, const String& qty, Double price, const String& side) {
-    if (time.empty()) return side.empty() ? u"-" : u"- " + side;
-    const String text = time + u" " + qty + u" " + DoubleToText(price);
-    return side.empty() ? text : text + u" " + side;
-}
 
 struct TDetectorTest : testing::Test {
     TEmbeddedSubscribeAdapter Adapter;
@@ -79,7 +50,7 @@ struct TDetectorTest : testing::Test {
         String text;
         for (Integer index = 0; index < State().Count(); ++index) {
             const TMarketDataTrade& trade = *State().GetTrade(index);
-            if (index > 0) text += u", ";
+            if (index > 0) text += u',';
             text += TradeText(trade.Time(), trade.Qty(), trade.Price(), trade.Side());
         }
         return text;
@@ -128,13 +99,13 @@ TEST_F(TDetectorTest, SideComesFromTheQuoteBeforeAndThenFromTheNewOne) {
     for (const auto& row : cases) {
         SCOPED_TRACE(row.Name);
         Restart();
-        Feed({row.LastBid, row.LastAsk, u""});
-        Feed({row.Bid, row.Ask, u"09:30:00 100 " + row.Price});
+        Feed({u"", row.LastBid, row.LastAsk});
+        Feed({u"09:30:00 100 " + row.Price, row.Bid, row.Ask});
         EXPECT_EQ(State().GetTrade(4)->Side(), row.Side);
     }
 }
 
-// The line is the newest of five; its record held "09:00 7 10 " before.
+// The line is the newest of five; its record held "a 7 10" before.
 TEST_F(TDetectorTest, ReadsALine) {
     const struct {
         const char* Name;
@@ -156,99 +127,77 @@ TEST_F(TDetectorTest, ReadsALine) {
         {"price in two parts", u"09:30:05 100 10.1 9", u"09:30:05 100 0"},
         {"no price", u"09:30:05 100", u"09:30:05  0"},
         {"negative price", u"09:30:05 100 -3.5", u"09:30:05 100 -3.5 B"},
-        {"no blank keeps the record", u"09:30:05", u"09:00 7 10"},
-        {"garbage keeps the record", u"###", u"09:00 7 10"},
+        {"no blank keeps the record", u"09:30:05", u"a 7 10"},
+        {"garbage keeps the record", u"###", u"a 7 10"},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.Name);
         Restart();
-        Feed({u"9.9", u"10.1", u"09:00 7 10,09:01 7 10,09:02 7 10,09:03 7 10,09:04 7 10"});
-        const String rest = u"09:01 7 10,09:02 7 10,09:03 7 10,09:04 7 10,";
-        Feed({u"9.9", u"10.1", rest + row.Line});
-        EXPECT_EQ(Trades(), u"09:01 7 10, 09:02 7 10, 09:03 7 10, 09:04 7 10, " + row.Trade);
+        const String rest = u"b 7 10,c 7 10,d 7 10,e 7 10";
+        Feed({u"a 7 10," + rest});
+        Feed({rest + u"," + row.Line, u"9", u"10.1"});
+        EXPECT_EQ(Trades(), rest + u"," + row.Trade);
     }
 }
 
+// The quote is 9 to 11 unless a row says otherwise; the times are letters.
 TEST_F(TDetectorTest, FindsTheNewTradesOfASequence) {
-    const TUpdate known{u"9", u"11", u"09:01 1 10,09:02 1 10,09:03 1 10,09:04 1 10,09:05 1 10"};
+    const TUpdate known{u"a 1 10,b 1 10,c 1 10,d 1 10,e 1 10"};
     const struct {
         const char* Name;
         std::vector<TUpdate> Updates;
         String Trades;
     } cases[] = {
-        {"nothing before the first valid update",
-         {{u"9", u"11", u"09:01 1 11", ItemStatus::NoData}},
-         u""},
-        {"first update sets no side",
-         {{u"9", u"11", u"09:01 1 11,09:02 2 9"}},
-         u"-, -, -, 09:01 1 11, 09:02 2 9"},
-        {"empty day, then a trade",
-         {{u"9", u"11", u""}, {u"9", u"11", u"09:01 1 11"}},
-         u"-, -, -, -, 09:01 1 11 A"},
-        {"known lines again change nothing",
-         {known, {u"10", u"10", known.Lines}},
-         u"09:01 1 10, 09:02 1 10, 09:03 1 10, 09:04 1 10, 09:05 1 10"},
+        {"none before the first valid update", {{u"a 1 11", u"9", u"11", ItemStatus::NoData}}, u""},
+        {"first update sets no side", {{u"a 1 11,b 2 9"}}, u"-,-,-,a 1 11,b 2 9"},
+        {"empty day, then a trade", {{u""}, {u"a 1 11"}}, u"-,-,-,-,a 1 11 A"},
+        {"known lines again", {known, {known.Lines, u"10", u"10"}}, known.Lines},
         {"sides stay with their trades",
-         {{u"9", u"11", u"09:01 1 10"},
-          {u"9", u"11", u"09:01 1 10,09:02 1 11"},
-          {u"9", u"11", u"09:01 1 10,09:02 1 11,09:03 1 9"},
-          {u"9", u"11", u"09:01 1 10,09:02 1 11,09:03 1 9"}},
-         u"-, -, 09:01 1 10, 09:02 1 11 A, 09:03 1 9 B"},
-        {"two new lines, the oldest go",
-         {known, {u"9", u"11", u"09:03 1 10,09:04 1 10,09:05 1 10,09:06 2 11,09:07 3 9"}},
-         u"09:03 1 10, 09:04 1 10, 09:05 1 10, 09:06 2 11 A, 09:07 3 9 B"},
-        {"five new ones, those between are lost",
-         {known, {u"9", u"11", u"09:11 1 11,09:12 1 9,09:13 1 10,09:14 1 11,09:15 1 9"}},
-         u"09:11 1 11 A, 09:12 1 9 B, 09:13 1 10, 09:14 1 11 A, 09:15 1 9 B"},
+         {{u"a 1 10"}, {u"a 1 10,b 1 11"}, {u"a 1 10,b 1 11,c 1 9"}, {u"a 1 10,b 1 11,c 1 9"}},
+         u"-,-,a 1 10,b 1 11 A,c 1 9 B"},
+        {"two new, the oldest go",
+         {known, {u"c 1 10,d 1 10,e 1 10,f 2 11,g 3 9"}},
+         u"c 1 10,d 1 10,e 1 10,f 2 11 A,g 3 9 B"},
+        {"five new, those between are lost",
+         {known, {u"p 1 11,q 1 9,r 1 10,s 1 11,t 1 9"}},
+         u"p 1 11 A,q 1 9 B,r 1 10,s 1 11 A,t 1 9 B"},
         {"the newest once more is new",
-         {{u"9", u"11", u"09:01 1 10,09:02 1 11"},
-          {u"9", u"11", u"09:01 1 10,09:02 1 11,09:02 1 11"}},
-         u"-, -, 09:01 1 10, 09:02 1 11, 09:02 1 11 A"},
+         {{u"a 1 10,b 1 11"}, {u"a 1 10,b 1 11,b 1 11"}},
+         u"-,-,a 1 10,b 1 11,b 1 11 A"},
         {"the newest twice more",
-         {{u"9", u"11", u"09:01 1 10,09:02 1 11"},
-          {u"9", u"11", u"09:01 1 10,09:02 1 11,09:02 1 11,09:02 1 11"}},
-         u"-, 09:01 1 10, 09:02 1 11, 09:02 1 11 A, 09:02 1 11 A"},
+         {{u"a 1 10,b 1 11"}, {u"a 1 10,b 1 11,b 1 11,b 1 11"}},
+         u"-,a 1 10,b 1 11,b 1 11 A,b 1 11 A"},
         {"four alike become five",
-         {{u"9", u"11", u"09:01 1 9,09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11"},
-          {u"9", u"11", u"09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11"}},
-         u"09:02 1 11, 09:02 1 11, 09:02 1 11, 09:02 1 11, 09:02 1 11 A"},
+         {{u"a 1 9,b 1 11,b 1 11,b 1 11,b 1 11"}, {u"b 1 11,b 1 11,b 1 11,b 1 11,b 1 11"}},
+         u"b 1 11,b 1 11,b 1 11,b 1 11,b 1 11 A"},
         {"a sixth alike cannot be told",
-         {{u"9", u"11", u"09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11"},
-          {u"9", u"11", u"09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11,09:02 1 11"}},
-         u"09:02 1 11, 09:02 1 11, 09:02 1 11, 09:02 1 11, 09:02 1 11"},
-        {"known newest line alone in front is old",
-         {known, {u"9", u"11", u"09:05 1 10,09:06 1 11,09:07 1 11,09:08 1 11,09:09 1 9"}},
-         u"09:05 1 10, 09:06 1 11 A, 09:07 1 11 A, 09:08 1 11 A, 09:09 1 9 B"},
+         {{u"b 1 11,b 1 11,b 1 11,b 1 11,b 1 11"}, {u"b 1 11,b 1 11,b 1 11,b 1 11,b 1 11"}},
+         u"b 1 11,b 1 11,b 1 11,b 1 11,b 1 11"},
+        {"the newest known as the oldest shown is old",
+         {known, {u"e 1 10,f 1 11,g 1 11,h 1 11,i 1 9"}},
+         u"e 1 10,f 1 11 A,g 1 11 A,h 1 11 A,i 1 9 B"},
         {"an older known line that returns is new",
-         {known, {u"9", u"11", u"09:02 1 10,09:03 1 10,09:04 1 10,09:05 1 10,09:01 1 10"}},
-         u"09:02 1 10, 09:03 1 10, 09:04 1 10, 09:05 1 10, 09:01 1 10"},
-        {"known line with nothing known before it",
-         {{u"9", u"11", u"09:01 1 11,,,,"}, {u"9", u"11", u"09:01 1 11"}},
-         u"-, -, -, -, 09:01 1 11 A"},
+         {known, {u"b 1 10,c 1 10,d 1 10,e 1 10,a 1 10"}},
+         u"b 1 10,c 1 10,d 1 10,e 1 10,a 1 10"},
+        {"nothing known before the known one", {{u"a 1 11,,,,"}, {u"a 1 11"}}, u"-,-,-,-,a 1 11 A"},
         {"blank line between",
-         {{u"9", u"11", u"09:01 1 10"}, {u"9", u"11", u"09:01 1 10,09:02 1 11, ,09:03 1 9"}},
-         u"-, -, 09:02 1 11 A, 09:01 1 10, 09:03 1 9 B"},
-        {"only blanks after trades change nothing",
-         {known, {u"9", u"11", u"  , ,,,"}, {u"9", u"11", known.Lines}},
-         u"09:01 1 10, 09:02 1 10, 09:03 1 10, 09:04 1 10, 09:05 1 10"},
-        {"first line is known as it stands, with its blank",
-         {{u"9", u"11", u"09:01 1 11 "}, {u"9", u"11", u"09:01 1 11 "}},
-         u"-, -, -, 09:01 1 11, 09:01 1 11 A"},
-        {"first line that begins with a blank is not read",
-         {{u"9", u"11", u" 09:01 1 11"}},
-         u"-, -, -, -, -"},
-        {"an update that is not valid leaves the quote",
-         {{u"9", u"11", u"09:01 1 10"},
-          {u"1", u"2", u"09:02 1 10", ItemStatus::Waiting},
-          {u"9", u"11", u"09:01 1 10,09:03 1 10"}},
-         u"-, -, -, 09:01 1 10, 09:03 1 10"},
-        {"a bad quote counts for the next update only",
-         {{u"9", u"11", u""},
-          {u"x", u"x", u"09:01 1 10"},
-          {u"9", u"11", u"09:01 1 10,09:02 1 11"},
-          {u"", u"", u"09:01 1 10,09:02 1 11,09:03 1 11"},
-          {u"", u"", u"09:01 1 10,09:02 1 11,09:03 1 11,09:04 1 11"}},
-         u"-, 09:01 1 10, 09:02 1 11 A, 09:03 1 11 A, 09:04 1 11"},
+         {{u"a 1 10"}, {u"a 1 10,b 1 11, ,c 1 9"}},
+         u"-,-,b 1 11 A,a 1 10,c 1 9 B"},
+        {"only blanks after trades", {known, {u"  , ,,,"}, {known.Lines}}, known.Lines},
+        {"first line is known with its blank",
+         {{u"a 1 11 "}, {u"a 1 11 "}},
+         u"-,-,-,a 1 11,a 1 11 A"},
+        {"first line behind a blank is not read", {{u" a 1 11"}}, u"-,-,-,-,-"},
+        {"update that is not valid leaves the quote",
+         {{u"a 1 10"}, {u"b 1 10", u"1", u"2", ItemStatus::Waiting}, {u"a 1 10,c 1 10"}},
+         u"-,-,-,a 1 10,c 1 10"},
+        {"a bad quote counts for this update and the next",
+         {{u""},
+          {u"a 1 10", u"x", u"x"},
+          {u"a 1 10,b 1 11"},
+          {u"a 1 10,b 1 11,c 1 11", u"", u""},
+          {u"a 1 10,b 1 11,c 1 11,d 1 11", u"", u""}},
+         u"-,a 1 10,b 1 11 A,c 1 11 A,d 1 11"},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.Name);
@@ -296,12 +245,12 @@ TEST_F(TDetectorTest, OneListenerHoweverManyFollow) {
 }
 
 TEST_F(TDetectorTest, ReadyItemIsTakenInAtOnceAndComesBackWithoutSides) {
-    Write({u"9", u"11", u"09:01 1 10"});
+    Write({u"a 1 10"});
     Detector->AddSymbol(Symbol);
-    EXPECT_EQ(Trades(), u"-, -, -, -, 09:01 1 10");
+    EXPECT_EQ(Trades(), u"-,-,-,-,a 1 10");
     Detector->AddSymbol(Symbol); // what is known is not taken in again
-    Feed({u"9", u"11", u"09:01 1 10,09:02 1 11"});
-    EXPECT_EQ(Trades(), u"-, -, -, 09:01 1 10, 09:02 1 11 A");
+    Feed({u"a 1 10,b 1 11"});
+    EXPECT_EQ(Trades(), u"-,-,-,a 1 10,b 1 11 A");
     EXPECT_EQ(State().GetTrade(5), nullptr);
     EXPECT_EQ(State().GetCount(), 5);
 
@@ -309,13 +258,13 @@ TEST_F(TDetectorTest, ReadyItemIsTakenInAtOnceAndComesBackWithoutSides) {
     Detector->RemoveSymbol(Symbol);
     EXPECT_EQ(Trades(), u"");
     EXPECT_EQ(State().GetTrade(0), nullptr);
-    Feed({u"9", u"11", u"09:01 1 10,09:02 1 11,09:03 1 9"});
+    Feed({u"a 1 10,b 1 11,c 1 9"});
     EXPECT_EQ(Trades(), u"");
     Detector->AddSymbol(Symbol);
-    EXPECT_EQ(Trades(), u"-, -, 09:01 1 10, 09:02 1 11, 09:03 1 9");
+    EXPECT_EQ(Trades(), u"-,-,a 1 10,b 1 11,c 1 9");
     State().SymbolUpdate(nullptr);
     State().SymbolUpdate(Detector.get());
-    EXPECT_EQ(Trades(), u"-, -, 09:01 1 10, 09:02 1 11, 09:03 1 9");
+    EXPECT_EQ(Trades(), u"-,-,a 1 10,b 1 11,c 1 9");
 }
 
 TEST_F(TDetectorTest, FirstValidUpdateDecidesOnTheExchangeForGood) {
@@ -337,21 +286,21 @@ TEST_F(TDetectorTest, FirstValidUpdateDecidesOnTheExchangeForGood) {
         for (const bool readyBefore : {false, true}) {
             SCOPED_TRACE(std::string(row.Name) + (readyBefore ? ", ready before" : ""));
             Detector = CreateComponent<TMarketTradeSideDetector>();
-            Write({u"9", u"11", u"09:01 1 10"});
+            Write({u"a 1 10"});
             Item().SetField(Field::Exchange, readyBefore ? row.First : String(u"none yet"));
             if (!readyBefore) Item().SetStatus(ItemStatus::Waiting);
             Detector->AddSymbol(Symbol);
             Item().SetField(Field::Exchange, row.First);
-            Feed({u"9", u"11", u"09:01 1 10"});
+            Feed({u"a 1 10"});
             EXPECT_EQ(Adapter.RegistrationCount(), row.Detects ? 1 : 0);
             EXPECT_EQ(State().Count(), row.Detects ? 5 : 0);
             Item().SetField(Field::Exchange, row.Later);
             Detector->RemoveSymbol(Symbol);
             Detector->AddSymbol(Symbol);
             Detector->AddSymbol(Symbol);
-            Feed({u"9", u"11", u"09:01 1 10,09:02 1 11"});
+            Feed({u"a 1 10,b 1 11"});
             EXPECT_EQ(Adapter.RegistrationCount(), row.Detects ? 1 : 0);
-            EXPECT_EQ(Trades(), row.Detects ? u"-, -, -, 09:01 1 10, 09:02 1 11 A" : u"");
+            EXPECT_EQ(Trades(), row.Detects ? u"-,-,-,a 1 10,b 1 11 A" : u"");
             Detector->RemoveSymbol(Symbol);
             Detector->RemoveSymbol(Symbol);
             EXPECT_EQ(Adapter.RegistrationCount(), 0);
@@ -392,127 +341,6 @@ TEST_F(TDetectorTest, ReleasingTheSharedDetectorLeavesNothingBehind) {
     EXPECT_EQ(TMarketTradeSideDetector::GetInstance()->GetSymbolMarketTrade(Symbol), nullptr);
 }
 
-// The detector's rules once more, told step by step over plain vectors; slow and without
-// cleverness.
-class TPlainModel {
-public:
-    void Clear() { *this = TPlainModel(); }
-    void Take(const TUpdate& update) {
-        if (update.Status != ItemStatus::Ready) return;
-        TSide bid, ask;
-        bid.Valid = TryParseDouble(update.Bid, bid.Price);
-        ask.Valid = TryParseDouble(update.Ask, ask.Price);
-        const std::vector<String> current = FiveLines(update.Lines);
-        if (FInit) {
-            TakeLater(current, bid, ask);
-        } else {
-            for (const String& line : current) {
-                FLast.push_back(line);
-                FTrades.emplace_back();
-                if (!line.empty()) Parse(line, FTrades.back());
-            }
-        }
-        FBid = bid;
-        FAsk = ask;
-        FInit = true;
-    }
-    String Trades() const {
-        String text;
-        for (const TTrade& trade : FTrades) {
-            if (&trade != FTrades.data()) text += u", ";
-            text += TradeText(trade.Time, trade.Qty, trade.Price, trade.Side);
-        }
-        return text;
-    }
-
-private:
-    struct TSide {
-        Double Price = 0.0;
-        bool Valid = false;
-    };
-    struct TTrade {
-        String Time, Qty, Side;
-        Double Price = 0.0;
-    };
-
-    static String Trimmed(const String& text) {
-        const std::size_t first = text.find_first_not_of(u' ');
-        if (first == String::npos) return String();
-        return text.substr(first, text.find_last_not_of(u' ') + 1 - first);
-    }
-    static bool IsNew(const std::vector<String>& current, const std::vector<String>& last,
-                      int index, int anchor) {
-        if (Trimmed(current[static_cast<std::size_t>(index)]) !=
-            last[static_cast<std::size_t>(anchor)]) {
-            return true;
-        }
-        for (int k = index - 1, j = anchor - 1; k >= 0; --k, --j) {
-            if (j < 0) return true;
-            if (current[static_cast<std::size_t>(k)] != last[static_cast<std::size_t>(j)]) {
-                return true;
-            }
-        }
-        return false;
-    }
-    void TakeLater(const std::vector<String>& current, const TSide& bid, const TSide& ask) {
-        int anchor = 4;
-        while (anchor > 0 && Trimmed(FLast[static_cast<std::size_t>(anchor)]).empty()) --anchor;
-        std::vector<String> latest;
-        for (int index = 4; index >= 0; --index) {
-            const String line = Trimmed(current[static_cast<std::size_t>(index)]);
-            if (line.empty()) continue;
-            if (!IsNew(current, FLast, index, anchor)) break;
-            TTrade trade = FTrades.front();
-            FTrades.erase(FTrades.begin());
-            const String price = Parse(line, trade);
-            trade.Side = SideOf(price, bid, ask);
-            FTrades.insert(FTrades.begin() + index, trade);
-            latest.insert(latest.begin(), line);
-        }
-        if (latest.empty()) return;
-        for (std::size_t old = FLast.size(); old > 0 && latest.size() < LineCount; --old) {
-            latest.insert(latest.begin(), FLast[old - 1]);
-        }
-        FLast = latest;
-    }
-    String SideOf(const String& text, const TSide& bid, const TSide& ask) const {
-        constexpr Double tolerance = 1e-8;
-        Double price = 0.0;
-        if (!TryParseDouble(text, price)) return u"";
-        if (FAsk.Valid && price - FAsk.Price >= -tolerance) return u"A";
-        if (FBid.Valid && price - FBid.Price <= tolerance) return u"B";
-        if (ask.Valid && price - ask.Price >= -tolerance) return u"A";
-        if (bid.Valid && price - bid.Price <= tolerance) return u"B";
-        return u"";
-    }
-    static String Parse(const String& line, TTrade& trade) {
-        const std::size_t blank = line.find(u' ');
-        if (blank == String::npos) return u"";
-        std::size_t cut = 6;
-        const std::size_t colon = line.find(u':');
-        if (colon != String::npos && line.find(u':', colon + 1) < 6) cut = 9;
-        const std::size_t end = std::min(blank, cut);
-        const String rest = Trimmed(line.substr(end));
-        const std::size_t second = rest.find(u' ');
-        String qty, price;
-        if (second != String::npos) {
-            qty = rest.substr(0, second);
-            price = rest.substr(second);
-        }
-        if (end > 0) {
-            trade.Time = Trimmed(line.substr(0, end));
-            trade.Qty = Trimmed(qty);
-            trade.Price = ToDoubleOr(Trimmed(price), 0.0);
-        }
-        return price;
-    }
-
-    std::vector<TTrade> FTrades;
-    std::vector<String> FLast;
-    TSide FBid, FAsk;
-    bool FInit = false;
-};
-
 class TRandomTape {
 public:
     explicit TRandomTape(unsigned seed) : FRandom(seed) {}
@@ -522,7 +350,7 @@ public:
         for (int trades = OneIn(6) ? Number(9) : Number(3); trades > 0; --trades) {
             FLines.push_back(OneIn(3) && !FLines.empty() ? FLines.back() : Line());
         }
-        TUpdate update{Quote(98), Quote(101), u""};
+        TUpdate update{u"", Quote(98), Quote(101)};
         const std::size_t shown = std::min(FLines.size(), LineCount);
         for (std::size_t index = FLines.size() - shown; index < FLines.size(); ++index) {
             if (index > FLines.size() - shown) update.Lines += u',';
