@@ -1,3 +1,4 @@
+#include "tests/viewdata/HollowMarket.h"
 #include "tests/viewdata/MarketFixture.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +39,17 @@ TEST_F(TMarketDataControlTest, LoadsExchangesSeriesAndCategoriesInOrder) {
     }
     EXPECT_EQ(Control->GetSymbol(-1), u"");
     EXPECT_EQ(Control->GetSymbol(2), u"");
+}
+
+TEST_F(TMarketDataControlTest, HolesAndDoublesOfTheUniverseMakeNoRows) {
+    THollowMarket hollow(Services().Market());
+    ServiceRegistry::Install(&hollow);
+    Load(u"", 2);
+    EXPECT_EQ(Control->Rows(), u"HSIF");
+    Load(u"HKFE");
+    EXPECT_EQ(Control->Rows(), u"HSIF TCHC");
+    Control->CheckInvariants();
+    ServiceRegistry::Install(&Services().Market());
 }
 
 TEST_F(TMarketDataControlTest, ChoosingDoesNotLoad) {
