@@ -79,43 +79,38 @@ private:
         Double Price = 0.0;
     };
 
+    static const String& At(const std::vector<String>& lines, int index) {
+        return lines[static_cast<std::size_t>(index)];
+    }
     static String Trimmed(const String& text) {
         const std::size_t first = text.find_first_not_of(u' ');
         if (first == String::npos) return String();
         return text.substr(first, text.find_last_not_of(u' ') + 1 - first);
     }
-    static bool IsNew(const std::vector<String>& current, const std::vector<String>& last,
-                      int index, int anchor) {
-        if (Trimmed(current[static_cast<std::size_t>(index)]) !=
-            last[static_cast<std::size_t>(anchor)]) {
-            return true;
-        }
+    bool IsNew(const std::vector<String>& current, int index, int anchor) const {
+        if (Trimmed(At(current, index)) != At(FLast, anchor)) return true;
         for (int k = index - 1, j = anchor - 1; k >= 0; --k, --j) {
-            if (j < 0) return true;
-            if (current[static_cast<std::size_t>(k)] != last[static_cast<std::size_t>(j)]) {
-                return true;
-            }
+            if (j < 0 || At(current, k) != At(FLast, j)) return true;
         }
         return false;
     }
     void TakeLater(const std::vector<String>& current, const TSide& bid, const TSide& ask) {
         int anchor = 4;
-        while (anchor > 0 && Trimmed(FLast[static_cast<std::size_t>(anchor)]).empty()) --anchor;
+        while (anchor > 0 && Trimmed(At(FLast, anchor)).empty()) --anchor;
         std::vector<String> latest;
         for (int index = 4; index >= 0; --index) {
-            const String line = Trimmed(current[static_cast<std::size_t>(index)]);
+            const String line = Trimmed(At(current, index));
             if (line.empty()) continue;
-            if (!IsNew(current, FLast, index, anchor)) break;
+            if (!IsNew(current, index, anchor)) break;
             TTrade trade = FTrades.front();
             FTrades.erase(FTrades.begin());
-            const String price = Parse(line, trade);
-            trade.Side = SideOf(price, bid, ask);
+            trade.Side = SideOf(Parse(line, trade), bid, ask);
             FTrades.insert(FTrades.begin() + index, trade);
             latest.insert(latest.begin(), line);
         }
         if (latest.empty()) return;
-        for (std::size_t old = FLast.size(); old > 0 && latest.size() < LineCount; --old) {
-            latest.insert(latest.begin(), FLast[old - 1]);
+        for (int old = 4; old >= 0 && latest.size() < LineCount; --old) {
+            latest.insert(latest.begin(), At(FLast, old));
         }
         FLast = latest;
     }

@@ -70,11 +70,12 @@ TEST_F(TTreeDataSourceTest, ClassThatIsNoTreeControlGivesAnInertSource) {
         View->SetCustomDataSource(&source);
         EXPECT_EQ(source.DataControl(), nullptr);
         EXPECT_EQ(source.GetRecordCount(), 0);
-        EXPECT_EQ(source.GetRecordHandle(0), nullptr);
-        EXPECT_EQ(source.GetRootRecordHandle(), nullptr);
-        EXPECT_EQ(source.GetParentRecordHandle(nullptr), nullptr);
         EXPECT_EQ(source.GetChildCount(nullptr), 0);
-        EXPECT_EQ(source.GetChildRecordHandle(nullptr, 0), nullptr);
+        for (const Pointer handle :
+             {source.GetRecordHandle(0), source.GetRootRecordHandle(),
+              source.GetParentRecordHandle(nullptr), source.GetChildRecordHandle(nullptr, 0)}) {
+            EXPECT_EQ(handle, nullptr);
+        }
         EXPECT_EQ(source.GetValue(nullptr, source.GetItemHandle(0)), Variant::EmptyText());
         EXPECT_EQ(Services().RegistrationCount(), 1);
     }
