@@ -2,6 +2,7 @@
 #include "platform/rtl/Text.h"
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/market/MarketDataControl.h"
+#include "viewdata/market/MarketTexts.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/Formatter.h"
 #include "viewdata/services/MarketDataFormatter.h"
@@ -19,21 +20,6 @@ constexpr Double QuantityTolerance = 1e-7; // a quantity up to this size counts 
 constexpr Double LongSide = 1.0;
 constexpr Double ShortSide = -1.0;
 
-const TCustomMarketAdapter& Market() {
-    return *TCustomMarketAdapter::GetInstance();
-}
-
-String ResourceText(StringView tag, StringView key) {
-    return TCustomLanguageManager::GetInstance()->GetResourceString(tag, key, TAppLanguage::None, 0,
-                                                                    nullptr);
-}
-
-// The translation of a code, the code itself where the table has none.
-String TranslatedCode(StringView tag, const String& code) {
-    String text = ResourceText(tag, code);
-    return text.empty() ? code : text;
-}
-
 // The code that a symbol's record holds, or where there is no record its twin in the live item.
 String CodeOf(StringView symbol, const TCustomSubItem& item,
               const String& (TCustomMarketData::*recordCode)() const, Integer field) {
@@ -43,11 +29,6 @@ String CodeOf(StringView symbol, const TCustomSubItem& item,
 
 String TextIfPresent(const TCustomSubItem& item, Integer field) {
     return item.HasField(field) ? item.FieldText(field) : String();
-}
-
-String SymbolName(StringView symbol) {
-    String name = Market().GetSymbolName(symbol, TAppLanguage::None);
-    return name.empty() ? String(symbol) : name;
 }
 
 String MarketState(const TCustomSubItem& item) {
@@ -88,12 +69,7 @@ String Expiry(StringView symbol, const TCustomSubItem& item) {
 String SeriesName(StringView symbol, const TCustomSubItem& item) {
     const String code = CodeOf(symbol, item, &TCustomMarketData::GetSeries, Field::Series);
     const TCustomSeriesData* series = Market().FindSeries(code);
-    if (series == nullptr) return code;
-    switch (TCustomLanguageManager::GetInstance()->GetCurrentLanguage()) {
-    case TAppLanguage::TraditionalChinese: return series->GetNameLanguage1();
-    case TAppLanguage::SimplifiedChinese: return series->GetNameLanguage2();
-    default: return series->GetName();
-    }
+    return series != nullptr ? NameInLanguage(*series) : code;
 }
 
 Double Change(StringView symbol) {

@@ -79,12 +79,15 @@ class TCustomMarketDataControl : public TCustomDataControl {
     // Positions have changed: Sender is a TAccountPositionDictionary or nil. Signals if it names
     // the account and positions are shown.
     virtual void PositionUpdate(Pointer Sender, Pointer Data);
-    // Margin that one contract requires, as amount text or in the currency of the product. False
-    // leaves Margin alone; no margin is worked out yet.
+    // Margin that one contract of a future or option requires, as amount text or in the currency
+    // of the product. False, and Margin left alone, while none is known; the first call for a
+    // product subscribes its margin items, and the control signals when they arrive.
     virtual Boolean GetRequireMargin(StringView Symbol, String& Margin);
     virtual Boolean GetRequireMargin(StringView Symbol, Double& Margin);
-    // Margin items have changed: Sender is a TSubItemDictionary or nil.
+    // Margin items have changed: Sender is a TSubItemDictionary or nil. Signals once if it names
+    // one that is subscribed here, also when the margin is as before.
     virtual void SpanUpdate(Pointer Sender, Pointer Data);
+    // Takes over the largest of a ready margin item's figures, whatever their signs.
     virtual void ProcessMarginValue(TCustomSubItem* Item);
     // One item has changed: Sender is a TCustomSubItem. Signals if its row is followed.
     virtual void SymbolRealtimeUpdate(TObject* Sender);
@@ -107,7 +110,8 @@ class TCustomMarketDataControl : public TCustomDataControl {
     // The rows now on screen: exactly these are subscribed afterwards, all others released. An
     // index outside the list and a row named twice are skipped. Always True.
     virtual Boolean ViewRecordChanged(std::span<const Integer> Value);
-    // A text that describes the row's product; empty as yet.
+    // Lines "label: value" that describe the row's product in the language in force, "\r\n" between
+    // them: four lines, up to twelve for futures and options. Empty outside the list.
     virtual String GetProductInfo(Integer RecordIndex);
     // The row's symbol, empty outside the list.
     virtual String GetSymbol(Integer RecordIndex);
@@ -158,6 +162,7 @@ private:
     void InitExchange(StringView exchange);
     void ReleaseSubscribedData();
     void ReleaseSubscribedSpanData();
+    const TCustomSubItem& SearchMargin(const String& code, Boolean& found, Double& margin);
     void RequestSpreadTable(const TCustomSubItem& item);
     void TrackLastPrice(const TCustomSubItem& item);
     void UpdateMonitoringPosition() { FMonitoringPosition = FShowPosition && !FAccount.empty(); }
