@@ -68,6 +68,7 @@ class TWatch : public TCustomMarketDataControl {
 // account A1 is known.
 struct TMarketTest : TServicesFixture {
     using TServicesFixture::Services;
+    using TServicesFixture::SetConfig;
     static constexpr Integer OwnRegistrations = 3; // settings, favourites, tick tables
 
     TMarketTest() {
