@@ -1,49 +1,100 @@
 #pragma once
 
+#include "embedded/BalanceFigures.h"
 #include "viewdata/services/Account.h"
+
+#include <memory>
+#include <optional>
 
 namespace quorin {
 
-// What the host says of an account.
+// What the host says of an account. What stands after `Status` are details that may load late.
 struct TAccountDetails {
     String Tag = {};
     String Name = {};
     Integer Type = 0; // one of AccountType, or another number
     String MasterAccount = {};
+    Integer MarginType = MarginType::Cash;
+    String PrincipalType = {};
+    bool IsAggregate = false;
+    Integer Status = 0; // bits of AccountStatus
+
     String Tel = {};
     String HomeTel = {};
     String Mobile = {};
     String NationalID = {};
     String Gender = {};
-    Integer MarginType = MarginType::Cash;
     String Title = {};
-    String PrincipalType = {};
-    Integer Status = 0; // bits of AccountStatus
-    bool IsAggregate = false;
     String GroupID = {};
-    bool IsProfessionalInvestor = false;
+    String InvestorClass = {};               // compared with the text about professional investors
     TDictionary<String, String> Fields = {}; // named attributes
 };
 
-// An account with its holder's details. It has no figures: no record in any currency.
+// The figures of an account in one currency.
+class TEmbeddedAccountData : public TCustomAccountData {
+    QUORIN_CLASS(TEmbeddedAccountData, TCustomAccountData)
+public:
+    TEmbeddedAccountData(StringView account, StringView currency)
+        : FAccount(account), FCurrency(currency) {}
+
+    void SetFigures(const TBalanceFigures& figures) { FFigures = figures; }
+
+    const String& GetAccount() const override { return FAccount; }
+    const String& GetCurrency() const override { return FCurrency; }
+    Double GetValue185() const override { return FFigures.Value185; }
+    Double GetValue155() const override { return FFigures.Value155; }
+    Double GetValue186() const override { return FFigures.Value186; }
+    Double GetValue156() const override { return FFigures.Value156; }
+    Double GetValue604() const override { return FFigures.Value604; }
+    Double GetValue606() const override { return FFigures.Value606; }
+    Double GetValue607() const override { return FFigures.Value607; }
+    Double GetValue446() const override { return FFigures.Value446; }
+    Double GetValue996() const override { return FFigures.Value996; }
+    // The attribute of the account's code is always there.
+    void GetFieldString(Integer Attribute, String& Text) const override;
+    // The ratio of the record's currency is known; always of the total record.
+    Boolean IsConvertible() const override;
+    Double GetValue9018B() const override { return FFigures.Value9018B; }
+    Double GetValue9018A() const override { return FFigures.Value9018A; }
+    Double GetValue445() const override { return FFigures.Value445; }
+    Double GetValue1205() const override { return FFigures.Value1205; }
+    Double GetValue991() const override { return FFigures.Value991; }
+    Double GetValue990() const override { return FFigures.Value990; }
+    Double GetValue1502() const override { return FFigures.Value1502; }
+    Double GetValue1503() const override { return FFigures.Value1503; }
+    Double GetValue9028() const override { return FFigures.Value9028; }
+
+private:
+    const String FAccount;
+    const String FCurrency;
+    TBalanceFigures FFigures;
+};
+
+// Records of one account by currency; the total record is under the empty code.
+using TBalanceRecords = TDictionary<String, std::unique_ptr<TEmbeddedAccountData>>;
+
+// An account with its holder's details and its figures.
 class TEmbeddedAccount : public TCustomAccount {
     QUORIN_CLASS(TEmbeddedAccount, TCustomAccount)
 public:
     explicit TEmbeddedAccount(StringView account) : FAccount(account) {}
 
-    void SetDetails(const TAccountDetails& details) { FDetails = details; }
+    void SetDetails(const TAccountDetails& details);
+    // The same, with the details that may load late held back until LoadDetails.
+    void SetDetailsLate(const TAccountDetails& details);
+    bool HasLateDetails() const { return FLateDetails.has_value(); }
+    void LoadDetails();
+    // True when the account had no record in this currency before.
+    bool SetBalance(StringView currency, const TBalanceFigures& figures);
 
-    String GetAccountField(StringView Key) const override {
-        const String* value = FDetails.Fields.Find(Key);
-        return value != nullptr ? *value : String();
-    }
+    // Empty for a key that is not known.
+    String GetAccountField(StringView Key) const override;
     const String& GetAccount() const override { return FAccount; }
     const String& GetAccountTag() const override { return FDetails.Tag; }
     const String& GetName() const override { return FDetails.Name; }
-    TCustomAccountData* GetAccountData(StringView) const override { return nullptr; }
-    String GetProfessionalFlag(StringView) const override {
-        return FDetails.IsProfessionalInvestor ? u"1" : u"";
-    }
+    TCustomAccountData* GetAccountData(StringView Currency) const override;
+    // "1" when `Value` is the investor class of this account, in any case.
+    String GetProfessionalFlag(StringView Value) const override;
     Integer GetAccountType() const override { return FDetails.Type; }
     const String& GetMasterAccount() const override { return FDetails.MasterAccount; }
     const String& GetTel() const override { return FDetails.Tel; }
@@ -58,13 +109,17 @@ public:
     Boolean IsAggregateAccount() const override { return FDetails.IsAggregate; }
     Boolean IsSubAccount() const override { return !FDetails.MasterAccount.empty(); }
     const String& GetAccountGroupID() const override { return FDetails.GroupID; }
-    Integer GetCurrencyCount() const override { return 0; }
-    const String& GetCurrency(Integer) const override { return FNoCurrency; }
+    Integer GetCurrencyCount() const override { return FCurrencies.Count(); }
+    // In the order in which the records came; empty outside.
+    const String& GetCurrency(Integer Index) const override;
 
 private:
     const String FAccount;
     const String FNoCurrency;
     TAccountDetails FDetails;
+    std::optional<TAccountDetails> FLateDetails;
+    TBalanceRecords FBalances;
+    TList<String> FCurrencies;
 };
 
 } // namespace quorin

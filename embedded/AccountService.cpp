@@ -1,10 +1,24 @@
 #include "embedded/AccountService.h"
 
+#include "embedded/CurrencyService.h"
 #include "platform/rtl/Text.h"
 
 #include <utility>
 
 namespace quorin {
+
+namespace {
+
+String CustomValueKey(StringView section, StringView key) {
+    return String(section) + u'\n' + String(key);
+}
+
+TCustomAccountData* FindBalance(const TBalanceRecords& records, StringView currency) {
+    const auto* record = records.Find(currency);
+    return record != nullptr ? record->get() : nullptr;
+}
+
+} // namespace
 
 void TEmbeddedAccountAdapter::ChangeAccountCallback(StringView Account,
                                                     const TDataCallbackEvent& Callback,
@@ -31,7 +45,7 @@ Integer TEmbeddedAccountAdapter::GetAccountCount() const {
 }
 
 Boolean TEmbeddedAccountAdapter::IsAccountKnown(StringView Account) const {
-    return FAccounts.ContainsKey(Account);
+    return FReady && FAccounts.ContainsKey(Account);
 }
 
 void TEmbeddedAccountAdapter::AddSubAccountCallback(StringView Account,
@@ -66,18 +80,27 @@ TCustomAccount* TEmbeddedAccountAdapter::GetAccountByIndex(Integer Index) const 
     return Index >= 0 && Index < GetAccountCount() ? FAccountList[Index] : nullptr;
 }
 
-TCustomAccount* TEmbeddedAccountAdapter::GetAccount(StringView Account, Boolean) {
-    const auto* account = FAccounts.Find(Account);
-    return account != nullptr ? account->get() : nullptr;
+TEmbeddedAccount* TEmbeddedAccountAdapter::Find(StringView account) const {
+    const auto* record = FAccounts.Find(account);
+    return record != nullptr ? record->get() : nullptr;
 }
 
-void TEmbeddedAccountAdapter::RequestAccountList(String&, Boolean) {
-    FTellReady = FReady;
+TCustomAccount* TEmbeddedAccountAdapter::GetAccount(StringView Account, Boolean Flag) {
+    if (!FReady) return nullptr;
+    TEmbeddedAccount* account = Find(Account);
+    if (Flag && account != nullptr && account->HasLateDetails() && FAwaited.IndexOf(account) < 0) {
+        FAwaited.Add(account);
+    }
+    return account;
+}
+
+void TEmbeddedAccountAdapter::RequestAccountList(String&, Boolean Flag) {
+    if (Flag && FReady) FTellReady = true;
 }
 
 void TEmbeddedAccountAdapter::GetSubAccountList(StringView Account,
                                                 TAccountDictionary& List) const {
-    if (Account.empty()) return;
+    if (!FReady || Account.empty()) return;
     for (TEmbeddedAccount* account : FAccountList) {
         if (account->GetMasterAccount() == Account) {
             List.AddOrSetValue(account->GetAccount(), account);
@@ -87,19 +110,30 @@ void TEmbeddedAccountAdapter::GetSubAccountList(StringView Account,
 
 String TEmbeddedAccountAdapter::FindAccountByText(StringView Text) const {
     const StringView typed = Trim(Text);
+    if (!FReady || typed.empty()) return {};
     if (IsAccountKnown(typed)) return String(typed);
     for (const TEmbeddedAccount* account : FAccountList) {
         if (SameText(account->GetAccount(), typed)) return account->GetAccount();
     }
+    for (const TEmbeddedAccount* account : FAccountList) {
+        if (SameText(account->GetAccountTag(), typed)) return account->GetAccount();
+    }
     return {};
 }
 
-String TEmbeddedAccountAdapter::GetCustomAccountValue(StringView, StringView) const {
-    return {};
+String TEmbeddedAccountAdapter::GetCustomAccountValue(StringView Section, StringView Key) const {
+    const String* value = FCustomValues.Find(CustomValueKey(Section, Key));
+    return value != nullptr ? *value : String();
 }
 
-TCustomAccountData* TEmbeddedAccountAdapter::GetSubAccountData(StringView, StringView) const {
-    return nullptr;
+TCustomAccountData* TEmbeddedAccountAdapter::GetSubAccountData(StringView Account,
+                                                               StringView Currency) const {
+    const TEmbeddedAccount* account = FReady ? Find(Account) : nullptr;
+    if (account == nullptr || account->GetAccountType() != AccountType::SummedByService) {
+        return nullptr;
+    }
+    const TBalanceRecords* records = FSummedRecords.Find(Account);
+    return records != nullptr ? FindBalance(*records, Currency) : nullptr;
 }
 
 void TEmbeddedAccountAdapter::AddSubAccountLoadCallback(const TDataCallbackEvent& Callback,
@@ -114,24 +148,84 @@ void TEmbeddedAccountAdapter::RemoveSubAccountLoadCallback(TObject* Owner) {
 void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDetails& details) {
     if (account.empty()) return;
     auto& record = FAccounts.Obtain(account);
-    if (record == nullptr) {
+    const bool isNew = record == nullptr;
+    if (isNew) {
         record = std::make_unique<TEmbeddedAccount>(account);
         FAccountList.Add(record.get());
     }
-    record->SetDetails(details);
+    const bool joins =
+        !details.MasterAccount.empty() && record->GetMasterAccount() != details.MasterAccount;
+    if (record->HasLateDetails() || (isNew && FDetailsLate)) {
+        record->SetDetailsLate(details);
+    } else {
+        record->SetDetails(details);
+    }
+    if (joins) FNewSubAccounts.AddOrSetValue(account, record.get());
     FChanged.AddOrSetValue(account, record.get());
+}
+
+bool TEmbeddedAccountAdapter::FeedBalance(StringView account, StringView currency,
+                                          const TBalanceFigures& figures) {
+    TEmbeddedAccount* record = Find(account);
+    if (record == nullptr) return false;
+    const bool isNew = record->SetBalance(currency, figures);
+    if (isNew && !currency.empty()) FMultiCurrencies.TouchMultiCurrencyInfo();
+    FChanged.AddOrSetValue(account, record);
+    return true;
+}
+
+bool TEmbeddedAccountAdapter::FeedSubAccountData(StringView account, StringView currency,
+                                                 const TBalanceFigures& figures) {
+    TEmbeddedAccount* owner = Find(account);
+    if (owner == nullptr) return false;
+    auto& record = FSummedRecords.Obtain(account).Obtain(currency);
+    if (record == nullptr) record = std::make_unique<TEmbeddedAccountData>(account, currency);
+    record->SetFigures(figures);
+    FChanged.AddOrSetValue(account, owner);
+    return true;
+}
+
+void TEmbeddedAccountAdapter::SetCustomAccountValue(StringView section, StringView key,
+                                                    StringView value) {
+    FCustomValues.AddOrSetValue(CustomValueKey(section, key), String(value));
 }
 
 void TEmbeddedAccountAdapter::SetReady(bool ready) {
     FTellReady = ready && (FTellReady || !FReady);
     FReady = ready;
+    FDeliveriesLeft = 0;
+}
+
+void TEmbeddedAccountAdapter::SetReadyAfter(Integer deliveries) {
+    SetReady(deliveries <= 0);
+    FDeliveriesLeft = deliveries;
+}
+
+void TEmbeddedAccountAdapter::CountDown() {
+    if (FDeliveriesLeft > 0 && --FDeliveriesLeft == 0) SetReady(true);
 }
 
 void TEmbeddedAccountAdapter::Deliver() {
+    CountDown();
+    if (!FReady) return;
     TAccountDictionary changed = std::exchange(FChanged, {});
+    TAccountDictionary joined = std::exchange(FNewSubAccounts, {});
+    TAccountDictionary loaded = LoadDetails();
     const bool tellReady = std::exchange(FTellReady, false);
     if (!changed.IsEmpty()) DeliverChanges(changed);
+    if (!joined.IsEmpty()) FSubAccountLoadCallbacks.Deliver(Pointer(&joined), Pointer());
+    if (!loaded.IsEmpty()) FInfoLoadCallbacks.Deliver(Pointer(&loaded), Pointer());
     if (tellReady) FReadyCallbacks.Deliver(Pointer(), Pointer());
+}
+
+TAccountDictionary TEmbeddedAccountAdapter::LoadDetails() {
+    TAccountDictionary loaded;
+    for (TEmbeddedAccount* account : FAwaited) {
+        account->LoadDetails();
+        loaded.Add(account->GetAccount(), account);
+    }
+    FAwaited.Clear();
+    return loaded;
 }
 
 void TEmbeddedAccountAdapter::DeliverChanges(TAccountDictionary& changed) {

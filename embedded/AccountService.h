@@ -6,11 +6,16 @@
 
 namespace quorin {
 
+class TEmbeddedCurrencyAdapter;
+
 // The accounts that the host names, none to begin with. What is fed counts at once; Deliver tells
-// of it. Details are complete from the start, so there is nothing to load later; accounts have no
-// figures, and no record is summed.
+// of it. While the list is not ready no account is known, by no operation, and nothing is told.
 class TEmbeddedAccountAdapter : public TCustomAccountAdapter {
 public:
+    // `currencies` hears of records in further currencies; it must live longer.
+    explicit TEmbeddedAccountAdapter(TEmbeddedCurrencyAdapter& currencies)
+        : FMultiCurrencies(currencies) {}
+
     // Operations of the contract
     void ChangeAccountCallback(StringView Account, const TDataCallbackEvent& Callback,
                                TObject* Owner, StringView PreviousAccount) override;
@@ -28,13 +33,14 @@ public:
     void RemoveAccountReadyCallback(TObject* Owner) override;
     Boolean IsAccountReady() const override { return FReady; }
     TCustomAccount* GetAccountByIndex(Integer Index) const override;
+    // With `Flag` details that are still missing come with the next Deliver.
     TCustomAccount* GetAccount(StringView Account, Boolean Flag) override;
-    // Tells of the list with the next Deliver.
+    // With `Flag` tells of a list that is there with the next Deliver. The filter counts for
+    // nothing: there is one list.
     void RequestAccountList(String& Filter, Boolean Flag) override;
     void GetSubAccountList(StringView Account, TAccountDictionary& List) const override;
-    // The code itself, in any case, with blanks around it or not.
+    // By code, else by tag; in any case, with blanks around it or not.
     String FindAccountByText(StringView Text) const override;
-    // Empty: nothing is known about all accounts together.
     String GetCustomAccountValue(StringView Section, StringView Key) const override;
     TCustomAccountData* GetSubAccountData(StringView Account, StringView Currency) const override;
     void AddSubAccountLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
@@ -42,18 +48,42 @@ public:
 
     // Makes the account known, or replaces the details of a known one. The empty code is ignored.
     void FeedAccount(StringView account, const TAccountDetails& details = {});
+    // The figures of a known account in one currency, in all together with the empty code. False
+    // for an account that was not fed.
+    bool FeedBalance(StringView account, StringView currency, const TBalanceFigures& figures);
+    // The summed figures of an account, which GetSubAccountData answers if it is of the type
+    // AccountType::SummedByService. False for an account that was not fed.
+    bool FeedSubAccountData(StringView account, StringView currency,
+                            const TBalanceFigures& figures);
+    void SetCustomAccountValue(StringView section, StringView key, StringView value);
+
+    // From here on the details of accounts that are new wait until somebody asks for them. Off to
+    // begin with.
+    void SetDetailsLate(bool late) { FDetailsLate = late; }
     // The list of accounts is ready to begin with; becoming ready again is told of.
     void SetReady(bool ready);
+    // Not ready, until that many deliveries are over; at once with 0.
+    void SetReadyAfter(Integer deliveries);
     void Deliver();
     Integer RegistrationCount() const;
 
 private:
+    TEmbeddedAccount* Find(StringView account) const;
+    void CountDown();
     void DeliverChanges(TAccountDictionary& changed);
+    TAccountDictionary LoadDetails();
 
+    TEmbeddedCurrencyAdapter& FMultiCurrencies;
     TDictionary<String, std::unique_ptr<TEmbeddedAccount>> FAccounts;
     TList<TEmbeddedAccount*> FAccountList;
+    TDictionary<String, TBalanceRecords> FSummedRecords; // by account
+    TDictionary<String, String> FCustomValues;           // by section and key
     TAccountDictionary FChanged;
+    TAccountDictionary FNewSubAccounts;
+    TList<TEmbeddedAccount*> FAwaited; // their details were asked for
+    bool FDetailsLate = false;
     bool FReady = true;
+    Integer FDeliveriesLeft = 0; // until the list is ready
     bool FTellReady = false;
     TKeyedRegistrations<String, TDataCallbackEvent> FAccountCallbacks;
     TKeyedRegistrations<String, TDataCallbackEvent> FSubAccountCallbacks; // by master

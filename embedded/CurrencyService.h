@@ -32,6 +32,8 @@ public:
 
     // Off to begin with.
     void SetMultiCurrency(bool multiCurrency);
+    // The records that accounts have per currency changed.
+    void TouchMultiCurrencyInfo() { FMultiCurrencyChanged = true; }
     // The ratio of a currency; 0.0 for one that is listed while its ratio is not known. The base
     // currency's stays 1.0.
     void FeedRatio(StringView currency, Double ratio);

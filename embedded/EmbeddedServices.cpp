@@ -24,12 +24,16 @@ Integer SumRegistrations(const Services&... services) {
 } // namespace
 
 TEmbeddedServices::TEmbeddedServices(const TEmbeddedOptions& options)
-    : FChannels(options.Host), FMessageBox(options.Host), FLog(options.Host) {
+    : FSwitches(options.Switches), FChannels(options.Host), FMessageBox(options.Host),
+      FLog(options.Host) {
     if (!options.SettingsPath.empty()) FConfig.Load(options.SettingsPath);
     if (!options.DataDirectory.empty())
         FLanguage.LoadFolder(options.DataDirectory / LanguageFolder);
     FLanguage.SetLanguage(options.Language);
     FConfig.Commit(); // the formatter reads what was loaded
+    FLogin.SetLogin(!FSwitches.LoggedOut);
+    FAccounts.SetDetailsLate(FSwitches.LateAccountDetails);
+    FAccounts.SetReadyAfter(FSwitches.AccountsReadyAfter);
     FOwnRegistrations = CountAll();
     Install();
 }
@@ -49,6 +53,46 @@ void TEmbeddedServices::Install() {
                     FAccounts, FPositions, FCurrencies, FProducts, FFeatures);
 }
 
+void TEmbeddedServices::LoadAccounts(const std::filesystem::path& folder) {
+    FeedAccounts(ReadAccountFiles(folder, &FMarket));
+}
+
+void TEmbeddedServices::FeedAccounts(const TAccountFiles& files) {
+    FCurrencies.SetMultiCurrency(!FSwitches.SingleCurrency);
+    for (const auto& row : files.Currencies) FCurrencies.FeedRatio(row.Key, row.Value);
+    for (const auto& row : files.Accounts) FAccounts.FeedAccount(row.Code, row.Details);
+    const auto counts = [&](const TAccountFiles::TBalanceRow& row) {
+        return row.Currency.empty() || !FSwitches.SingleCurrency;
+    };
+    for (const auto& row : files.Balances) {
+        if (counts(row)) FAccounts.FeedBalance(row.Account, row.Currency, row.Figures);
+    }
+    for (const auto& row : files.SubBalances) {
+        if (counts(row)) FAccounts.FeedSubAccountData(row.Account, row.Currency, row.Figures);
+    }
+    for (const auto& row : files.CustomValues) {
+        FAccounts.SetCustomAccountValue(row.Section, row.Key, row.Value);
+    }
+    for (const auto& row : files.Positions) {
+        FPositions.FeedPosition(row.Account, row.Symbol, row.Figures);
+    }
+    for (const auto& row : files.MarginRatios) {
+        TEmbeddedProductData& product = FProducts.FeedProduct(row.Symbol, row.Account);
+        if (row.Ratio.has_value()) product.SetMarginRatio(*row.Ratio);
+    }
+    for (const auto& row : files.Margins) FMargins.FeedMargin(row.Code, row.Figures);
+    FeedChinaConnect(files);
+}
+
+void TEmbeddedServices::FeedChinaConnect(const TAccountFiles& files) {
+    if (files.ConnectExchanges.IsEmpty()) return;
+    FFeatures.SetChinaConnect(!FSwitches.NoChinaConnect);
+    for (const auto& row : files.ConnectExchanges) FFeatures.FeedChinaConnectExchange(row.Key);
+    for (const auto& row : files.ConnectAccounts) {
+        FFeatures.FeedChinaConnectAccount(row.Key, row.Value);
+    }
+}
+
 void TEmbeddedServices::Deliver() {
     FConfig.Commit();
     FCurrencies.Deliver();
@@ -61,7 +105,8 @@ void TEmbeddedServices::Deliver() {
 
 Integer TEmbeddedServices::CountAll() const {
     return SumRegistrations(FConfig, FLanguage, FChannels, FItems, FMarket, FAccounts, FPositions,
-                            FCurrencies, FProducts);
+                            FCurrencies, FProducts) -
+           FPositions.FollowedItemCount();
 }
 
 } // namespace quorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "embedded/AccountFiles.h"
 #include "embedded/AccountService.h"
 #include "embedded/ChannelService.h"
 #include "embedded/ConfigService.h"
@@ -7,6 +8,7 @@
 #include "embedded/FormatterService.h"
 #include "embedded/LanguageService.h"
 #include "embedded/LogService.h"
+#include "embedded/MarginFeed.h"
 #include "embedded/MarketFormatterService.h"
 #include "embedded/MarketService.h"
 #include "embedded/MessageBoxService.h"
@@ -18,11 +20,21 @@
 
 namespace quorin {
 
+// States that a program may be in; everything is there and on without them.
+struct TServiceSwitches {
+    bool LoggedOut = false;
+    Integer AccountsReadyAfter = 0; // deliveries
+    bool LateAccountDetails = false;
+    bool SingleCurrency = false; // accounts have their total record only
+    bool NoChinaConnect = false;
+};
+
 struct TEmbeddedOptions {
     THost& Host;                              // must outlive the services
     std::filesystem::path DataDirectory = {}; // with the folder "language"; empty for no texts
     std::filesystem::path SettingsPath = {};  // empty for no stored settings
     TAppLanguage Language = TAppLanguage::English;
+    TServiceSwitches Switches = {};
 };
 
 // One of every service, in memory, and installed for as long as this object lives; there may be
@@ -50,6 +62,12 @@ public:
     TEmbeddedCurrencyAdapter& Currencies() { return FCurrencies; }
     TEmbeddedProductAdapter& Products() { return FProducts; }
     TEmbeddedFeatureSwitches& Features() { return FFeatures; }
+    TMarginFeed& Margins() { return FMargins; }
+
+    // Loads accounts, positions, currencies, margins and China Connect from the files of a folder,
+    // see TAccountFiles; symbols are checked if there is a universe. Raises EDataError at the first
+    // fault, and then nothing of it is loaded.
+    void LoadAccounts(const std::filesystem::path& folder);
 
     // Delivers all that waits in any service: settings first, then the standing data, then quotes,
     // then positions.
@@ -59,7 +77,11 @@ public:
 
 private:
     void Install();
+    void FeedAccounts(const TAccountFiles& files);
+    void FeedChinaConnect(const TAccountFiles& files);
     Integer CountAll() const;
+
+    const TServiceSwitches FSwitches;
 
     TEmbeddedConfigManager FConfig;
     TEmbeddedLanguageManager FLanguage;
@@ -75,9 +97,10 @@ private:
     TEmbeddedOrderAdapter FOrderAdapter;
     TEmbeddedOrderActionManager FOrders;
     TEmbeddedLoginCtrl FLogin;
-    TEmbeddedAccountAdapter FAccounts;
-    TEmbeddedPositionAdapter FPositions;
+    TMarginFeed FMargins{FItems};
     TEmbeddedCurrencyAdapter FCurrencies;
+    TEmbeddedAccountAdapter FAccounts{FCurrencies};
+    TEmbeddedPositionAdapter FPositions{FItems};
     TEmbeddedProductAdapter FProducts;
     TEmbeddedFeatureSwitches FFeatures;
     Integer FOwnRegistrations = 0;

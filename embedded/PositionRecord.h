@@ -9,6 +9,9 @@ namespace quorin {
 // currency.
 struct TPositionFigures {
     TPositionSide Side = TPositionSide::Net;
+    // The service keeps the live item, the previous close, the nominal, profit and loss and the
+    // average prices itself, from the other figures and the item's prices.
+    bool FollowsPrice = false;
     Double Quantity = 0.0; // 0.0 closes the position
     Double BODQuantity = 0.0;
     Double ShortQuantity = 0.0;

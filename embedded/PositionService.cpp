@@ -1,8 +1,8 @@
 #include "embedded/PositionService.h"
 
+#include "embedded/PositionValuation.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
-#include "viewdata/services/SubscribeAdapter.h"
 
 #include <utility>
 
@@ -10,11 +10,15 @@ namespace quorin {
 
 namespace {
 
-constexpr Double WholeUnit = 1.0; // where a product has no contract size
-
 // Exactly 0.0 is what closes a position.
-bool IsOpen(const TCustomPositionData& position) {
-    return position.GetQuantity() != 0.0;
+bool IsListed(const TCustomPositionData& position) {
+    return position.GetQuantity() != 0.0 || position.GetTodayBuyQty() != 0.0 ||
+           position.GetTodaySellQty() != 0.0;
+}
+
+TProductMarks MarksOf(const TCustomSubItem& item) {
+    return {item.GetFieldDouble(Field::LastPrice), item.GetFieldDouble(Field::PreviousClose),
+            item.GetFieldDouble(Field::ContractSize)};
 }
 
 String MasterOf(const String& accountCode) {
@@ -25,6 +29,10 @@ String MasterOf(const String& accountCode) {
 }
 
 } // namespace
+
+TEmbeddedPositionAdapter::~TEmbeddedPositionAdapter() {
+    for (const auto& item : FHoldings) FItems.Unsubscribe(item.Value.Item, &FFollower);
+}
 
 void TEmbeddedPositionAdapter::ChangePositionAccount(StringView Account,
                                                      const TDataCallbackEvent& Callback,
@@ -61,7 +69,7 @@ void TEmbeddedPositionAdapter::GetPositionList(StringView Account,
     const TRecords* records = FAccounts.Find(Account);
     if (records == nullptr) return;
     for (const auto& item : *records) {
-        if (IsOpen(*item.Value)) List.AddOrSetValue(item.Key, item.Value.get());
+        if (IsListed(*item.Value)) List.AddOrSetValue(item.Key, item.Value.get());
     }
 }
 
@@ -69,38 +77,74 @@ TCustomPositionData* TEmbeddedPositionAdapter::GetPosition(StringView Account,
                                                            StringView Symbol) const {
     const TRecords* records = FAccounts.Find(Account);
     const auto* record = records != nullptr ? records->Find(Symbol) : nullptr;
-    return record != nullptr && IsOpen(**record) ? record->get() : nullptr;
+    return record != nullptr && IsListed(**record) ? record->get() : nullptr;
 }
 
 Boolean TEmbeddedPositionAdapter::GetMarketValue(StringView Symbol, Double NetQuantity,
                                                  Double& Value) const {
-    TCustomSubscribeAdapter* items = TCustomSubscribeAdapter::GetInstance();
-    if (items == nullptr || Symbol.empty()) return false;
-    const TCustomSubItem* item = items->GetSubItem(Symbol, LiveDataType, /*Flag=*/false);
-    Double price = item->GetFieldDouble(Field::LastPrice);
-    if (price == 0.0) price = item->GetFieldDouble(Field::PreviousClose);
+    if (Symbol.empty()) return false;
+    const TCustomSubItem* item = FItems.FindItem(Symbol);
+    if (item == nullptr) item = FItems.GetSubItem(Symbol, LiveDataType, /*Flag=*/false);
+    const Double price = NominalPrice(MarksOf(*item));
     if (price == 0.0) return false;
-    const Double contractSize = item->GetFieldDouble(Field::ContractSize);
-    Value = NetQuantity * price * (contractSize > 0.0 ? contractSize : WholeUnit);
+    Value = NetQuantity * price * UnitSize(MarksOf(*item));
     return true;
 }
 
 TEmbeddedPositionData& TEmbeddedPositionAdapter::FeedPosition(StringView account, StringView symbol,
                                                               const TPositionFigures& figures) {
     auto& record = FAccounts.Obtain(account).Obtain(symbol);
-    if (record == nullptr) record = std::make_unique<TEmbeddedPositionData>(symbol, account);
-    record->SetFigures(figures);
+    THolding& holding = Hold(symbol);
+    if (record == nullptr) {
+        record = std::make_unique<TEmbeddedPositionData>(symbol, account);
+        holding.Records.Add(record.get());
+    }
+    record->SetFigures(figures.FollowsPrice ? Valued(figures, *holding.Item) : figures);
     FChanges.Obtain(account).AddOrSetValue(symbol, record.get());
     return *record;
 }
 
-void TEmbeddedPositionAdapter::FeedPriceMove(StringView symbol) {
-    for (const auto& item : FAccounts) {
-        const auto* record = item.Value.Find(symbol);
-        if (record != nullptr && IsOpen(**record)) {
-            FMoved.Obtain(item.Key).AddOrSetValue(symbol, record->get());
-        }
+TEmbeddedPositionAdapter::THolding& TEmbeddedPositionAdapter::Hold(StringView symbol) {
+    THolding& holding = FHoldings.Obtain(symbol);
+    if (holding.Item == nullptr) {
+        holding.Item = &FItems.Item(symbol);
+        FItems.Subscribe(holding.Item, MakeEvent<&TEmbeddedPositionAdapter::ItemsUpdate>(this),
+                         &FFollower);
     }
+    return holding;
+}
+
+TPositionFigures TEmbeddedPositionAdapter::Valued(TPositionFigures figures,
+                                                  TEmbeddedSubItem& item) {
+    figures.Ticker = &item;
+    ValuePosition(figures, MarksOf(item));
+    return figures;
+}
+
+void TEmbeddedPositionAdapter::ItemsUpdate(Pointer Sender, Pointer) {
+    const auto& changed = *static_cast<const TSubItemDictionary*>(Sender);
+    if (changed.Count() < FHoldings.Count()) {
+        for (const auto& item : changed) {
+            if (const THolding* holding = FHoldings.Find(item.Key)) Move(*holding);
+        }
+        return;
+    }
+    for (const auto& item : FHoldings) {
+        if (changed.ContainsKey(item.Key)) Move(item.Value);
+    }
+}
+
+void TEmbeddedPositionAdapter::Move(const THolding& holding) {
+    for (TEmbeddedPositionData* record : holding.Records) {
+        if (!IsListed(*record)) continue;
+        const TPositionFigures& figures = record->Figures();
+        if (figures.FollowsPrice) record->SetFigures(Valued(figures, *holding.Item));
+        FMoved.Obtain(record->GetAccount()).AddOrSetValue(record->GetSymbol(), record);
+    }
+}
+
+void TEmbeddedPositionAdapter::FeedPriceMove(StringView symbol) {
+    if (const THolding* holding = FHoldings.Find(symbol)) Move(*holding);
 }
 
 void TEmbeddedPositionAdapter::Deliver() {

@@ -2,15 +2,23 @@
 
 #include "embedded/KeyedRegistrations.h"
 #include "embedded/PositionRecord.h"
+#include "embedded/SubscribeService.h"
 #include "viewdata/services/PositionAdapter.h"
 
 namespace quorin {
 
 // The positions that the host names, none to begin with. What is fed counts at once; Deliver tells
-// of it. A closed position is listed no more, but its record stays and serves again when the
-// position is opened anew.
+// of it. A closed position is listed while it traded today and no more after that, but its record
+// stays and serves again when the position is opened anew.
+//
+// The service follows the live items of the products in its records: when one was delivered, the
+// next Deliver tells of the positions in it. That costs what is held, whatever moved in the market.
 class TEmbeddedPositionAdapter : public TCustomPositionAdapter {
 public:
+    // `items` must live longer.
+    explicit TEmbeddedPositionAdapter(TEmbeddedSubscribeAdapter& items) : FItems(items) {}
+    ~TEmbeddedPositionAdapter() override;
+
     // Operations of the contract
     void ChangePositionAccount(StringView Account, const TDataCallbackEvent& Callback,
                                TObject* Owner, StringView PreviousAccount) override;
@@ -35,15 +43,28 @@ public:
     // that hold a product whose price moved.
     void Deliver();
     Integer RegistrationCount() const;
+    // How many items the service follows itself.
+    Integer FollowedItemCount() const { return FHoldings.Count(); }
 
 private:
+    struct THolding { // of one product in all accounts
+        TEmbeddedSubItem* Item = nullptr;
+        TList<TEmbeddedPositionData*> Records;
+    };
     using TRecords = TDictionary<String, std::unique_ptr<TEmbeddedPositionData>>;
     using TChanges = TDictionary<String, TPositionDictionary>; // by account
 
+    THolding& Hold(StringView symbol);
+    void ItemsUpdate(Pointer Sender, Pointer Data);
+    void Move(const THolding& holding);
+    static TPositionFigures Valued(TPositionFigures figures, TEmbeddedSubItem& item);
     void DeliverChanges(TChanges& changes);
     void DeliverToMasters(TChanges& changes);
 
+    TEmbeddedSubscribeAdapter& FItems;
+    TObject FFollower; // owner of the subscriptions
     TDictionary<String, TRecords> FAccounts;
+    TDictionary<String, THolding> FHoldings; // by symbol
     TChanges FChanges;
     TChanges FMoved;
     TKeyedRegistrations<String, TDataCallbackEvent> FPositionCallbacks;

@@ -8,6 +8,7 @@ TCustomProductData* TEmbeddedProductAdapter::GetProductData(StringView Symbol,
                                                             StringView Account) const {
     const TByAccount* accounts = FProducts.Find(Symbol);
     const auto* record = accounts != nullptr ? accounts->Find(Account) : nullptr;
+    if (record == nullptr && accounts != nullptr) record = accounts->Find(StringView());
     return record != nullptr ? record->get() : nullptr;
 }
 

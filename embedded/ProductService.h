@@ -38,10 +38,11 @@ public:
         FCallbacks.Add(Owner, Callback);
     }
     void RemoveProductMarginRatioCallback(TObject* Owner) override { FCallbacks.Remove(Owner); }
+    // The account's own record goes before the one of all accounts.
     TCustomProductData* GetProductData(StringView Symbol, StringView Account) const override;
 
-    // The record of a product in an account, made when there is none yet, to be changed by the
-    // host; it stays the service's.
+    // The record of a product in an account, in all accounts with the empty code, made when there
+    // is none yet, to be changed by the host; it stays the service's.
     TEmbeddedProductData& FeedProduct(StringView symbol, StringView account);
     void Deliver();
     Integer RegistrationCount() const { return FCallbacks.Count(); }

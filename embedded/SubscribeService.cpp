@@ -136,15 +136,26 @@ void TEmbeddedSubscribeAdapter::RemoveListener(TEmbeddedSubItem& item, TObject* 
 void TEmbeddedSubscribeAdapter::Request(TEmbeddedSubItem& item) {
     if (item.FItemIndex != NoItemIndex) return;
     item.FItemIndex = FRequestCount++;
-    FRequests.Add(&item);
+    const bool isOther = FPrefixFeed != nullptr && item.FKey.starts_with(FPrefix);
+    (isOther ? FPrefixRequests : FRequests).Add(&item);
+}
+
+void TEmbeddedSubscribeAdapter::SetPrefixFeed(StringView prefix, TItemFeed* feed) {
+    FPrefix = prefix;
+    FPrefixFeed = feed;
+}
+
+void TEmbeddedSubscribeAdapter::ServeRequests() {
+    ServeRequests(FRequests, FFeed);
+    ServeRequests(FPrefixRequests, FPrefixFeed);
 }
 
 // What the feed asks for itself waits for the next delivery.
-void TEmbeddedSubscribeAdapter::ServeRequests() {
-    if (FFeed == nullptr || FRequests.IsEmpty()) return;
+void TEmbeddedSubscribeAdapter::ServeRequests(TList<TEmbeddedSubItem*>& requests, TItemFeed* feed) {
+    if (feed == nullptr || requests.IsEmpty()) return;
     TBorrowed<TList<TEmbeddedSubItem*>> served(FServed);
-    std::swap(*served, FRequests);
-    for (TEmbeddedSubItem* item : *served) FFeed->Requested(*item);
+    std::swap(*served, requests);
+    for (TEmbeddedSubItem* item : *served) feed->Requested(*item);
     (*served).Clear();
 }
 

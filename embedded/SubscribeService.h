@@ -44,6 +44,9 @@ public:
     // One feed and one filler, nil for none; not owned.
     void SetFeed(TItemFeed* feed) { FFeed = feed; }
     TItemFeed* Feed() const { return FFeed; }
+    // Another feed for the keys that begin with `prefix` and are asked for from here on; one at a
+    // time, nil for none; not owned.
+    void SetPrefixFeed(StringView prefix, TItemFeed* feed);
     void SetFiller(TItemFiller* filler) { FFiller = filler; }
 
     // The item of the key, made when it is new. Asks the feed for nothing.
@@ -87,6 +90,7 @@ private:
     void RemoveListener(TEmbeddedSubItem& item, TObject* owner);
     void Request(TEmbeddedSubItem& item);
     void ServeRequests();
+    void ServeRequests(TList<TEmbeddedSubItem*>& requests, TItemFeed* feed);
     void BeginBatch(TBatch& batch, TSerial serial);
     void CallReceivers(TBatch& batch, TSerial serial);
     void CallListeners(TBatch& batch, TSerial serial);
@@ -100,11 +104,14 @@ private:
     mutable TEmbeddedSubItem* FLastItem = nullptr; // of the last look-up
     TList<TEmbeddedSubItem*> FTouched;
     TList<TEmbeddedSubItem*> FRequests;
+    TList<TEmbeddedSubItem*> FPrefixRequests;
     TList<TEmbeddedSubItem*> FServed;
     TDictionary<TObject*, std::vector<std::unique_ptr<TBatchReceiver>>> FReceivers; // by owner
     TList<TObject*> FIdleOwners; // owners that lost a receiver's last item during a delivery
     TBatch FBatch;
     TItemFeed* FFeed = nullptr;
+    TItemFeed* FPrefixFeed = nullptr;
+    String FPrefix; // of the keys of that feed
     TItemFiller* FFiller = nullptr;
     TSerial FSerial = 0;
     Integer FDepth = 0;

@@ -1,0 +1,83 @@
+#include "embedded/AccountRecord.h"
+
+#include "platform/rtl/Text.h"
+#include "viewdata/services/CurrencyAdapter.h"
+
+namespace quorin {
+
+namespace {
+
+constexpr StringView ProfessionalFlag = u"1";
+
+} // namespace
+
+void TEmbeddedAccountData::GetFieldString(Integer Attribute, String& Text) const {
+    const String* text =
+        Attribute == AccountCodeAttribute ? &FAccount : FFigures.Fields.Find(Attribute);
+    if (text != nullptr) {
+        Text = *text;
+    } else {
+        Text.clear();
+    }
+}
+
+Boolean TEmbeddedAccountData::IsConvertible() const {
+    if (FCurrency.empty()) return true;
+    const TCustomCurrencyAdapter* currencies = TCustomCurrencyAdapter::GetInstance();
+    return currencies != nullptr && currencies->GetCurrencyRatio(FCurrency) != 0.0;
+}
+
+void TEmbeddedAccount::SetDetails(const TAccountDetails& details) {
+    FDetails = details;
+    FLateDetails.reset();
+}
+
+void TEmbeddedAccount::SetDetailsLate(const TAccountDetails& details) {
+    FLateDetails = details;
+    FDetails = {.Tag = details.Tag,
+                .Name = details.Name,
+                .Type = details.Type,
+                .MasterAccount = details.MasterAccount,
+                .MarginType = details.MarginType,
+                .PrincipalType = details.PrincipalType,
+                .IsAggregate = details.IsAggregate,
+                .Status = details.Status};
+}
+
+void TEmbeddedAccount::LoadDetails() {
+    if (!FLateDetails.has_value()) return;
+    FDetails = *FLateDetails;
+    FLateDetails.reset();
+}
+
+bool TEmbeddedAccount::SetBalance(StringView currency, const TBalanceFigures& figures) {
+    auto& record = FBalances.Obtain(currency);
+    const bool isNew = record == nullptr;
+    if (isNew) {
+        record = std::make_unique<TEmbeddedAccountData>(FAccount, currency);
+        if (!currency.empty()) FCurrencies.Add(String(currency));
+    }
+    record->SetFigures(figures);
+    return isNew;
+}
+
+String TEmbeddedAccount::GetAccountField(StringView Key) const {
+    const String* value = FDetails.Fields.Find(Key);
+    return value != nullptr ? *value : String();
+}
+
+TCustomAccountData* TEmbeddedAccount::GetAccountData(StringView Currency) const {
+    const auto* record = FBalances.Find(Currency);
+    return record != nullptr ? record->get() : nullptr;
+}
+
+String TEmbeddedAccount::GetProfessionalFlag(StringView Value) const {
+    const bool isProfessional = !Value.empty() && SameText(Value, FDetails.InvestorClass);
+    return String(isProfessional ? ProfessionalFlag : StringView());
+}
+
+const String& TEmbeddedAccount::GetCurrency(Integer Index) const {
+    return Index >= 0 && Index < FCurrencies.Count() ? FCurrencies[Index] : FNoCurrency;
+}
+
+} // namespace quorin

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "embedded/SubscribeService.h"
+
+#include <array>
+#include <optional>
+
+namespace quorin {
+
+// The sixteen figures of one margin item, from Field::FirstMargin on; those that are not there are
+// fields that the item does not have.
+inline constexpr std::size_t MarginFigureCount = Field::LastMargin - Field::FirstMargin + 1;
+using TMarginFigures = std::array<std::optional<Double>, MarginFigureCount>;
+
+// The margins of the clearing house, by the code of a symbol, an underlyer, a series, or a series
+// followed by "*" for its options. Serves the live items whose keys begin with SpanKeyPrefix: with
+// the delivery after somebody asked, an item becomes ready with its figures, or has no data.
+class TMarginFeed final : public TItemFeed {
+public:
+    // Serves from here on, until it dies. `items` must live longer.
+    explicit TMarginFeed(TEmbeddedSubscribeAdapter& items);
+    TMarginFeed(const TMarginFeed&) = delete;
+    TMarginFeed& operator=(const TMarginFeed&) = delete;
+    ~TMarginFeed() override;
+
+    // The figures of a code, from the next delivery on; earlier ones are replaced.
+    void FeedMargin(StringView code, const TMarginFigures& figures);
+    void Requested(TEmbeddedSubItem& item) override;
+
+private:
+    void Write(TEmbeddedSubItem& item, const TMarginFigures& figures);
+
+    TEmbeddedSubscribeAdapter& FItems;
+    TDictionary<String, TMarginFigures> FMargins; // by item key
+};
+
+} // namespace quorin
