@@ -107,6 +107,99 @@ TEST_F(PositionTest, WhoHearsOfWhichPositions) {
     Adapter().RemovePositionMarketDataCallback(&ofPrices);
 }
 
+TEST_F(PositionTest, FollowsTheItemsOfItsProducts) {
+    TPositionReceiver ofPrices;
+    Adapter().AddPositionMarketDataCallback(ofPrices.Event(), &ofPrices);
+    Feed(u"A", u"00700", 100.0);
+    Feed(u"B", u"00700", 200.0);
+    Feed(u"B", u"00005", 400.0);
+    EXPECT_EQ(Services().RegistrationCount(), 1)
+        << "what the service follows itself is not counted";
+    Services().Deliver();
+    EXPECT_EQ(ofPrices.Take(), u"");
+    SetField(u"00700", Field::BestBid, 350.0);
+    SetField(u"HSIF", Field::BestBid, 20000.0);
+    EXPECT_EQ(ofPrices.Take(), u"") << "before the delivery";
+    Services().Deliver();
+    EXPECT_EQ(ofPrices.Take(), u"A 00700=100; B 00700=200; ");
+    SetField(u"HSIF", Field::BestBid, 20001.0);
+    Services().Deliver();
+    EXPECT_EQ(ofPrices.Take(), u"") << "not held";
+    Feed(u"A", u"00700", 0.0);
+    SetField(u"00700", Field::BestBid, 350.2);
+    Services().Deliver();
+    EXPECT_EQ(ofPrices.Take(), u"B 00700=200; ") << "closed";
+    Adapter().RemovePositionMarketDataCallback(&ofPrices);
+}
+
+TEST_F(PositionTest, ClosedTodayIsListedStill) {
+    TPositionFigures figures;
+    figures.TodayBuyQty = figures.TodaySellQty = 100.0;
+    Services().Positions().FeedPosition(u"A", u"00700", figures);
+    EXPECT_EQ(Listed(u"A"), u"00700 ");
+    EXPECT_NE(Adapter().GetPosition(u"A", u"00700"), nullptr);
+}
+
+// Contracts of 50 that closed at 20000 yesterday and trade at 20100.
+TEST_F(PositionTest, ProfitAndLossFollowThePrice) {
+    struct TCase {
+        const char* Name;
+        TPositionSide Side;
+        Double BODQuantity, BODPrice, BuyQty, BuyAmount, SellQty, SellAmount;
+        Double InitPL, RealPL, ExePL, Mixed, In, FIFN;
+    };
+    using enum TPositionSide;
+    const TCase cases[] = {
+        {"long, held", Net, 2, 19900, 0, 0, 0, 0, 20000, 0, 0, 19900, 19900, 19900},
+        {"no price of its own", Net, 2, 0, 0, 0, 0, 0, 10000, 0, 0, 20000, 20000, 20000},
+        {"short, held", Net, -2, 20200, 0, 0, 0, 0, 10000, 0, 0, 20200, 20200, 20200},
+        {"bought more", Net, 1, 19900, 1, 20050, 0, 0, 10000, 0, 2500, 19975, 20050, 19975},
+        {"sold a part", Net, 2, 19900, 0, 0, 1, 20150, 20000, 12500, 2500, 19900, 19900, 19900},
+        {"bought and sold", Net, 1, 19900, 1, 20000, 1, 20200, 10000, 12500, 10000, 19950, 20000,
+         20000},
+        {"turned short", Net, 1, 20000, 0, 0, 2, 40400, 5000, 10000, 10000, 20200, 20200, 20200},
+        {"opened and closed", Net, 0, 0, 1, 20000, 1, 20010, 0, 500, 500, 20000, 20000, 20000},
+        {"long record", Long, 3, 19900, 0, 0, 1, 20000, 30000, 5000, -5000, 19900, 19900, 19900},
+        {"short record", Short, 3, 20200, 1, 20050, 0, 0, 15000, 7500, 2500, 20200, 20200, 20200},
+        {"short record closed", Short, 1, 20200, 1, 20100, 0, 0, 5000, 5000, 0, 20200, 20200,
+         20200},
+    };
+    SetField(u"HSIF", Field::PreviousClose, 20000.0);
+    SetField(u"HSIF", Field::LastPrice, 19000.0);
+    for (const TCase& row : cases) {
+        TPositionFigures figures;
+        figures.Side = row.Side;
+        figures.FollowsPrice = true;
+        figures.BODQuantity = row.BODQuantity;
+        figures.BODPrice = row.BODPrice;
+        figures.TodayBuyQty = row.BuyQty;
+        figures.TodayBuyAmount = row.BuyAmount;
+        figures.TodaySellQty = row.SellQty;
+        figures.TodaySellAmount = row.SellAmount;
+        figures.Quantity = 1.0;
+        Services().Positions().FeedPosition(String(1, Char(u'A' + (&row - cases))), u"HSIF",
+                                            figures);
+    }
+    Services().Deliver();
+    SetField(u"HSIF", Field::LastPrice, 20100.0);
+    Services().Deliver();
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.Name);
+        const TCustomPositionData* position =
+            Adapter().GetPosition(String(1, Char(u'A' + (&row - cases))), u"HSIF");
+        ASSERT_NE(position, nullptr);
+        EXPECT_EQ(position->GetTicker(), Services().Items().FindItem(u"HSIF"));
+        EXPECT_EQ(position->GetNominal(), 20100.0);
+        EXPECT_EQ(position->GetPClose(), 20000.0);
+        EXPECT_DOUBLE_EQ(position->GetInitPL(), row.InitPL);
+        EXPECT_DOUBLE_EQ(position->GetRealPL(), row.RealPL);
+        EXPECT_DOUBLE_EQ(position->GetExePL(), row.ExePL);
+        EXPECT_DOUBLE_EQ(position->GetAvgPriceMixed(), row.Mixed);
+        EXPECT_DOUBLE_EQ(position->GetAvgPriceIn(), row.In);
+        EXPECT_DOUBLE_EQ(position->GetAvgPriceFIFN(), row.FIFN);
+    }
+}
+
 TEST_F(PositionTest, MarketValue) {
     Double value = -1.0;
     EXPECT_FALSE(Adapter().GetMarketValue(u"HSIF", 2.0, value)) << "no price";
