@@ -9,11 +9,11 @@ function(quorin_link_existing target scope)
     endforeach()
 endfunction()
 
-# quorin_library(<target> [ALIAS <name>] FOLDERS <folder>... [LINKS <target>...])
-# A static library of everything under the folders; without any .cpp an interface library; without
+# quorin_library(<target> [ALIAS <name>] FOLDERS <folder>... [EXCEPT <folder>...] [LINKS <target>...])
+# A static library of everything under the folders but those excepted; without any .cpp an interface library; without
 # any file at all nothing.
 function(quorin_library target)
-    cmake_parse_arguments(ARG "" "ALIAS" "FOLDERS;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "" "ALIAS" "FOLDERS;EXCEPT;LINKS" ${ARGN})
     set(sources)
     set(headers)
     foreach(folder IN LISTS ARG_FOLDERS)
@@ -22,6 +22,10 @@ function(quorin_library target)
         file(GLOB_RECURSE folderHeaders CONFIGURE_DEPENDS "${here}/*.h")
         list(APPEND sources ${folderSources})
         list(APPEND headers ${folderHeaders})
+    endforeach()
+    foreach(folder IN LISTS ARG_EXCEPT)
+        list(FILTER sources EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${folder}/")
+        list(FILTER headers EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${folder}/")
     endforeach()
 
     if(sources)
