@@ -8,7 +8,10 @@ namespace {
 
 // TCHC is a call on 00700 of the series TCH, HSIF a future of the series HSI without an underlyer.
 struct TRequiredMarginTest : TMarketTest {
-    TRequiredMarginTest() { Load(u"HKFE"); }
+    TRequiredMarginTest() {
+        Services().Items().SetFeed(nullptr); // what items say is told here alone
+        Load(u"HKFE");
+    }
 
     void Figure(StringView code, Integer field, Double value) {
         const String key = String(SpanKeyPrefix) + String(code);
