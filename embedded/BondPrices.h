@@ -18,9 +18,9 @@ inline constexpr StringView BondCategoriesKey = u"BondCategories";
 // and BondPriceDenominator the fraction: 2, 4, 8, 16, 32 or 64. Every other form or fraction leaves
 // prices in decimals. A bond is a symbol whose record's series is of a bond category.
 //
-// All prices of a column read against one denominator, so a fraction is never reduced (99.5 in 64ths
-// is 99-32/64) and its numerator not padded. A whole price has no fraction (100), one below 1 only
-// that (33/64, -33/64).
+// All prices of a column read against one denominator, so a fraction is never reduced (99.5 in
+// 64ths is 99-32/64) and its numerator not padded. A whole price has no fraction (100), one below 1
+// only that (33/64, -33/64).
 class TBondPrices {
 public:
     void ReadSettings(const TCustomConfigManager& config);

@@ -150,8 +150,10 @@ TEST(LanguageFilesTest, NoTextIsEmptyOrHasBlanksAround) {
 
 // Characters that only one of the two writings has, of words that are frequent here.
 TEST(LanguageFilesTest, ChineseIsWrittenInItsOwnCharacters) {
-    const String traditional = u"戶號稱幣長倉狀態類別貨權認購沽價後結約數單現與專業確將過買賣開關時間週";
-    const String simplified = u"户号称币长仓状态类别货权认购沽价后结约数单现与专业确将过买卖开关时间周";
+    const String traditional =
+        u"戶號稱幣長倉狀態類別貨權認購沽價後結約數單現與專業確將過買賣開關時間週";
+    const String simplified =
+        u"户号称币长仓状态类别货权认购沽价后结约数单现与专业确将过买卖开关时间周";
     ASSERT_EQ(traditional.size(), simplified.size());
     for (const char* language : ChineseLanguages) {
         const bool isTraditional = language == std::string("zh-Hant");
