@@ -86,9 +86,7 @@ String TEmbeddedFormatter::FormatValue(Double Value, TDisplayDataType DataType, 
         AppendDecimals(text, Value, PercentDecimals, /*grouping=*/false);
         text.push_back(u'%');
         break;
-    case DisplayDataType::MarketPrice:
-        AppendPrice(text, Value, FPriceDecimals.Find(Symbol, Value));
-        break;
+    case DisplayDataType::MarketPrice: AppendMarketPrice(text, Value, Symbol); break;
     default: AppendTrimmed(text, Value, MostDecimals, /*grouping=*/false);
     }
     return text;
@@ -96,10 +94,16 @@ String TEmbeddedFormatter::FormatValue(Double Value, TDisplayDataType DataType, 
 
 void TEmbeddedFormatter::AppendAveragePrice(String& target, Double value, StringView symbol,
                                             bool fullLength) const {
+    if (FBondPrices.Append(target, value, symbol)) return;
     const Integer decimals =
         FAveragePrice.IsSet ? FAveragePrice.Decimals
                             : std::max(AveragePriceDecimals, FPriceDecimals.Find(symbol, value));
     AppendRounded(target, value, decimals, /*grouping=*/false, fullLength);
+}
+
+void TEmbeddedFormatter::AppendMarketPrice(String& target, Double value, StringView symbol) const {
+    if (FBondPrices.Append(target, value, symbol)) return;
+    AppendPrice(target, value, FPriceDecimals.Find(symbol, value));
 }
 
 void TEmbeddedFormatter::AppendQuantity(String& target, Double value, bool fullLength) const {
@@ -112,6 +116,8 @@ void TEmbeddedFormatter::ReadSettings(Pointer, Pointer) {
     FQuantity = ReadPrecision(QtyPrecision, QtyDecimal, MostDecimals);
     FAveragePrice = ReadPrecision(DefaultPrecision, DefaultDecimal, AveragePriceDecimals);
     FCurrencyRatio = ReadPrecision(CurrencyPrecision, CurrencyDecimal, CurrencyRatioDecimals);
+
+    FBondPrices.ReadSettings(FConfig);
 
     const String& section = FConfig.GetCurrentSection();
     FGroupQuantity = FConfig.ReadString(section, QtyThousandPeriod).empty() ||

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "embedded/BondPrices.h"
 #include "embedded/PriceDecimals.h"
 #include "platform/rtl/TEvent.h"
 #include "viewdata/services/ConfigManager.h"
@@ -19,7 +20,9 @@ namespace quorin {
 // Of these four, `Flag` True drops the zeros at the end unless the kind's own setting keeps them.
 // Beside them a market price shows the decimals of the symbol's price step (without one 2 to 8), a
 // ratio 4, a percentage 2 and "%", a whole number none and groups; other kinds are plain numbers.
-// Fractions of bond prices are not supported.
+//
+// Of a bond, a worked-out price and a market price are shown in fractions where the settings want
+// that and the price is one; see TBondPrices.
 class TEmbeddedFormatter : public TCustomFormatter {
 public:
     // Registers with `config`, which must outlive it, so that it knows of a change before views do
@@ -43,11 +46,13 @@ private:
     void ReadSettings(Pointer Sender, Pointer Data);
     TPrecision ReadPrecision(StringView precisionKey, StringView keepKey, Integer fallback) const;
     void AppendAveragePrice(String& target, Double value, StringView symbol, bool fullLength) const;
+    void AppendMarketPrice(String& target, Double value, StringView symbol) const;
     void AppendQuantity(String& target, Double value, bool fullLength) const;
 
     TCustomConfigManager& FConfig;
     TObject FOwner; // of the registration
     TPriceDecimals FPriceDecimals;
+    TBondPrices FBondPrices;
     TPrecision FAmount;
     TPrecision FQuantity;
     TPrecision FAveragePrice;

@@ -6,6 +6,7 @@
 #include "viewdata/services/ResourceKeys.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace quorin {
@@ -25,6 +26,15 @@ constexpr TLanguageFile LanguageFiles[] = {
     {TAppLanguage::SimplifiedChinese, "zh-Hans.csv"},
 };
 
+// A text may break into lines; any other control character says that the file is no text.
+bool IsPlainText(std::string_view bytes) {
+    constexpr unsigned char LastControl = 0x1F;
+    return IsValidUtf8(bytes) && std::none_of(bytes.begin(), bytes.end(), [](char byte) {
+               const bool breaksLine = byte == '\n' || byte == '\r';
+               return static_cast<unsigned char>(byte) <= LastControl && !breaksLine;
+           });
+}
+
 } // namespace
 
 void TEmbeddedLanguageManager::Load(TAppLanguage language, const std::filesystem::path& path) {
@@ -33,11 +43,16 @@ void TEmbeddedLanguageManager::Load(TAppLanguage language, const std::filesystem
 }
 
 void TEmbeddedLanguageManager::LoadFolder(const std::filesystem::path& folder) {
+    std::array<std::optional<TTables>, LanguageCount> loaded;
     for (const TLanguageFile& file : LanguageFiles) {
         const std::filesystem::path path = folder / file.Name;
         std::error_code ignored;
         const bool isNeeded = file.Language == TAppLanguage::English;
-        if (isNeeded || std::filesystem::exists(path, ignored)) Load(file.Language, path);
+        if (isNeeded || std::filesystem::exists(path, ignored))
+            loaded[static_cast<std::size_t>(file.Language)] = ReadTables(path);
+    }
+    for (std::size_t language = 0; language < LanguageCount; ++language) {
+        if (loaded[language]) FTables[language] = std::move(*loaded[language]);
     }
 }
 
@@ -58,7 +73,7 @@ TEmbeddedLanguageManager::ReadTables(const std::filesystem::path& path) {
         if (!reader.Problem().empty()) refuse(reader.Problem());
         const std::span<const std::string_view> fields = reader.Fields();
         if (fields.size() != ColumnCount) refuse("not four fields");
-        if (!std::all_of(fields.begin(), fields.end(), IsValidUtf8)) refuse("not UTF-8");
+        if (!std::all_of(fields.begin(), fields.end(), IsPlainText)) refuse("not UTF-8 text");
         if (fields[TableColumn].empty()) refuse("no table");
         if (fields[KeyColumn].empty()) refuse("no key");
         TTable& table = tables.Obtain(FromUtf8(fields[TableColumn]));
@@ -66,6 +81,7 @@ TEmbeddedLanguageManager::ReadTables(const std::filesystem::path& path) {
         if (!table.Add(FromUtf8(fields[KeyColumn]), std::move(entry)))
             refuse("the key comes twice");
     }
+    if (tables.Count() == 0) refuse("there is no text");
     return tables;
 }
 

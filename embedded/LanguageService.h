@@ -19,11 +19,12 @@ class TEmbeddedLanguageManager : public TCustomLanguageManager {
 public:
     // Replaces all texts of a language by those of the file: records table,key,text,type below a
     // first record of these names, in UTF-8. Throws EDataError on a file that is missing or
-    // damaged, also by an empty table or key or an entry that comes twice, and then keeps the
-    // texts as they were. What is already shown changes with the next SetLanguage only.
+    // damaged, also by an empty table or key or an entry that comes twice, or that has no entry,
+    // and then keeps the texts as they were. What is already shown changes with the next
+    // SetLanguage only.
     void Load(TAppLanguage language, const std::filesystem::path& path);
-    // Loads the files "en.csv", "zh-Hant.csv" and "zh-Hans.csv" of the folder; a language other
-    // than English may be missing.
+    // Loads the files "en.csv", "zh-Hant.csv" and "zh-Hans.csv" of the folder, all or none; a
+    // language other than English may be missing.
     void LoadFolder(const std::filesystem::path& folder);
     void SetText(TAppLanguage language, StringView tag, StringView key, StringView text,
                  StringView type = {});

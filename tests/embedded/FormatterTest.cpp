@@ -140,12 +140,23 @@ TEST_F(FormatterTest, PricesFollowTheSymbolsStep) {
 }
 
 TEST_F(FormatterTest, AmountWithoutCommasParsesBack) {
-    for (const Double value : {-1234.5, 0.0, -0.004, 1e-9, 999999.995, 123456789012.34, -1e20}) {
-        const String text = ReplaceAll(Format(value, Kind::Amount, u"00700", false), u",", u"");
-        Double parsed = -1.0;
-        ASSERT_TRUE(TryParseDouble(text, parsed)) << ToUtf8(text);
-        const Double halfACent = 0.005 + std::fabs(value) * 1e-15;
-        EXPECT_NEAR(parsed, value, halfACent) << ToUtf8(text);
+    struct TCase {
+        StringView Precision;
+        Double HalfAUnit; // of the last decimal
+    };
+    const TCase cases[] = {{u"", 0.005}, {u"0", 0.5}, {u"1", 0.05}, {u"8", 0.5e-8}};
+    for (const TCase& row : cases) {
+        SetConfig(ConfigKey::AmountPrecision, row.Precision);
+        for (const Double value :
+             {-1234.5, 0.0, -0.004, 1e-9, 999.5, -999999.995, 123456789012.34, -1e20}) {
+            for (const bool flag : {false, true}) {
+                const String shown = Format(value, Kind::Amount, u"00700", flag);
+                Double parsed = -1.0;
+                ASSERT_TRUE(TryParseDouble(ReplaceAll(shown, u",", u""), parsed)) << ToUtf8(shown);
+                const Double tolerance = row.HalfAUnit * (1.0 + 1e-6) + std::fabs(value) * 1e-15;
+                EXPECT_NEAR(parsed, value, tolerance) << ToUtf8(shown);
+            }
+        }
     }
 }
 

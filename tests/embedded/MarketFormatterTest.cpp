@@ -1,6 +1,9 @@
 #include "embedded/MarketFormatterService.h"
 
+#include "embedded/BondPrices.h"
+#include "tests/support/AllocationCount.h"
 #include "tests/support/ServicesFixture.h"
+#include "viewdata/services/ConfigKeys.h"
 #include "viewdata/services/FieldNumbers.h"
 
 namespace quorin {
@@ -42,6 +45,90 @@ TEST_F(MarketFormatterTest, Prices) {
     EXPECT_EQ(Price(u"00700", Field::LastPrice), Untouched) << "empty";
     SetField(u"HSIF", Field::LastPrice, -3.0);
     EXPECT_EQ(Price(u"HSIF", Field::LastPrice), u"-3") << "below zero is a price";
+}
+
+// The published steps of Hong Kong's shares, border by border, and those of futures and bonds.
+TEST_F(MarketFormatterTest, DecimalsOfTheStepInForce) {
+    static constexpr TSpreadBand bands[] = {
+        {0.01, 0.25, 0.001},   {0.25, 0.5, 0.005},    {0.5, 10.0, 0.01},     {10.0, 20.0, 0.02},
+        {20.0, 100.0, 0.05},   {100.0, 200.0, 0.1},   {200.0, 500.0, 0.2},   {500.0, 1000.0, 0.5},
+        {1000.0, 2000.0, 1.0}, {2000.0, 5000.0, 2.0}, {5000.0, 9995.0, 5.0},
+    };
+    TEmbeddedMarketAdapter& market = Services().Market();
+    ASSERT_TRUE(market.AddSpreadTable(u"BANDS", bands));
+    ASSERT_TRUE(market.AddSymbol(
+        {.Symbol = u"BANDED", .Exchange = u"SEHK", .Series = u"MAIN", .SpreadCode = u"BANDS"}));
+    struct TCase {
+        const char* Name;
+        StringView TickSize; // of a symbol without a table; empty for the one with it
+        Double Price;
+        StringView Text;
+    };
+    const TCase cases[] = {
+        {"lowest price", u"", 0.01, u"0.010"},
+        {"below the table", u"", 0.0005, u"0.001"},
+        {"last of 0.001", u"", 0.249, u"0.249"},
+        {"first of 0.005", u"", 0.25, u"0.250"},
+        {"first of 0.005, worked out", u"", 0.1 + 0.15, u"0.250"},
+        {"last of 0.005", u"", 0.495, u"0.495"},
+        {"first of 0.01", u"", 0.5, u"0.50"},
+        {"last of 0.01", u"", 9.99, u"9.99"},
+        {"first of 0.02", u"", 10.0, u"10.00"},
+        {"last of 0.05", u"", 99.95, u"99.95"},
+        {"first of 0.1", u"", 100.0, u"100.0"},
+        {"first of 0.1, worked out", u"", 33.3 + 66.7, u"100.0"},
+        {"last of 0.1", u"", 199.9, u"199.9"},
+        {"first of 0.2", u"", 200.0, u"200.0"},
+        {"last of 0.5", u"", 999.5, u"999.5"},
+        {"first of 1", u"", 1000.0, u"1000"},
+        {"in 5", u"", 5005.0, u"5005"},
+        {"above the table", u"", 12000.0, u"12000"},
+        {"a step of 10", u"10", 78450.0, u"78450"},
+        {"a step of 5", u"5", 19985.0, u"19985"},
+        {"a step of 1", u"1", 26000.0, u"26000"},
+        {"a step of 0.5", u"0.5", 1234.5, u"1234.5"},
+        {"a step of 0.25", u"0.25", 4321.5, u"4321.50"},
+        {"a step of 0.02", u"0.02", 561.3, u"561.30"},
+        {"a step of 0.005", u"0.005", 101.5, u"101.500"},
+        {"a step of 1/32", u"0.03125", 99.5, u"99.50000"},
+        {"a step of 0", u"0", 99.125, u"99.125"},
+        {"a step below zero", u"-1", 99.0, u"99.00"},
+        {"no number as a step", u"one", 99.0, u"99.00"},
+        {"a spread below zero", u"1", -118.0, u"-118"},
+    };
+    for (const TCase& row : cases) {
+        const StringView symbol = row.TickSize.empty() ? u"BANDED" : u"HSIF";
+        if (!row.TickSize.empty()) SetField(symbol, Field::TickSize, row.TickSize);
+        SetField(symbol, Field::LastPrice, row.Price);
+        EXPECT_EQ(Price(symbol, Field::LastPrice), row.Text) << row.Name;
+    }
+}
+
+TEST_F(MarketFormatterTest, PricesTakeNoMemoryButTheirText) {
+    struct TCase {
+        const char* Name;
+        StringView Symbol;
+        Double Price;
+        std::size_t Allocations; // what a text of that length needs
+    };
+    SetConfig(ConfigKey::DenominatorModeValue, u"1");
+    SetConfig(ConfigKey::BondPriceDenominator, u"64");
+    SetConfig(BondCategoriesKey, u"2"); // index futures, here
+    const TCase cases[] = {
+        {"of a table", u"00700", 350.2, 0},
+        {"of a tick size, as a whole bond price", u"HSIF", 26000.0, 0},
+        {"a fraction", u"HSIF", 9.015625, 0},
+        {"a longer fraction", u"HSIF", 99.515625, 1},
+        {"of no known step", u"NONE", 1.125, 0},
+    };
+    for (const TCase& row : cases) {
+        SetField(row.Symbol, Field::LastPrice, row.Price);
+        Price(row.Symbol, Field::LastPrice);
+        String text;
+        const std::size_t before = AllocationCount();
+        Formatter().FormatPrice(row.Symbol, Field::LastPrice, text);
+        EXPECT_EQ(AllocationCount() - before, row.Allocations) << row.Name << ToUtf8(text);
+    }
 }
 
 TEST_F(MarketFormatterTest, Volumes) {
