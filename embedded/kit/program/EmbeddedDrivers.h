@@ -43,6 +43,9 @@ public:
     TEmbeddedMarketDriver(TEmbeddedMarketAdapter& feed, TCustomMarketAdapter& service)
         : FFeed(feed), FService(service) {}
 
+    // The number of its first table; for several drivers one after the other on one service.
+    void FirstTable(Integer number) { FTables = number; }
+
     TCustomMarketAdapter& Service() override { return FService; }
     void SetMarketOpen(StringView exchange, bool isOpen) override {
         FFeed.SetMarketState(exchange, isOpen ? u"CT" : u"CL", isOpen ? MarketOpen : 0);
