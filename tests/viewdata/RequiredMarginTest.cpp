@@ -9,7 +9,7 @@ namespace {
 // TCHC is a call on 00700 of the series TCH, HSIF a future of the series HSI without an underlyer.
 struct TRequiredMarginTest : TMarketTest {
     TRequiredMarginTest() {
-        Services().Items().SetFeed(nullptr); // what items say is told here alone
+        Services().Items().SetPrefixFeed({}, nullptr); // what items say is told here alone
         Load(u"HKFE");
     }
 
