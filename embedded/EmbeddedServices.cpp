@@ -80,6 +80,7 @@ void TEmbeddedServices::FeedAccounts(const TAccountFiles& files) {
         TEmbeddedProductData& product = FProducts.FeedProduct(row.Symbol, row.Account);
         if (row.Ratio.has_value()) product.SetMarginRatio(*row.Ratio);
     }
+    FMargins.Serve();
     for (const auto& row : files.Margins) FMargins.FeedMargin(row.Code, row.Figures);
     FeedChinaConnect(files);
 }

@@ -2,12 +2,8 @@
 
 namespace quorin {
 
-TMarginFeed::TMarginFeed(TEmbeddedSubscribeAdapter& items) : FItems(items) {
-    FItems.SetPrefixFeed(SpanKeyPrefix, this);
-}
-
 TMarginFeed::~TMarginFeed() {
-    FItems.SetPrefixFeed({}, nullptr);
+    if (FItems.PrefixFeed() == this) FItems.SetPrefixFeed({}, nullptr);
 }
 
 void TMarginFeed::FeedMargin(StringView code, const TMarginFigures& figures) {

@@ -17,12 +17,14 @@ using TMarginFigures = std::array<std::optional<Double>, MarginFigureCount>;
 // the delivery after somebody asked, an item becomes ready with its figures, or has no data.
 class TMarginFeed final : public TItemFeed {
 public:
-    // Serves from here on, until it dies. `items` must live longer.
-    explicit TMarginFeed(TEmbeddedSubscribeAdapter& items);
+    // `items` must live longer.
+    explicit TMarginFeed(TEmbeddedSubscribeAdapter& items) : FItems(items) {}
     TMarginFeed(const TMarginFeed&) = delete;
     TMarginFeed& operator=(const TMarginFeed&) = delete;
     ~TMarginFeed() override;
 
+    // Answers what is asked for from here on, until it dies. Before, margin items just wait.
+    void Serve() { FItems.SetPrefixFeed(SpanKeyPrefix, this); }
     // The figures of a code, from the next delivery on; earlier ones are replaced.
     void FeedMargin(StringView code, const TMarginFigures& figures);
     void Requested(TEmbeddedSubItem& item) override;

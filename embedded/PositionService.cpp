@@ -83,11 +83,10 @@ TCustomPositionData* TEmbeddedPositionAdapter::GetPosition(StringView Account,
 Boolean TEmbeddedPositionAdapter::GetMarketValue(StringView Symbol, Double NetQuantity,
                                                  Double& Value) const {
     if (Symbol.empty()) return false;
-    const TCustomSubItem* item = FItems.FindItem(Symbol);
-    if (item == nullptr) item = FItems.GetSubItem(Symbol, LiveDataType, /*Flag=*/false);
-    const Double price = NominalPrice(MarksOf(*item));
+    const TProductMarks marks = MarksOf(FItems.Item(Symbol));
+    const Double price = NominalPrice(marks);
     if (price == 0.0) return false;
-    Value = NetQuantity * price * UnitSize(MarksOf(*item));
+    Value = NetQuantity * price * UnitSize(marks);
     return true;
 }
 

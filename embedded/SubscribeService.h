@@ -47,6 +47,7 @@ public:
     // Another feed for the keys that begin with `prefix` and are asked for from here on; one at a
     // time, nil for none; not owned.
     void SetPrefixFeed(StringView prefix, TItemFeed* feed);
+    TItemFeed* PrefixFeed() const { return FPrefixFeed; }
     void SetFiller(TItemFiller* filler) { FFiller = filler; }
 
     // The item of the key, made when it is new. Asks the feed for nothing.

@@ -22,6 +22,7 @@ protected:
 TEST_F(MarginFeedTest, AnswersWithTheNextDelivery) {
     TOtherFeed other;
     Services().Items().SetFeed(&other);
+    Services().Margins().Serve();
     Services().Margins().FeedMargin(u"HSI*", {-500.0, std::nullopt, std::nullopt, 300.0});
     TCustomSubItem& known = Ask(u"SPAN_HSI*");
     TCustomSubItem& unknown = Ask(u"SPAN_TCH");
