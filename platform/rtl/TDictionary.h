@@ -116,7 +116,8 @@ public:
         if (cell == NoCell) {
             Append(key, std::move(value), hash);
         } else {
-            std::swap(FEntries[FCells[cell].Entry].Value, value);
+            using std::swap;
+            swap(FEntries[FCells[cell].Entry].Value, value);
         }
     }
     // The value under the key, made by default when the key is new.

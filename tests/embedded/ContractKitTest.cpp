@@ -183,8 +183,8 @@ TEST_F(ContractKitTest, Accounts) {
          u"GetSubAccountList leaves other entries of the caller's list"},
         {"index wraps", WrapsIndex, u"an index outside the list gives nil"},
     };
-    ExpectCaught(u"AccountAdapter", cases, [](TAccountFault fault, TContractReport& report) {
-        TFaultyAccounts service(fault);
+    ExpectCaught(u"AccountAdapter", cases, [this](TAccountFault fault, TContractReport& report) {
+        TFaultyAccounts service(FServices.Currencies(), fault);
         TEmbeddedAccountDriver driver(service);
         CheckAccountAdapter(driver, report);
     });
@@ -203,7 +203,7 @@ TEST_F(ContractKitTest, Positions) {
     };
     TEmbeddedAccountDriver masters(FServices.Accounts()); // the service looks masters up
     ExpectCaught(u"PositionAdapter", cases, [this](TPositionFault fault, TContractReport& report) {
-        TFaultyPositions service(fault);
+        TFaultyPositions service(FServices.Items(), fault);
         TEmbeddedPositionDriver driver(service, FServices.Items());
         CheckPositionAdapter(driver, report);
     });

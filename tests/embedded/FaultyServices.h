@@ -230,7 +230,8 @@ class TFaultyAccounts : public TEmbeddedAccountAdapter {
     using TReal = TEmbeddedAccountAdapter;
 
 public:
-    explicit TFaultyAccounts(TAccountFault fault) : FFault(fault) {}
+    TFaultyAccounts(TEmbeddedCurrencyAdapter& currencies, TAccountFault fault)
+        : TReal(currencies), FFault(fault) {}
     TCustomAccount* GetAccount(StringView Account, Boolean Flag) override {
         const bool isFirst = FFault == TAccountFault::EmptyIsFirst && Account.empty();
         return isFirst ? GetAccountByIndex(0) : TReal::GetAccount(Account, Flag);
@@ -266,7 +267,8 @@ class TFaultyPositions : public TEmbeddedPositionAdapter {
     using TReal = TEmbeddedPositionAdapter;
 
 public:
-    explicit TFaultyPositions(TPositionFault fault) : FFault(fault) {}
+    TFaultyPositions(TEmbeddedSubscribeAdapter& items, TPositionFault fault)
+        : TReal(items), FFault(fault) {}
     void ChangePositionAccount(StringView Account, const TDataCallbackEvent& Callback,
                                TObject* Owner, StringView PreviousAccount) override {
         if (FFault == TPositionFault::KeepsPrevious) PreviousAccount = {};
