@@ -181,6 +181,10 @@ void LoadUniverse(const std::filesystem::path& folder, TEmbeddedMarketAdapter& m
     LoadSeries({folder / "series.csv", {"code", "exchange", "category", "name"}}, market);
     LoadSpreadTables({folder / "tick-tables.csv", {"code", "from", "to", "step"}}, market);
     LoadSymbols({folder / "symbols.csv", {"code", "name", "exchange", "series"}}, market);
+    const std::filesystem::path derivatives = folder / "derivatives.csv";
+    if (std::filesystem::exists(derivatives)) {
+        LoadSymbols({derivatives, {"code", "name", "exchange", "series"}}, market);
+    }
     const std::filesystem::path favorites = folder / "favorites.csv";
     if (std::filesystem::exists(favorites)) LoadFavorites({favorites, {"code"}}, market);
 }
