@@ -1,6 +1,7 @@
 #include "embedded/UniverseFile.h"
 
 #include "embedded/DataError.h"
+#include "embedded/UniverseMaker.h"
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
 
@@ -8,6 +9,7 @@
 
 #include <fstream>
 #include <map>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -401,6 +403,27 @@ TEST_F(UniverseFileTest, TellsTheLineOfAFaultInAList) {
     EXPECT_EQ(ListMessage("", "symbol,name\n"), "list.csv:1: the column \"exchange\" is missing");
     EXPECT_EQ(ListMessage(std::string("\0\x8F\x10", 3), ""),
               "list.csv:1: a control character: this is no text file");
+}
+
+TEST_F(UniverseFileTest, MadeListsLoad) {
+    const auto made = [](Int64 symbols, std::uint64_t seed) {
+        std::ostringstream text;
+        WriteUniverseList(text, symbols, seed);
+        return text.str();
+    };
+    EXPECT_EQ(made(1000, 7), made(1000, 7));
+    EXPECT_NE(made(1000, 7), made(1000, 8));
+    EXPECT_EQ(ListMessage(made(0, 7), ""), "list.csv: the file lists no symbol");
+    for (const Integer symbols : {1, 2, 1000, 20'000}) {
+        TEmbeddedSubscribeAdapter items;
+        TEmbeddedMarketAdapter market(items);
+        Write("list.csv", made(symbols, 7));
+        LoadUniverseList(Folder / "list.csv", market);
+        EXPECT_EQ(market.Universe().SymbolCount(), symbols);
+        if (symbols >= 1000) {
+            EXPECT_EQ(market.GetExchangeCount(), 4);
+        }
+    }
 }
 
 TEST_F(UniverseFileTest, LoadsAPipe) {
