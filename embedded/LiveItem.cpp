@@ -1,5 +1,6 @@
 #include "embedded/LiveItem.h"
 
+#include "embedded/MarketUniverse.h"
 #include "embedded/SubscribeService.h"
 #include "platform/rtl/Numbers.h"
 
@@ -80,7 +81,7 @@ constexpr TFieldStore::TSlotTable TFieldStore::Slots = MakeSlots();
 void TFieldStore::Read(Integer fieldNo, String& text) const {
     text.clear();
     const TCell* cell = Find(fieldNo);
-    if (cell == nullptr || cell->Kind == TKind::Absent) return;
+    if (cell == nullptr || cell->Kind < TKind::Number) return;
     if (cell->Kind == TKind::Text) {
         text = FTexts[cell->Text];
     } else {
@@ -108,10 +109,13 @@ void TFieldStore::Set(Integer fieldNo, StringView value) {
 }
 
 void TFieldStore::Clear(Integer fieldNo) {
-    if (!Has(fieldNo)) return;
     TCell& cell = Obtain(fieldNo);
     cell.Number = 0.0;
     cell.Kind = TKind::Absent;
+}
+
+void TFieldStore::Forget(Integer fieldNo) {
+    if (Knows(fieldNo)) Obtain(fieldNo).Kind = TKind::Unset;
 }
 
 const TFieldStore::TCell* TFieldStore::FindFurther(Integer fieldNo) const {
@@ -135,6 +139,23 @@ TFieldStore::TCell& TFieldStore::Obtain(Integer fieldNo) {
 
 TEmbeddedSubItem::TEmbeddedSubItem(TEmbeddedSubscribeAdapter& adapter, StringView key)
     : FKey(key), FAdapter(adapter) {}
+
+Double TEmbeddedSubItem::RecordNumber(Integer fieldNo) const {
+    return FRecord->FieldNumber(fieldNo);
+}
+
+void TEmbeddedSubItem::GetFieldString(Integer FieldNo, String& Text) const {
+    if (FRecord == nullptr || FFields.Knows(FieldNo)) {
+        FFields.Read(FieldNo, Text);
+    } else {
+        FRecord->ReadField(FieldNo, Text);
+    }
+}
+
+Boolean TEmbeddedSubItem::HasField(Integer FieldNo) const {
+    if (FRecord == nullptr || FFields.Knows(FieldNo)) return FFields.Has(FieldNo);
+    return FRecord->HasField(FieldNo);
+}
 
 void TEmbeddedSubItem::AddRealtimeListener(const TNotifyEvent& Event, TObject* Owner) {
     FAdapter.AddListener(*this, Event, Owner);

@@ -11,6 +11,7 @@
 
 namespace quorin {
 
+class TEmbeddedMarketData;
 class TEmbeddedSubscribeAdapter;
 struct TBatchReceiver;
 
@@ -19,13 +20,16 @@ struct TBatchReceiver;
 // no text until somebody reads it, a text is read as a number when it is set.
 class TFieldStore {
 public:
-    Double Number(Integer fieldNo) const {
+    // Nil for a field that was never set, or forgotten.
+    const Double* FindNumber(Integer fieldNo) const {
         const TCell* cell = Find(fieldNo);
-        return cell != nullptr ? cell->Number : 0.0;
+        return cell != nullptr && cell->Kind != TKind::Unset ? &cell->Number : nullptr;
     }
+    // A field that was set, also one that was cleared after that.
+    bool Knows(Integer fieldNo) const { return FindNumber(fieldNo) != nullptr; }
     bool Has(Integer fieldNo) const {
         const TCell* cell = Find(fieldNo);
-        return cell != nullptr && cell->Kind != TKind::Absent;
+        return cell != nullptr && cell->Kind >= TKind::Number;
     }
     // Replaces what `text` holds.
     void Read(Integer fieldNo, String& text) const;
@@ -33,17 +37,19 @@ public:
     void Set(Integer fieldNo, Double value);
     void Set(Integer fieldNo, StringView value);
     void Clear(Integer fieldNo);
+    // As if the field had never been set.
+    void Forget(Integer fieldNo);
 
     // How many fields have a fixed slot; see the list in the source.
     static constexpr std::size_t SlotCount = 85;
     using TSlotTable = std::array<Byte, 4096>; // from field number to slot, which count from 1
 
 private:
-    enum class TKind : Byte { Absent, Number, Text };
+    enum class TKind : Byte { Unset, Absent, Number, Text };
     struct TCell {
         Double Number = 0.0;
         std::uint16_t Text = NoText; // place in FTexts, kept for the next text of the field
-        TKind Kind = TKind::Absent;
+        TKind Kind = TKind::Unset;
     };
     struct TFurtherCell {
         Integer FieldNo;
@@ -78,7 +84,8 @@ private:
     }
 };
 
-// The live data of one key in memory. A feed writes fields and marks the item as changed with
+// The live data of one key in memory, over the static fields of its symbol, which take no memory
+// here. A feed writes fields and marks the item as changed with
 // TEmbeddedSubscribeAdapter::Touch; readers see a written field at once and hear of it with the
 // next delivery. Made by the adapter only, which also owns it.
 class TEmbeddedSubItem final : public TCustomSubItem {
@@ -87,11 +94,12 @@ public:
     TEmbeddedSubItem(TEmbeddedSubscribeAdapter& adapter, StringView key);
 
     const String& GetKey() const override { return FKey; }
-    Double GetFieldDouble(Integer FieldNo) const override { return FFields.Number(FieldNo); }
-    void GetFieldString(Integer FieldNo, String& Text) const override {
-        FFields.Read(FieldNo, Text);
+    Double GetFieldDouble(Integer FieldNo) const override {
+        if (const Double* number = FFields.FindNumber(FieldNo)) return *number;
+        return FRecord != nullptr ? RecordNumber(FieldNo) : 0.0;
     }
-    Boolean HasField(Integer FieldNo) const override { return FFields.Has(FieldNo); }
+    void GetFieldString(Integer FieldNo, String& Text) const override;
+    Boolean HasField(Integer FieldNo) const override;
     Integer GetStatus() const override { return FStatus; }
     Integer GetItemIndex() const override { return FItemIndex; }
     void AddRealtimeListener(const TNotifyEvent& Event, TObject* Owner) override;
@@ -100,7 +108,15 @@ public:
     // Feeding. A text that is no number reads as 0.0.
     void SetField(Integer fieldNo, Double value) { FFields.Set(fieldNo, value); }
     void SetField(Integer fieldNo, StringView value) { FFields.Set(fieldNo, value); }
-    void ClearField(Integer fieldNo) { FFields.Clear(fieldNo); }
+    // Absent from now on, also where the record knows it.
+    void ClearField(Integer fieldNo) {
+        if (FRecord != nullptr || FFields.Knows(fieldNo)) FFields.Clear(fieldNo);
+    }
+    // Drops what was set, so that the field reads as the record's.
+    void TakeRecordField(Integer fieldNo) { FFields.Forget(fieldNo); }
+    // What fields read as that were not set; nil for nothing. Must outlive the item's last reading.
+    void SetRecord(const TEmbeddedMarketData* record) { FRecord = record; }
+    const TEmbeddedMarketData* Record() const { return FRecord; }
     // One of ItemStatus. Not needed for data that arrives: the first delivery of a waiting item
     // makes it ready.
     void SetStatus(Integer status) { FStatus = status; }
@@ -118,6 +134,8 @@ private:
         TSerial Since;
     };
 
+    Double RecordNumber(Integer fieldNo) const;
+
     // What a delivery reads stands together.
     Integer FStatus = ItemStatus::Waiting;
     Integer FItemIndex = NoItemIndex;
@@ -127,6 +145,7 @@ private:
     std::unique_ptr<TRegistrations<TListener>> FListeners; // from the first listener on
     String FKey;
     TFieldStore FFields;
+    const TEmbeddedMarketData* FRecord = nullptr;
     TEmbeddedSubscribeAdapter& FAdapter;
 };
 

@@ -160,11 +160,22 @@ const TEmbeddedMarketData* TEmbeddedMarketAdapter::AddSymbol(const TSymbolRecord
     const TEmbeddedMarketData* added = FUniverse.AddSymbol(record);
     if (added == nullptr) return nullptr;
     FExchangesChanged = true;
-    if (TEmbeddedSubItem* item = FItems.FindItem(record.Symbol)) {
-        added->Fill(*item);
-        if (item->GetStatus() == ItemStatus::Ready) FItems.Touch(*item);
-    }
+    if (TEmbeddedSubItem* item = FItems.FindItem(record.Symbol)) Bind(*item, *added);
     return added;
+}
+
+void TEmbeddedMarketAdapter::BindItems() {
+    FExchangesChanged = true;
+    FItems.EachItem([&](TEmbeddedSubItem& item) {
+        if (item.Record() != nullptr) return;
+        const TEmbeddedMarketData* record = FUniverse.FindSymbol(item.GetKey());
+        if (record != nullptr) Bind(item, *record);
+    });
+}
+
+void TEmbeddedMarketAdapter::Bind(TEmbeddedSubItem& item, const TEmbeddedMarketData& record) {
+    item.SetRecord(&record);
+    if (item.GetStatus() == ItemStatus::Ready) FItems.Touch(item);
 }
 
 void TEmbeddedMarketAdapter::SetMarketDataReady(bool isReady) {
@@ -181,18 +192,16 @@ bool TEmbeddedMarketAdapter::SetMarketState(StringView exchange, StringView stat
     known->MarketStatus = marketStatus;
     FExchangesChanged = true;
     FItems.EachItem([&](TEmbeddedSubItem& item) {
-        const TEmbeddedMarketData* record = FUniverse.FindSymbol(item.GetKey());
+        const TEmbeddedMarketData* record = item.Record();
         if (record == nullptr || record->GetExchange() != known->Code) return;
-        item.SetField(Field::MarketState, stateKey);
+        item.TakeRecordField(Field::MarketState);
         if (item.GetStatus() == ItemStatus::Ready) FItems.Touch(item);
     });
     return true;
 }
 
 void TEmbeddedMarketAdapter::Made(TEmbeddedSubItem& item) {
-    if (const TEmbeddedMarketData* record = FUniverse.FindSymbol(item.GetKey())) {
-        record->Fill(item);
-    }
+    item.SetRecord(FUniverse.FindSymbol(item.GetKey()));
 }
 
 bool TEmbeddedMarketAdapter::AddSpreadTable(StringView code, std::span<const TSpreadBand> bands) {
@@ -207,6 +216,11 @@ bool TEmbeddedMarketAdapter::AddSpreadTable(StringView code, std::span<const TSp
     FSpreads.AddOrSetValue(code, &entry);
     if (wasAskedFor) Fetch(entry);
     return true;
+}
+
+bool TEmbeddedMarketAdapter::HasSpreadTable(StringView code) const {
+    TSpreadEntry* const* known = FSpreads.Find(code);
+    return known != nullptr && *known != nullptr;
 }
 
 TCustomSpreadTable* TEmbeddedMarketAdapter::FindSpreadTable(StringView SpreadCode) {

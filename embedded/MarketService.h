@@ -1,5 +1,6 @@
 #pragma once
 
+#include "embedded/MarketSessions.h"
 #include "embedded/MarketUniverse.h"
 #include "embedded/Registrations.h"
 #include "embedded/SpreadTable.h"
@@ -7,6 +8,7 @@
 #include "viewdata/services/MarketAdapter.h"
 
 #include <deque>
+#include <utility>
 #include <vector>
 
 namespace quorin {
@@ -49,22 +51,40 @@ public:
     Boolean IsFavorite(StringView Symbol) const override;
 
     // Feeding: as in TMarketUniverse, with the next delivery to the exchange listeners. An item
-    // that exists already gets the fields of its new record and, when it was delivered before, a
-    // touch.
+    // that exists already shows its new record in the fields that were not fed and, when it was
+    // delivered before, gets a touch.
     bool AddExchange(const TExchangeRecord& record);
     bool AddCategory(const TCategoryRecord& record);
     bool AddSeries(const TSeriesRecord& record);
     const TEmbeddedMarketData* AddSymbol(const TSymbolRecord& record);
     void Reserve(Integer symbols) { FUniverse.Reserve(symbols); }
+    // Calls `add(universe)`, which may throw: then nothing of what it has added stays.
+    template <class Add>
+    void AddAll(Add add) {
+        const TMarketUniverse::TMark mark = FUniverse.Mark();
+        try {
+            add(FUniverse);
+        } catch (...) {
+            FUniverse.BackTo(mark);
+            throw;
+        }
+        BindItems();
+    }
     const TMarketUniverse& Universe() const { return FUniverse; }
 
     // The switch that IsMarketDataReady answers with; on from the start.
     void SetMarketDataReady(bool isReady);
-    // Also rewrites the market state of the exchange's live items. False for an unknown exchange.
+    // Also of all live items of the exchange, whatever state was fed to them, and touches them.
+    // False for an unknown exchange.
     bool SetMarketState(StringView exchange, StringView stateKey, Integer marketStatus);
+
+    // The day of each exchange, for whoever moves the market through it.
+    void SetSessions(TMarketSessions sessions) { FSessions = std::move(sessions); }
+    const TMarketSessions& Sessions() const { return FSessions; }
 
     // A table that can be fetched; see TEmbeddedSpreadTable::Load for what is refused.
     bool AddSpreadTable(StringView code, std::span<const TSpreadBand> bands);
+    bool HasSpreadTable(StringView code) const;
     // On: a table is loaded inside the call that asks for it. Off, as from the start: it is handed
     // out unloaded, and comes with the next delivery.
     void SetSpreadTablesAtOnce(bool atOnce) { FSpreadTablesAtOnce = atOnce; }
@@ -82,12 +102,15 @@ private:
     };
 
     void Made(TEmbeddedSubItem& item) override;
+    void BindItems();
+    void Bind(TEmbeddedSubItem& item, const TEmbeddedMarketData& record);
     bool DropFavorite(StringView symbol);
     void Fetch(TSpreadEntry& entry);
     void DeliverSpreadTables();
 
     TEmbeddedSubscribeAdapter& FItems;
     TMarketUniverse FUniverse;
+    TMarketSessions FSessions;
     TList<String> FFavorites;
     TDictionary<String, bool> FIsFavorite;
     std::deque<TSpreadEntry> FSpreadStore;

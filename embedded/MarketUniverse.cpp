@@ -1,6 +1,7 @@
 #include "embedded/MarketUniverse.h"
 
-#include "embedded/LiveItem.h"
+#include "platform/rtl/Numbers.h"
+#include "viewdata/services/FieldNumbers.h"
 
 namespace quorin {
 
@@ -25,17 +26,10 @@ T* FindRemembered(const TDictionary<String, T*>& dictionary, StringView key, T*&
     return last;
 }
 
-void SetKnown(TEmbeddedSubItem& item, Integer fieldNo, const String& text) {
-    if (!text.empty()) item.SetField(fieldNo, StringView(text));
-}
-
-void SetKnown(TEmbeddedSubItem& item, Integer fieldNo, Double value) {
-    if (value != 0.0) item.SetField(fieldNo, value); // exactly 0.0 stands for "not known"
-}
-
 } // namespace
 
-TEmbeddedCategoryData::TEmbeddedCategoryData(const TCategoryRecord& record) {
+TEmbeddedCategoryData::TEmbeddedCategoryData(const TCategoryRecord& record)
+    : FCategoryID(record.CategoryID) {
     TakeNames(FNames, record.Names);
 }
 
@@ -50,25 +44,61 @@ const String& TEmbeddedMarketData::Name(Integer language) const {
     return *FNames[isKnown ? language : 0];
 }
 
-void TEmbeddedMarketData::Fill(TEmbeddedSubItem& item) const {
-    SetKnown(item, Field::Exchange, FExchange->Code);
-    item.SetField(Field::ProductType, static_cast<Double>(FProductType));
-    SetKnown(item, Field::Currency, *FCurrency);
-    SetKnown(item, Field::LotSize, FLotSize);
-    SetKnown(item, Field::Underlyer, *FUnderlyer);
-    SetKnown(item, Field::StrikePrice, *FStrikePrice);
-    SetKnown(item, Field::CallPut, *FCallPut);
-    SetKnown(item, Field::Expiry, *FExpiryMonth);
-    SetKnown(item, Field::PreviousClose, FPreviousClose);
-    SetKnown(item, Field::SpreadCode, *FSpreadCode);
-    SetKnown(item, Field::LastTradingDay, *FLastTradingDay);
-    SetKnown(item, Field::Series, FSeries->Code());
-    SetKnown(item, Field::MarketState, FExchange->MarketState);
-    SetKnown(item, Field::ContractSize, FContractSize);
-    SetKnown(item, Field::TickSize, *FTickSize);
-    SetKnown(item, Field::SettlementDay, *FSettlementDay);
-    SetKnown(item, Field::DisplayRatio, *FDisplayRatio);
-    SetKnown(item, Field::FractionalQuantity, *FFractionalQuantity);
+bool TEmbeddedMarketData::TryFieldFigure(Integer fieldNo, Double& figure) const {
+    switch (fieldNo) {
+    case Field::ProductType: figure = FProductType; return true;
+    case Field::LotSize: figure = FLotSize; return true;
+    case Field::PreviousClose: figure = FPreviousClose; return true;
+    case Field::ContractSize: figure = FContractSize; return true;
+    default: return false;
+    }
+}
+
+const String* TEmbeddedMarketData::FieldText(Integer fieldNo) const {
+    switch (fieldNo) {
+    case Field::Exchange: return &FExchange->Code;
+    case Field::Currency: return FCurrency;
+    case Field::Underlyer: return FUnderlyer;
+    case Field::StrikePrice: return FStrikePrice;
+    case Field::CallPut: return FCallPut;
+    case Field::Expiry: return FExpiryMonth;
+    case Field::SpreadCode: return FSpreadCode;
+    case Field::LastTradingDay: return FLastTradingDay;
+    case Field::Series: return &FSeries->Code();
+    case Field::MarketState: return &FExchange->MarketState;
+    case Field::TickSize: return FTickSize;
+    case Field::SettlementDay: return FSettlementDay;
+    case Field::DisplayRatio: return FDisplayRatio;
+    case Field::FractionalQuantity: return FFractionalQuantity;
+    default: return nullptr;
+    }
+}
+
+Double TEmbeddedMarketData::FieldNumber(Integer fieldNo) const {
+    if (fieldNo == Field::StrikePrice) return FStrike; // sorted and shown by the row
+    Double figure = 0.0;
+    if (TryFieldFigure(fieldNo, figure)) return figure;
+    const String* text = FieldText(fieldNo);
+    return text != nullptr ? ToDoubleOr(*text, 0.0) : 0.0;
+}
+
+void TEmbeddedMarketData::ReadField(Integer fieldNo, String& text) const {
+    text.clear();
+    Double figure = 0.0;
+    if (const String* known = FieldText(fieldNo)) {
+        text = *known;
+    } else if (HasField(fieldNo) && TryFieldFigure(fieldNo, figure)) {
+        AppendDouble(text, figure);
+    }
+}
+
+bool TEmbeddedMarketData::HasField(Integer fieldNo) const {
+    Double figure = 0.0;
+    if (TryFieldFigure(fieldNo, figure)) {
+        return figure != 0.0 || fieldNo == Field::ProductType; // exactly 0.0 is "not known"
+    }
+    const String* text = FieldText(fieldNo);
+    return text != nullptr && !text->empty();
 }
 
 bool TMarketUniverse::AddExchange(const TExchangeRecord& record) {
@@ -89,19 +119,25 @@ bool TMarketUniverse::AddCategory(const TCategoryRecord& record) {
 
 bool TMarketUniverse::AddSeries(const TSeriesRecord& record) {
     TMarketExchange* exchange = FindExchange(record.Exchange);
-    if (exchange == nullptr || record.Code.empty() || FBySeries.ContainsKey(record.Code)) {
+    if (exchange == nullptr || record.Code.empty()) return false;
+    TEmbeddedSeriesData* last = FindSeries(record.Code);
+    if (last != nullptr &&
+        (last->FCategoryID != record.CategoryID || FindSeries(*exchange, record.Code) != nullptr)) {
         return false;
     }
+    while (last != nullptr && last->FNextOfCode != nullptr) last = last->FNextOfCode;
     TEmbeddedSeriesData& series = FSeriesStore.emplace_back(record, *exchange);
     exchange->Series.Add(&series);
-    return FBySeries.Add(record.Code, &series);
+    if (last == nullptr) return FBySeries.Add(record.Code, &series);
+    last->FNextOfCode = &series;
+    return true;
 }
 
 const TEmbeddedMarketData* TMarketUniverse::AddSymbol(const TSymbolRecord& record) {
     TMarketExchange* exchange = FindExchange(record.Exchange);
-    TEmbeddedSeriesData* series = FindSeries(record.Series);
-    if (exchange == nullptr || series == nullptr || &series->Exchange() != exchange ||
-        record.Symbol.empty() || FBySymbol.ContainsKey(record.Symbol)) {
+    TEmbeddedSeriesData* series =
+        exchange != nullptr ? FindSeries(*exchange, record.Series) : nullptr;
+    if (series == nullptr || record.Symbol.empty() || FBySymbol.ContainsKey(record.Symbol)) {
         return nullptr;
     }
     TEmbeddedMarketData& symbol = FSymbolStore.emplace_back(record.Symbol);
@@ -124,11 +160,64 @@ const TEmbeddedMarketData* TMarketUniverse::AddSymbol(const TSymbolRecord& recor
     symbol.FLotSize = record.LotSize;
     symbol.FContractSize = record.ContractSize;
     symbol.FPreviousClose = record.PreviousClose;
+    symbol.FStrike = ToDoubleOr(record.StrikePrice, 0.0);
     symbol.FProductType = record.ProductType;
     exchange->Records.Add(&symbol);
     series->FRecords.Add(&symbol);
     FBySymbol.Add(record.Symbol, &symbol);
     return &symbol;
+}
+
+TMarketUniverse::TMark TMarketUniverse::Mark() const {
+    return {FExchangeStore.size(), FCategoryStore.size(), FSeriesStore.size(), FSymbolStore.size()};
+}
+
+// Texts stay: the next symbols may share them.
+void TMarketUniverse::BackTo(const TMark& mark) {
+    ForgetLookUps();
+    while (FSymbolStore.size() > mark.Symbols) DropLastSymbol();
+    while (FSeriesStore.size() > mark.Series) DropLastSeries();
+    while (FCategoryStore.size() > mark.Categories) {
+        FByCategory.Remove(FCategoryStore.back().CategoryID());
+        FCategoryStore.pop_back();
+    }
+    while (FExchangeStore.size() > mark.Exchanges) {
+        FByExchange.Remove(FExchangeStore.back().Code);
+        FExchanges.Delete(FExchanges.Count() - 1);
+        FExchangeStore.pop_back();
+    }
+    ForgetLookUps();
+}
+
+void TMarketUniverse::DropLastSymbol() {
+    const TEmbeddedMarketData& symbol = FSymbolStore.back();
+    auto& ofExchange = FindExchange(symbol.GetExchange())->Records;
+    ofExchange.Delete(ofExchange.Count() - 1);
+    auto& ofSeries = FindSeries(*symbol.FExchange, symbol.GetSeries())->FRecords;
+    ofSeries.Delete(ofSeries.Count() - 1);
+    FBySymbol.Remove(symbol.GetSymbol());
+    FSymbolStore.pop_back();
+}
+
+void TMarketUniverse::DropLastSeries() {
+    TEmbeddedSeriesData& series = FSeriesStore.back();
+    auto& ofExchange = FindExchange(series.Exchange().Code)->Series;
+    ofExchange.Delete(ofExchange.Count() - 1);
+    TEmbeddedSeriesData* previous = FindSeries(series.Code());
+    if (previous == &series) {
+        FBySeries.Remove(series.Code());
+    } else {
+        while (previous->FNextOfCode != &series) previous = previous->FNextOfCode;
+        previous->FNextOfCode = nullptr;
+    }
+    FLastSeries = nullptr;
+    FSeriesStore.pop_back();
+}
+
+void TMarketUniverse::ForgetLookUps() {
+    FLastExchange = nullptr;
+    FLastSeries = nullptr;
+    FLastSymbol = nullptr;
 }
 
 const TMarketExchange* TMarketUniverse::FindExchange(StringView code) const {
@@ -152,6 +241,13 @@ TEmbeddedSeriesData* TMarketUniverse::FindSeries(StringView code) const {
     });
 }
 
+TEmbeddedSeriesData* TMarketUniverse::FindSeries(const TMarketExchange& exchange,
+                                                 StringView code) const {
+    TEmbeddedSeriesData* series = FindSeries(code);
+    while (series != nullptr && &series->Exchange() != &exchange) series = series->FNextOfCode;
+    return series;
+}
+
 TEmbeddedMarketData* TMarketUniverse::FindSymbol(StringView symbol) const {
     return FindRemembered(FBySymbol, symbol, FLastSymbol, [](const TEmbeddedMarketData& record) {
         return StringView(record.GetSymbol());
@@ -163,8 +259,8 @@ const TList<TEmbeddedMarketData*>* TMarketUniverse::FindRecords(StringView excha
     const TMarketExchange* known = FindExchange(exchange);
     if (known == nullptr) return nullptr;
     if (series.empty()) return &known->Records;
-    const TEmbeddedSeriesData* found = FindSeries(series);
-    return found != nullptr && &found->Exchange() == known ? &found->Records() : nullptr;
+    const TEmbeddedSeriesData* found = FindSeries(*known, series);
+    return found != nullptr ? &found->Records() : nullptr;
 }
 
 const String* TMarketUniverse::Share(StringView text) {

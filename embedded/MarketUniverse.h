@@ -31,9 +31,9 @@ struct TCategoryRecord {
 };
 
 struct TSeriesRecord {
-    StringView Code = {}; // not used by any other exchange
+    StringView Code = {};
     StringView Exchange = {};
-    Integer CategoryID = 0;
+    Integer CategoryID = 0; // the same for all exchanges that use the code
     TNameTexts Names = {};
 };
 
@@ -61,7 +61,6 @@ struct TSymbolRecord {
 };
 
 class TEmbeddedMarketData;
-class TEmbeddedSubItem;
 struct TMarketExchange;
 
 class TEmbeddedCategoryData final : public TCustomCategoryData {
@@ -72,8 +71,11 @@ public:
     const String& GetNameLanguage1() const override { return FNames[1]; }
     const String& GetNameLanguage2() const override { return FNames[2]; }
 
+    Integer CategoryID() const { return FCategoryID; }
+
 private:
     String FNames[3];
+    Integer FCategoryID;
 };
 
 class TEmbeddedSeriesData final : public TCustomSeriesData {
@@ -96,6 +98,7 @@ private:
     const TMarketExchange& FExchange;
     Integer FCategoryID;
     TList<TEmbeddedMarketData*> FRecords;
+    TEmbeddedSeriesData* FNextOfCode = nullptr; // on another exchange
 };
 
 struct TMarketExchange {
@@ -127,13 +130,20 @@ public:
     Double LotSize() const { return FLotSize; }
     Double ContractSize() const { return FContractSize; }
     Double PreviousClose() const { return FPreviousClose; }
-    // Writes what is known into the fields of a live item.
-    void Fill(TEmbeddedSubItem& item) const;
+
+    // What is known, by the numbers of Field: the twins of the operations above and the figures,
+    // days and codes that only fields tell. Reading is as with TCustomSubItem.
+    Double FieldNumber(Integer fieldNo) const;
+    void ReadField(Integer fieldNo, String& text) const; // replaces what `text` holds
+    bool HasField(Integer fieldNo) const;
 
     explicit TEmbeddedMarketData(StringView symbol) : FSymbol(symbol) {}
 
 private:
     friend class TMarketUniverse;
+    const String* FieldText(Integer fieldNo) const; // nil for what is no text of the record
+    bool TryFieldFigure(Integer fieldNo, Double& figure) const;
+
     String FSymbol;
     const TMarketExchange* FExchange = nullptr;
     const TEmbeddedSeriesData* FSeries = nullptr;
@@ -152,19 +162,27 @@ private:
     Double FLotSize = 0.0;
     Double FContractSize = 0.0;
     Double FPreviousClose = 0.0;
+    Double FStrike = 0.0;
     Integer FProductType = 0;
 };
 
-// Exchanges, categories, series and symbols, in the order in which they were added. Nothing is ever
-// taken out; records keep their addresses.
+// Exchanges, categories, series and symbols, in the order in which they were added. Only what was
+// added last can be taken out; records keep their addresses.
 class TMarketUniverse {
 public:
     // Each answers False, or nil, and changes nothing for an empty or known key and for a record
-    // that names an exchange or series that is not there.
+    // that names an exchange or series that is not there. Several exchanges may have a series of
+    // one code and category; the first one stands for them where only the code is given.
     bool AddExchange(const TExchangeRecord& record);
     bool AddCategory(const TCategoryRecord& record);
     bool AddSeries(const TSeriesRecord& record);
     const TEmbeddedMarketData* AddSymbol(const TSymbolRecord& record);
+    // How much there is, and back to that: what was added since is gone.
+    struct TMark {
+        std::size_t Exchanges, Categories, Series, Symbols;
+    };
+    TMark Mark() const;
+    void BackTo(const TMark& mark);
     // Prepares for so many symbols in all.
     void Reserve(Integer symbols) { FBySymbol.Reserve(symbols); }
 
@@ -173,6 +191,7 @@ public:
     TMarketExchange* FindExchange(StringView code);
     TEmbeddedCategoryData* FindCategory(Integer categoryID) const;
     TEmbeddedSeriesData* FindSeries(StringView code) const;
+    TEmbeddedSeriesData* FindSeries(const TMarketExchange& exchange, StringView code) const;
     TEmbeddedMarketData* FindSymbol(StringView symbol) const;
     // Records of a series, of the whole exchange with an empty series.
     const TList<TEmbeddedMarketData*>* FindRecords(StringView exchange, StringView series) const;
@@ -183,6 +202,9 @@ public:
 private:
     const String* Share(StringView text);
     const String* KeepName(StringView name);
+    void DropLastSymbol();
+    void DropLastSeries();
+    void ForgetLookUps();
 
     std::deque<TMarketExchange> FExchangeStore;
     std::deque<TEmbeddedCategoryData> FCategoryStore;

@@ -1,188 +1,199 @@
 #include "embedded/UniverseFile.h"
 
-#include "embedded/CsvReader.h"
 #include "embedded/DataError.h"
-#include "platform/rtl/Numbers.h"
+#include "embedded/DataTable.h"
+#include "embedded/UniverseChecks.h"
 #include "platform/rtl/Utf.h"
-
-#include <algorithm>
-#include <fstream>
 
 namespace quorin {
 
 namespace {
 
-// A file of named columns, read row by row. Texts of a row live until the next one.
-class TTableFile {
-public:
-    TTableFile(const std::filesystem::path& path, std::initializer_list<std::string_view> required)
-        : FName(path.string()), FStream(path, std::ios::binary), FReader(FStream) {
-        if (!FStream) throw EDataError(FName, 0, "the file cannot be opened");
-        if (!FReader.Next()) throw EDataError(FName, 1, "the file has no header");
-        CheckRecord();
-        for (const std::string_view name : FReader.Fields()) FColumns.emplace_back(name);
-        for (const std::string_view name : required) {
-            if (std::find(FColumns.begin(), FColumns.end(), name) == FColumns.end()) {
-                Fail("the column \"" + std::string(name) + "\" is missing");
-            }
-        }
+struct TNameColumns {
+    explicit TNameColumns(const TDataTable& file)
+        : Name(file.Column("name")), Language1(file.Column("name-zh-Hant")),
+          Language2(file.Column("name-zh-Hans")) {}
+    TNameTexts Of(const TDataTable& file) const {
+        return {file.Text(Name), file.Text(Language1), file.Text(Language2)};
     }
-
-    // Goes to the next row; empty lines do not count.
-    bool Next() {
-        while (FReader.Next()) {
-            CheckRecord();
-            const auto fields = FReader.Fields();
-            if (fields.size() == 1 && fields[0].empty()) continue;
-            if (fields.size() != FColumns.size()) Fail("wrong number of fields");
-            FTexts.resize(fields.size());
-            for (std::size_t index = 0; index < fields.size(); ++index) {
-                FTexts[index] = FromUtf8(fields[index]);
-            }
-            return true;
-        }
-        return false;
-    }
-
-    // Empty for a column that the file does not have.
-    StringView Text(std::string_view column) const {
-        const auto found = std::find(FColumns.begin(), FColumns.end(), column);
-        if (found == FColumns.end()) return {};
-        return FTexts[static_cast<std::size_t>(found - FColumns.begin())];
-    }
-    Double Number(std::string_view column) const {
-        Double value = 0.0;
-        const StringView text = Text(column);
-        if (!text.empty() && !TryParseDouble(text, value)) FailAt(column, "is no number");
-        return value;
-    }
-    Integer Whole(std::string_view column, Integer fallback = 0) const {
-        Integer value = fallback;
-        const StringView text = Text(column);
-        if (!text.empty() && !TryParseInteger(text, value)) FailAt(column, "is no whole number");
-        return value;
-    }
-    TNameTexts Names() const { return {Text("name"), Text("name-zh-Hant"), Text("name-zh-Hans")}; }
-
-    [[noreturn]] void Fail(std::string_view what) const {
-        throw EDataError(FName, FReader.Line(), what);
-    }
-
-private:
-    void CheckRecord() const {
-        if (!FReader.Problem().empty()) Fail(FReader.Problem());
-    }
-    [[noreturn]] void FailAt(std::string_view column, std::string_view what) const {
-        Fail("\"" + ToUtf8(Text(column)) + "\" in column \"" + std::string(column) + "\" " +
-             std::string(what));
-    }
-
-    std::string FName;
-    std::ifstream FStream;
-    TCsvReader FReader;
-    std::vector<std::string> FColumns;
-    std::vector<String> FTexts;
+    TDataTable::TColumn Name, Language1, Language2;
 };
 
-void LoadExchanges(TTableFile file, TEmbeddedMarketAdapter& market) {
+void ReadExchanges(TDataTable file, TMarketUniverse& universe) {
+    const auto code = file.Column("code");
+    const auto currency = file.Column("currency");
+    const auto state = file.Column("state");
+    const auto status = file.Column("status");
     while (file.Next()) {
         TExchangeRecord record;
-        record.Code = file.Text("code");
-        record.Currency = file.Text("currency");
-        record.MarketState = file.Text("state");
-        record.MarketStatus = file.Whole("status");
-        if (!market.AddExchange(record)) file.Fail("the exchange is empty or there already");
+        record.Code = file.Code(code);
+        record.Currency = file.Text(currency);
+        record.MarketState = file.Text(state);
+        record.MarketStatus = file.Whole(status, 0);
+        if (!universe.AddExchange(record)) file.Fail(code, "is there already");
     }
 }
 
-void LoadCategories(TTableFile file, TEmbeddedMarketAdapter& market) {
+void ReadCategories(TDataTable file, TMarketUniverse& universe) {
+    const auto id = file.Column("id");
+    const TNameColumns names(file);
     while (file.Next()) {
-        const TCategoryRecord record{file.Whole("id"), file.Names()};
-        if (!market.AddCategory(record)) file.Fail("the category is there already");
+        const TCategoryRecord record{file.Whole(id), names.Of(file)};
+        if (!universe.AddCategory(record)) file.Fail(id, "is there already");
     }
 }
 
-void LoadSeries(TTableFile file, TEmbeddedMarketAdapter& market) {
+void ReadSeries(TDataTable file, TMarketUniverse& universe) {
+    const auto code = file.Column("code");
+    const auto exchange = file.Column("exchange");
+    const auto category = file.Column("category");
+    const TNameColumns names(file);
     while (file.Next()) {
         TSeriesRecord record;
-        record.Code = file.Text("code");
-        record.Exchange = file.Text("exchange");
-        record.CategoryID = file.Whole("category");
-        record.Names = file.Names();
-        if (market.FindCategory(record.CategoryID) == nullptr) file.Fail("no such category");
-        if (!market.AddSeries(record)) {
-            file.Fail("the series is empty or there already, or its exchange is not");
+        record.Code = file.Code(code);
+        record.Exchange = file.Code(exchange);
+        record.CategoryID = file.Whole(category);
+        record.Names = names.Of(file);
+        if (universe.FindExchange(record.Exchange) == nullptr) {
+            file.Fail(exchange, "is no exchange");
         }
+        if (universe.FindCategory(record.CategoryID) == nullptr) {
+            file.Fail(category, "is no category");
+        }
+        if (!universe.AddSeries(record)) file.Fail(code, "is there already");
     }
 }
 
-void LoadSpreadTables(TTableFile file, TEmbeddedMarketAdapter& market) {
-    String code;
-    std::vector<TSpreadBand> bands;
-    const auto add = [&] {
-        if (bands.empty()) return;
-        if (!market.AddSpreadTable(code, bands)) {
-            file.Fail("the tick table \"" + ToUtf8(code) +
-                      "\" that ends here has gaps or bad steps, or is there already");
-        }
-        bands.clear();
-    };
+// Bands of one table follow each other, lowest first.
+void ReadTickTables(TDataTable file, TReadTickTables& tables) {
+    const auto code = file.Column("code");
+    const auto from = file.Column("from");
+    const auto to = file.Column("to");
+    const auto step = file.Column("step");
+    TReadTickTables::TTable* current = nullptr;
     while (file.Next()) {
-        if (file.Text("code") != code) {
-            add();
-            code = file.Text("code");
+        const StringView name = file.Code(code);
+        const TSpreadBand band{file.Number(from), file.Number(to), file.NumberAboveZero(step)};
+        if (file.Text(step).empty()) file.Fail("a band without a step");
+        if (!(band.From < band.To)) file.Fail("the band ends before it begins");
+        if (current == nullptr || current->Code != name) {
+            if (tables.Find(name) != nullptr) file.Fail(code, "is there already");
+            current = &tables.Add(name);
+        } else if (band.From > current->Bands.back().To) {
+            file.Fail("a gap between the band above and this one");
+        } else if (band.From < current->Bands.back().To) {
+            file.Fail("the band overlaps the one above");
         }
-        bands.push_back({file.Number("from"), file.Number("to"), file.Number("step")});
+        current->Bands.push_back(band);
+        if (!TEmbeddedSpreadTable().Load(current->Bands)) file.Fail("steps beyond 9 decimals");
     }
-    add();
 }
 
-void LoadSymbols(TTableFile file, TEmbeddedMarketAdapter& market) {
+struct TSymbolColumns {
+    explicit TSymbolColumns(const TDataTable& file)
+        : Code(file.Column("code")), Exchange(file.Column("exchange")),
+          Series(file.Column("series")), Names(file), Type(file.Column("type")),
+          Currency(file.Column("currency")), TickTable(file.Column("tick-table")),
+          Underlyer(file.Column("underlyer")), Expiry(file.Column("expiry")),
+          Strike(file.Column("strike")), CallPut(file.Column("call-put")),
+          LastTradingDay(file.Column("last-trading-day")),
+          SettlementDay(file.Column("settlement-day")), TickSize(file.Column("tick-size")),
+          DisplayRatio(file.Column("display-ratio")), Fractional(file.Column("fractional")),
+          Lot(file.Column("lot")), ContractSize(file.Column("contract-size")),
+          PreviousClose(file.Column("previous-close")) {}
+
+    TDataTable::TColumn Code, Exchange, Series;
+    TNameColumns Names;
+    TDataTable::TColumn Type, Currency, TickTable, Underlyer, Expiry, Strike, CallPut,
+        LastTradingDay, SettlementDay, TickSize, DisplayRatio, Fractional, Lot, ContractSize,
+        PreviousClose;
+};
+
+void ReadSymbols(TDataTable file, TMarketUniverse& universe, const TReadTickTables& tables,
+                 TAwaitedUnderlyers& underlyers) {
+    const TSymbolColumns columns(file);
     while (file.Next()) {
         TSymbolRecord record;
-        record.Symbol = file.Text("code");
-        record.Exchange = file.Text("exchange");
-        record.Series = file.Text("series");
-        record.Names = file.Names();
-        record.ProductType = file.Whole("type", StockProductType);
-        record.Currency = file.Text("currency");
-        record.SpreadCode = file.Text("tick-table");
-        record.Underlyer = file.Text("underlyer");
-        record.ExpiryMonth = file.Text("expiry");
-        record.StrikePrice = file.Text("strike");
-        record.CallPut = file.Text("call-put");
-        record.LastTradingDay = file.Text("last-trading-day");
-        record.SettlementDay = file.Text("settlement-day");
-        record.TickSize = file.Text("tick-size");
-        record.DisplayRatio = file.Text("display-ratio");
-        record.FractionalQuantity = file.Text("fractional");
-        record.LotSize = file.Number("lot");
-        record.ContractSize = file.Number("contract-size");
-        record.PreviousClose = file.Number("previous-close");
-        if (market.AddSymbol(record) == nullptr) {
-            file.Fail("the symbol is empty or there already, or its exchange or series is not");
+        record.Symbol = file.Code(columns.Code);
+        record.Exchange = file.Code(columns.Exchange);
+        record.Series = file.Code(columns.Series);
+        record.Names = columns.Names.Of(file);
+        record.ProductType = file.Whole(columns.Type, StockProductType);
+        record.Currency = file.Text(columns.Currency);
+        record.SpreadCode = file.Text(columns.TickTable);
+        record.Underlyer = file.Text(columns.Underlyer);
+        record.ExpiryMonth = file.Text(columns.Expiry);
+        record.StrikePrice = NumericText(file, columns.Strike);
+        record.CallPut = CallPutText(file, columns.CallPut);
+        record.LastTradingDay = file.Text(columns.LastTradingDay);
+        record.SettlementDay = file.Text(columns.SettlementDay);
+        file.NumberAboveZero(columns.TickSize);
+        record.TickSize = file.Text(columns.TickSize);
+        file.NumberAboveZero(columns.DisplayRatio);
+        record.DisplayRatio = file.Text(columns.DisplayRatio);
+        record.FractionalQuantity = NumericText(file, columns.Fractional);
+        record.LotSize = file.NumberFromZero(columns.Lot);
+        record.ContractSize = file.NumberFromZero(columns.ContractSize);
+        record.PreviousClose = file.Number(columns.PreviousClose);
+        if (!record.SpreadCode.empty() && !tables.IsKnown(record.SpreadCode)) {
+            file.Fail(columns.TickTable, "is no tick table");
+        }
+        AddChecked(file, {columns.Code, columns.Exchange, columns.Series}, record, universe);
+        underlyers.Await(file, record.Underlyer);
+    }
+}
+
+void ReadSessions(const std::filesystem::path& path, const TMarketUniverse& universe,
+                  TMarketSessions& sessions) {
+    sessions = LoadSessions(path);
+    for (const auto& entry : sessions.ByExchange()) {
+        if (universe.FindExchange(entry.Key) == nullptr) {
+            throw EDataError(path.string(), 0, "\"" + ToUtf8(entry.Key) + "\" is no exchange");
         }
     }
 }
 
-void LoadFavorites(TTableFile file, TEmbeddedMarketAdapter& market) {
+TList<String> ReadFavorites(TDataTable file, const TEmbeddedMarketAdapter& market) {
+    const auto code = file.Column("code");
+    TList<String> favorites;
+    TDictionary<String, bool> known;
     while (file.Next()) {
-        if (!market.AddFavorite(file.Text("code"))) {
-            file.Fail("the favourite is empty or there already");
+        const StringView symbol = file.Code(code);
+        if (market.IsFavorite(symbol) || !known.Add(symbol, true)) {
+            file.Fail(code, "is there already");
         }
+        favorites.Add(String(symbol));
     }
+    return favorites;
 }
 
 } // namespace
 
 void LoadUniverse(const std::filesystem::path& folder, TEmbeddedMarketAdapter& market) {
-    LoadExchanges({folder / "exchanges.csv", {"code"}}, market);
-    LoadCategories({folder / "categories.csv", {"id", "name"}}, market);
-    LoadSeries({folder / "series.csv", {"code", "exchange", "category", "name"}}, market);
-    LoadSpreadTables({folder / "tick-tables.csv", {"code", "from", "to", "step"}}, market);
-    LoadSymbols({folder / "symbols.csv", {"code", "name", "exchange", "series"}}, market);
-    const std::filesystem::path favorites = folder / "favorites.csv";
-    if (std::filesystem::exists(favorites)) LoadFavorites({favorites, {"code"}}, market);
+    const auto has = [&](const char* name) { return std::filesystem::exists(folder / name); };
+    TReadTickTables tables(market);
+    TMarketSessions sessions;
+    TList<String> favorites;
+    market.AddAll([&](TMarketUniverse& universe) {
+        const auto symbols = {std::string_view("code"), std::string_view("name"),
+                              std::string_view("exchange"), std::string_view("series")};
+        ReadExchanges({folder / "exchanges.csv", {"code"}}, universe);
+        ReadCategories({folder / "categories.csv", {"id", "name"}}, universe);
+        ReadSeries({folder / "series.csv", {"code", "exchange", "category", "name"}}, universe);
+        ReadTickTables({folder / "tick-tables.csv", {"code", "from", "to", "step"}}, tables);
+        TAwaitedUnderlyers underlyers;
+        ReadSymbols({folder / "symbols.csv", symbols}, universe, tables, underlyers);
+        if (has("derivatives.csv")) {
+            ReadSymbols({folder / "derivatives.csv", symbols}, universe, tables, underlyers);
+        }
+        underlyers.Check(universe);
+        if (has("sessions.csv")) ReadSessions(folder / "sessions.csv", universe, sessions);
+        if (has("favorites.csv"))
+            favorites = ReadFavorites({folder / "favorites.csv", {"code"}}, market);
+    });
+    tables.AddTo(market);
+    if (!sessions.IsEmpty()) market.SetSessions(std::move(sessions));
+    for (const String& favorite : favorites) market.AddFavorite(favorite);
 }
 
 } // namespace quorin

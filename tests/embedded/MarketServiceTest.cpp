@@ -1,12 +1,8 @@
 #include "embedded/MarketService.h"
-#include "embedded/DataError.h"
 #include "embedded/SeriesComparer.h"
-#include "embedded/UniverseFile.h"
 #include "platform/rtl/Numbers.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
 
 using namespace quorin;
 
@@ -145,7 +141,9 @@ TEST_F(MarketServiceTest, RefusesBadRecords) {
     EXPECT_FALSE(Market.AddExchange({u"SEHK"}));
     EXPECT_FALSE(Market.AddExchange({u""}));
     EXPECT_FALSE(Market.AddCategory({7}));
-    EXPECT_FALSE(Market.AddSeries({u"HSI", u"SEHK", 7}));
+    EXPECT_FALSE(Market.AddSeries({u"HSI", u"HKFE", 7}));
+    Market.AddCategory({8});
+    EXPECT_FALSE(Market.AddSeries({u"HSI", u"SEHK", 8})) << "of one code, of two categories";
     EXPECT_FALSE(Market.AddSeries({u"NEW", u"?", 7}));
     EXPECT_FALSE(Market.AddSpreadTable(u"", Bands));
     EXPECT_FALSE(Market.AddSpreadTable(u"T", {}));
@@ -155,6 +153,56 @@ TEST_F(MarketServiceTest, RefusesBadRecords) {
     Option.Exchange = u"SEHK";
     EXPECT_EQ(Market.AddSymbol(Option), nullptr) << "the series is of another exchange";
     EXPECT_EQ(Market.Universe().SymbolCount(), 1);
+}
+
+TEST_F(MarketServiceTest, ExchangesMayShareASeriesCode) {
+    ASSERT_TRUE(Market.AddSeries({u"HSI", u"SEHK", 7}));
+    ASSERT_NE(Market.AddSymbol(Option), nullptr);
+    Option.Symbol = u"OTHER";
+    Option.Exchange = u"SEHK";
+    ASSERT_NE(Market.AddSymbol(Option), nullptr);
+    EXPECT_EQ(Market.GetMarketDataAt(u"SEHK", u"HSI", 0)->GetSymbol(), u"OTHER");
+    EXPECT_EQ(Market.GetMarketDataAt(u"HKFE", u"HSI", 0)->GetSymbol(), u"HSI25000L5");
+    EXPECT_EQ(Market.GetMarketDataCount(u"HKFE", u"HSI"), 1);
+    EXPECT_EQ(Market.FindSeries(u"HSI")->GetNameLanguage1(), u"恒生") << "the first one";
+}
+
+TEST_F(MarketServiceTest, NothingStaysOfWhatFails) {
+    Market.AddSymbol(Option);
+    TEmbeddedSubItem& item = Items.Item(u"NEW");
+    TListener listener(Market);
+    Deliver(listener);
+    const auto fill = [](TMarketUniverse& universe) {
+        universe.AddExchange({.Code = u"SSE"});
+        universe.AddCategory({.CategoryID = 9});
+        universe.AddSeries({.Code = u"HSI", .Exchange = u"SSE", .CategoryID = 7});
+        universe.AddSeries({.Code = u"MAIN", .Exchange = u"SSE", .CategoryID = 9});
+        for (const StringView series : {u"HSI", u"MAIN"}) {
+            universe.AddSymbol({.Symbol = series, .Exchange = u"SSE", .Series = series});
+        }
+        universe.AddSymbol({.Symbol = u"NEW", .Exchange = u"HKFE", .Series = u"HSI"});
+    };
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_THROW(Market.AddAll([&](TMarketUniverse& universe) {
+            fill(universe);
+            throw std::runtime_error("a fault");
+        }),
+                     std::runtime_error);
+        EXPECT_EQ(Market.GetExchangeCount(), 2);
+        EXPECT_EQ(Market.FindCategory(9), nullptr);
+        EXPECT_EQ(Market.FindSeries(u"MAIN"), nullptr);
+        EXPECT_EQ(Market.GetSeriesCount(u"HKFE"), 1);
+        EXPECT_EQ(Market.GetMarketDataCount(u"HKFE", u"HSI"), 1);
+        EXPECT_EQ(Market.GetMarketDataCount(u"HKFE", u""), 1);
+        EXPECT_EQ(Market.FindMarketData(u"NEW"), nullptr);
+        EXPECT_FALSE(item.HasField(Field::Exchange));
+        EXPECT_EQ(Deliver(listener), "");
+    }
+    Market.AddAll(fill);
+    EXPECT_EQ(item.FieldText(Field::Exchange), u"HKFE");
+    EXPECT_EQ(Market.GetMarketDataCount(u"SSE", u"HSI"), 1);
+    EXPECT_EQ(Market.GetMarketDataCount(u"SSE", u""), 2);
+    EXPECT_EQ(Deliver(listener), "exchange ");
 }
 
 TEST_F(MarketServiceTest, NamesFollowTheLanguage) {
@@ -183,6 +231,18 @@ TEST_F(MarketServiceTest, ItemsKnowTheirRecord) {
     EXPECT_EQ(item->GetStatus(), ItemStatus::Waiting);
     EXPECT_FALSE(item->HasField(Field::PreviousClose)) << "not known";
     EXPECT_FALSE(item->HasField(Field::DisplayRatio));
+
+    TEmbeddedSubItem& fed = Items.Item(Option.Symbol);
+    fed.SetField(Field::StrikePrice, 1.5);
+    EXPECT_EQ(item->FieldText(Field::StrikePrice), u"1.5") << "what is fed goes first";
+    fed.ClearField(Field::StrikePrice);
+    EXPECT_FALSE(item->HasField(Field::StrikePrice));
+    EXPECT_EQ(item->GetFieldDouble(Field::StrikePrice), 0.0);
+    EXPECT_EQ(item->FieldText(Field::StrikePrice), u"");
+    fed.TakeRecordField(Field::StrikePrice);
+    EXPECT_EQ(item->GetFieldDouble(Field::StrikePrice), 25000.0);
+    EXPECT_EQ(item->GetFieldDouble(Field::Underlyer), 0.0) << "a text that is no number";
+    EXPECT_EQ(item->GetFieldDouble(Field::ProductType), 3.0);
 
     const TCustomSubItem* early = Items.GetSubItem(u"LATE", LiveDataType, false);
     EXPECT_FALSE(early->HasField(Field::Exchange));
@@ -271,80 +331,6 @@ TEST(SeriesComparer, SortsNaturally) {
     TList<String> sorted;
     for (const Char* code : {u"", u"A09", u"A9", u"a10", u"B1"}) sorted.Add(code);
     EXPECT_EQ(list, sorted);
-}
-
-TEST(UniverseFile, ShippedUniverseIsSound) {
-    TEmbeddedSubscribeAdapter items;
-    TEmbeddedMarketAdapter market(items);
-    LoadUniverse(std::filesystem::path(QUORIN_DATA_DIR) / "universe", market);
-    market.SetSpreadTablesAtOnce(true);
-    EXPECT_GE(market.GetMarketDataCount(u"SEHK", u""), 30);
-    for (Integer index = 0; index < market.GetMarketDataCount(u"SEHK", u""); ++index) {
-        const TCustomMarketData* record = market.GetMarketDataAt(u"SEHK", u"", index);
-        SCOPED_TRACE(std::string(record->GetSymbol().begin(), record->GetSymbol().end()));
-        const TCustomSubItem* item = items.GetSubItem(record->GetSymbol(), LiveDataType, false);
-        const Double close = item->GetFieldDouble(Field::PreviousClose);
-        const TCustomSpreadTable* table =
-            market.FindSpreadTable(item->FieldText(Field::SpreadCode));
-        ASSERT_NE(table, nullptr);
-        EXPECT_EQ(table->MovePrice(table->MovePrice(close, 1), -1), close) << "off the ticks";
-        EXPECT_GT(item->GetFieldDouble(Field::LotSize), 0.0);
-        EXPECT_NE(market.FindCategory(market.FindSeries(record->GetSeries())->GetCategoryID()),
-                  nullptr);
-    }
-    EXPECT_EQ(market.GetSymbolName(u"00700", TAppLanguage::English), u"Tencent Holdings");
-    EXPECT_EQ(market.GetSymbolName(u"00700", TAppLanguage::TraditionalChinese), u"騰訊控股");
-    EXPECT_EQ(market.GetSymbolName(u"00700", TAppLanguage::SimplifiedChinese), u"腾讯控股");
-    EXPECT_GT(market.GetFavoriteCount(), 0);
-    EXPECT_NE(market.GetFavoriteMarketData(0), nullptr);
-}
-
-TEST(UniverseFile, TellsFileAndLineOfAFault) {
-    const auto folder = std::filesystem::path(testing::TempDir()) / "quorin-universe";
-    const struct {
-        const char* name;
-        const char* file;
-        const char* content;
-        std::string message;
-    } cases[] = {
-        {"missing", "exchanges.csv", nullptr, "exchanges.csv: the file cannot be opened"},
-        {"empty", "series.csv", "", "series.csv:1: the file has no header"},
-        {"column", "symbols.csv", "code,name,exchange\n",
-         "symbols.csv:1: the column \"series\" is missing"},
-        {"fields", "categories.csv", "id,name\n1,x\n2\n",
-         "categories.csv:3: wrong number of fields"},
-        {"number", "symbols.csv", "code,name,exchange,series,lot\nA,\"x\ny\",E,S,5\nB,x,E,S,many\n",
-         "symbols.csv:4: \"many\" in column \"lot\" is no number"},
-        {"quote", "tick-tables.csv", "code,from,to,step\nA,0,\"1,2\n",
-         "tick-tables.csv:2: a quote is not closed"},
-        {"twice", "favorites.csv", "code\nA\n\nA\n",
-         "favorites.csv:4: the favourite is empty or there already"},
-        {"exchange", "series.csv", "code,exchange,category,name\nS,?,1,x\n",
-         "series.csv:2: the series is empty or there already, or its exchange is not"},
-    };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        std::filesystem::create_directories(folder);
-        const auto write = [&](const char* file, const char* content) {
-            if (content != nullptr) std::ofstream(folder / file, std::ios::binary) << content;
-        };
-        write("exchanges.csv", "code\nE\n");
-        write("categories.csv", "id,name\n1,x\n");
-        write("series.csv", "exchange,code,category,name,remark\nE,S,1,x,\n");
-        write("tick-tables.csv", "code,from,to,step\nT,0,1,0.1\n");
-        write("symbols.csv", "code,name,exchange,series\nA,x,E,S\n");
-        std::filesystem::remove(folder / row.file);
-        write(row.file, row.content);
-        TEmbeddedSubscribeAdapter items;
-        TEmbeddedMarketAdapter market(items);
-        try {
-            LoadUniverse(folder, market);
-            ADD_FAILURE() << "loaded";
-        } catch (const EDataError& error) {
-            EXPECT_EQ(error.what(), (folder / "").string() + row.message);
-        }
-        std::filesystem::remove_all(folder);
-    }
 }
 
 } // namespace
