@@ -7,6 +7,7 @@
 #include "viewdata/services/MarketAdapter.h"
 
 #include <deque>
+#include <span>
 #include <vector>
 
 namespace quorin {
@@ -65,6 +66,8 @@ public:
 
     // A table that can be fetched; see TEmbeddedSpreadTable::Load for what is refused.
     bool AddSpreadTable(StringView code, std::span<const TSpreadBand> bands);
+    // The bands of a table that can be fetched, loaded or not; none for an unknown code.
+    std::span<const TSpreadBand> SpreadBands(StringView code) const;
     // On: a table is loaded inside the call that asks for it. Off, as from the start: it is handed
     // out unloaded, and comes with the next delivery.
     void SetSpreadTablesAtOnce(bool atOnce) { FSpreadTablesAtOnce = atOnce; }
