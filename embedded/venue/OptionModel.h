@@ -1,0 +1,32 @@
+#pragma once
+
+#include "embedded/venue/VenuePrice.h"
+
+namespace quorin {
+
+// A simple price of an option: what it would bring now, and a time value that is highest at the
+// strike and falls with the distance from it. A call rises and a put falls with the underlyer.
+class TOptionModel {
+public:
+    // `months` to the expiry, at least 1. The time value is such that the option is worth `close`
+    // when the underlyer is at `underlyerClose`; a close of 0 leaves it to the model.
+    TOptionModel(bool isCall, TVenuePrice strike, Integer months, TVenuePrice underlyerClose,
+                 TVenuePrice close);
+
+    // Not below Intrinsic of the same price.
+    TVenuePrice Value(TVenuePrice underlyer) const {
+        return Intrinsic(underlyer) + TimeValue(underlyer);
+    }
+    TVenuePrice Intrinsic(TVenuePrice underlyer) const;
+
+private:
+    TVenuePrice TimeValue(TVenuePrice underlyer) const;
+    Int64 Fall(TVenuePrice underlyer) const;
+
+    TVenuePrice FStrike;
+    TVenuePrice FWidth;     // the distance at which half of the time value is left
+    TVenuePrice FTimeValue; // at the strike
+    bool FIsCall;
+};
+
+} // namespace quorin
