@@ -5,7 +5,11 @@
 #include "terminal/console/TextWidth.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/market/MarketAttributes.h"
+#include "viewdata/services/AccountAdapter.h"
+#include "viewdata/services/ChinaConnect.h"
+#include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/LanguageManager.h"
+#include "viewdata/services/LoginCtrl.h"
 #include "viewdata/services/ResourceKeys.h"
 
 namespace quorin {
@@ -14,8 +18,12 @@ namespace {
 
 constexpr Integer PixelsPerColumn = 8;
 constexpr Integer ShownTrades = 5;
-// Head, captions, an empty line, the title and the captions of the trades.
-static_assert(FrameLinesBesideRows == 5 + ShownTrades);
+// Product information has up to twelve lines; margin and the two positions follow.
+constexpr Integer ProductLineCount = 15;
+// Head, captions and an empty line; the block of the trades is lower than that of the product.
+static_assert(FrameLinesBesideRows == 3 + ProductLineCount);
+static_assert(2 + ShownTrades <= ProductLineCount);
+constexpr StringView HeadGap = u"  ";
 constexpr StringView UpMark = u"\u25B2";
 constexpr StringView DownMark = u"\u25BC";
 constexpr StringView EqualMark = u"=";
@@ -26,6 +34,9 @@ constexpr Integer TimeWidth = 10;
 constexpr Integer QuantityWidth = 12;
 constexpr Integer PriceWidth = 12;
 constexpr Integer SideWidth = 6;
+constexpr Integer TradesWidth = TimeWidth + QuantityWidth + PriceWidth + SideWidth;
+constexpr Integer ProductGap = 6;
+constexpr Integer ProductWidth = 60;
 
 using TMarkReader = bool (TMarketWatchForm::*)(Integer, TPriceChangeState&);
 
@@ -92,6 +103,46 @@ String TwoDigits(Int64 number) {
     return text.size() < 2 ? u"0" + text : text;
 }
 
+// What a user must know because it is not as it normally is.
+String HeadText(const TFrameHead& head) {
+    String text = head.Exchange + HeadGap + ClockText(head.PollTime) + HeadGap + u"#" +
+                  IntegerToText(head.Deliveries);
+    const auto add = [&text](bool applies, StringView key) {
+        if (applies) text += HeadGap + Caption(key);
+    };
+    add(!TCustomLoginCtrl::GetInstance()->IsLogin(), TerminalKey::Res_LoggedOut);
+    add(!TCustomMarketAdapter::GetInstance()->IsMarketDataReady(), TerminalKey::Res_MarketNotReady);
+    add(!TCustomAccountAdapter::GetInstance()->IsAccountReady(), TerminalKey::Res_AccountsNotReady);
+    add(!TCustomCurrencyAdapter::GetInstance()->IsMultiCurrency(), TerminalKey::Res_OneCurrency);
+    add(!IsChinaConnectOn(), TerminalKey::Res_NoChinaConnect);
+    return text;
+}
+
+std::vector<String> TradeBlock(const TTradesForm& trades) {
+    std::vector<String> lines;
+    lines.push_back(Caption(TerminalKey::Res_Trades) + u" " + trades.Symbol());
+    lines.push_back(TradeLine(Caption(TerminalKey::Res_Time), Caption(TerminalKey::Res_Qty),
+                              Caption(TerminalKey::Res_Price), Caption(TerminalKey::Res_Side)));
+    for (Integer index = 0; index < ShownTrades; ++index) {
+        const TMarketDataTrade* trade = trades.Trade(index);
+        if (trade == nullptr) continue;
+        lines.push_back(
+            TradeLine(trade->Time(), trade->Qty(), trades.PriceText(*trade), trade->Side()));
+    }
+    return lines;
+}
+
+// Left and right side by side, in so many lines that a frame keeps its height.
+void AppendBeside(std::vector<String>& lines, std::vector<String> left, std::vector<String> right) {
+    left.resize(static_cast<std::size_t>(ProductLineCount));
+    right.resize(static_cast<std::size_t>(ProductLineCount));
+    for (std::size_t index = 0; index < left.size(); ++index) {
+        const String line =
+            FitText(left[index], TradesWidth + ProductGap) + FitText(right[index], ProductWidth);
+        lines.emplace_back(TrimRight(line));
+    }
+}
+
 } // namespace
 
 String ClockText(Double secondsAfterMidnight) {
@@ -103,29 +154,17 @@ String ClockText(Double secondsAfterMidnight) {
 }
 
 std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
-                               const TTradesForm& trades) {
+                               const TTradesForm& trades, TProductForm& product) {
     watch.FollowVisibleRows();
     std::vector<String> lines;
-    lines.push_back(head.Exchange + u"  " + ClockText(head.PollTime) + u"  #" +
-                    IntegerToText(head.Deliveries));
+    lines.push_back(HeadText(head));
     lines.push_back(WatchLine(watch, HeaderRow));
     const Integer top = watch.View().TopRow();
     for (Integer offset = 0; offset < watch.View().VisibleRowCount(); ++offset) {
         lines.push_back(WatchLine(watch, top + offset));
     }
     lines.emplace_back();
-    lines.push_back(Caption(TerminalKey::Res_Trades) + u" " + trades.Symbol());
-    lines.push_back(TradeLine(Caption(TerminalKey::Res_Time), Caption(TerminalKey::Res_Qty),
-                              Caption(TerminalKey::Res_Price), Caption(TerminalKey::Res_Side)));
-    for (Integer index = 0; index < ShownTrades; ++index) {
-        const TMarketDataTrade* trade = trades.Trade(index);
-        if (trade == nullptr) {
-            lines.emplace_back(); // the frame keeps its height
-        } else {
-            lines.push_back(
-                TradeLine(trade->Time(), trade->Qty(), trades.PriceText(*trade), trade->Side()));
-        }
-    }
+    AppendBeside(lines, TradeBlock(trades), product.Lines());
     return lines;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "terminal/forms/MarketWatchForm.h"
+#include "terminal/forms/ProductForm.h"
 #include "terminal/forms/TradesForm.h"
 
 #include <vector>
@@ -15,12 +16,13 @@ struct TFrameHead {
 };
 
 // Lines of a frame beside the visible rows of the watch.
-inline constexpr Integer FrameLinesBesideRows = 10;
+inline constexpr Integer FrameLinesBesideRows = 18;
 
-// Everything on the screen as lines without line ends: the head, the visible rows of the watch with
-// their marks, the latest trades. Subscribes the visible rows before it reads them.
+// Everything on the screen as lines without line ends: the head with what is not as it normally is,
+// the visible rows of the watch with their marks, the latest trades, and beside them the product.
+// Subscribes the visible rows before it reads them.
 std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
-                               const TTradesForm& trades);
+                               const TTradesForm& trades, TProductForm& product);
 
 // "HH:MM:SS.mmm"; the hours may have more digits.
 String ClockText(Double secondsAfterMidnight);

@@ -30,7 +30,10 @@ const CLI::Validator PollSeconds(
                             seconds <= LongestPoll;
         return isGood ? std::string() : "not a number of seconds from 0.001 to 86400: " + text;
     },
-    "SECONDS");
+    "");
+
+const CLI::Range AtLeastOne(1, std::numeric_limits<Integer>::max());
+const CLI::Range NotNegative(0, std::numeric_limits<Integer>::max());
 
 const CLI::Validator PlainText(
     [](std::string& text) {
@@ -41,29 +44,37 @@ const CLI::Validator PlainText(
 
 } // namespace
 
-TCommandLine ParseCommandLine(int argc, const char* const* argv,
-                              const std::filesystem::path& defaultReplay) {
+TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     TConsoleOptions options;
-    options.Replay = defaultReplay;
     bool isText = true;
-    std::string replay, settings, sides, poll, exchange, trades;
+    std::string replay, universe, settings, sides, poll, exchange, trades;
     Integer frames = 0;
+    Integer language = 0;
+    TServiceSwitches& switches = options.Switches;
 
-    CLI::App app("Replays a recording of quotes and trades through the market watch.",
+    CLI::App app("Shows a market watch: of a simulated venue, or of a recording.",
                  "quorin-console");
     app.add_flag("--text", isText, "text screen; the only one here");
-    app.add_option("--replay", replay, "the recording to play (default: the sample)")
+    auto* replayOption = app.add_option("--replay", replay, "play this recording, not the venue")
+                             ->type_name("FILE.csv")
+                             ->check(PlainText);
+    app.add_option("--seed", options.Seed, "another seed, another market (default: 1)")
+        ->type_name("N")
+        ->excludes(replayOption);
+    app.add_option("--universe", universe, "symbols of the venue (default: the shipped ones)")
         ->type_name("FILE.csv")
-        ->check(PlainText);
+        ->check(PlainText)
+        ->excludes(replayOption);
     app.add_option("--poll", poll, "seconds between deliveries (default: 0.25)")
+        ->type_name("SECONDS")
         ->check(PollSeconds);
-    app.add_option("--exchange", exchange, "exchange of the symbols (default: SEHK)")
+    app.add_option("--exchange", exchange, "the exchange to show (default: SEHK)")
         ->type_name("CODE")
         ->check(PlainText);
     auto* framesOption =
         app.add_option("--frames", frames, "print this many frames, one per delivery, and end")
             ->type_name("N")
-            ->check(CLI::Range(1, std::numeric_limits<Integer>::max()));
+            ->check(AtLeastOne);
     app.add_option("--rows", options.Rows, "visible rows of the watch (default: 20)")
         ->type_name("N")
         ->check(CLI::Range(1, MostRows));
@@ -77,6 +88,22 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv,
         ->type_name("SYMBOL")
         ->check(PlainText);
 
+    app.add_option("--language", language, "0 English, 1 Traditional, 2 Simplified Chinese")
+        ->type_name("N")
+        ->check(CLI::Range(0, 2));
+    app.add_flag("--logged-out", switches.LoggedOut, "the user is not logged in");
+    app.add_option("--market-ready", options.MarketReadyAfter,
+                   "the venue's symbols are there after so many deliveries")
+        ->type_name("N")
+        ->check(NotNegative)
+        ->excludes(replayOption);
+    app.add_option("--accounts-ready", switches.AccountsReadyAfter,
+                   "the accounts are there after so many deliveries")
+        ->type_name("N")
+        ->check(NotNegative);
+    app.add_flag("--single-currency", switches.SingleCurrency, "accounts in one currency only");
+    app.add_flag("--no-china-connect", switches.NoChinaConnect, "that feature is off");
+
     TCommandLine result;
     try {
         app.parse(argc, argv);
@@ -88,7 +115,10 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv,
         result.Error = OneLine(error.what()) + " (--help lists the options)";
         return result;
     }
-    if (!replay.empty()) options.Replay = replay;
+    options.Replay = replay;
+    options.Universe = universe;
+    options.Language = static_cast<TAppLanguage>(language);
+    options.HasExchange = !exchange.empty();
     options.Settings = settings;
     options.Sides = sides;
     if (!poll.empty()) options.PollInterval = ToDoubleOr(FromUtf8(poll), options.PollInterval);

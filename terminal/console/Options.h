@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/rtl/Types.h"
+#include "embedded/EmbeddedServices.h"
 
 #include <filesystem>
 #include <optional>
@@ -10,11 +10,17 @@ namespace quorin {
 
 // What the command line asks for. See --help for the words.
 struct TConsoleOptions {
-    std::filesystem::path Replay;   // the recording
+    std::filesystem::path Replay;   // the recording; empty: the simulated venue
+    std::filesystem::path Universe; // of the venue, one file; empty: the shipped one
     std::filesystem::path Settings; // empty: none
     std::filesystem::path Sides;    // empty: not written
     Double PollInterval = 0.25;     // seconds
     String Exchange{u"SEHK"};
+    bool HasExchange = false; // it was named
+    std::uint64_t Seed = 1;
+    TAppLanguage Language = TAppLanguage::English;
+    Integer MarketReadyAfter = 0; // deliveries
+    TServiceSwitches Switches;
     String TradesSymbol; // empty: that of the first row
     std::optional<Integer> Frames;
     Integer Rows = 20;
@@ -28,8 +34,6 @@ struct TCommandLine {
     std::string Error;  // one line
 };
 
-// `defaultReplay` is played when none is named.
-TCommandLine ParseCommandLine(int argc, const char* const* argv,
-                              const std::filesystem::path& defaultReplay);
+TCommandLine ParseCommandLine(int argc, const char* const* argv);
 
 } // namespace quorin

@@ -1,14 +1,14 @@
 #include "embedded/DataError.h"
 #include "platform/rtl/Utf.h"
+#include "terminal/console/ConsoleSession.h"
 #include "terminal/console/ExitStatus.h"
-#include "terminal/console/ReplaySession.h"
 #include "terminal/console/Screen.h"
 
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <iostream>
-#include <optional>
+#include <memory>
 
 namespace quorin {
 namespace {
@@ -16,14 +16,14 @@ namespace {
 using TClock = std::chrono::steady_clock;
 
 constexpr const char* ProgramName = "quorin-console";
-constexpr const char* SampleRecording = "recordings/sample.csv";
+constexpr Integer FramesOfVenue = 1; // without a terminal and without a number
 
 void Print(const std::vector<String>& lines) {
     for (const String& line : lines) std::cout << ToUtf8(line) << '\n';
 }
 
 // So many frames, and the summary when the recording has fewer.
-void PrintFrames(TReplaySession& session, Integer frames) {
+void PrintFrames(TConsoleSession& session, Integer frames) {
     for (Integer frame = 0; frame < frames; ++frame) {
         if (!session.Step()) {
             std::cout << SummaryText(session.Summary());
@@ -34,14 +34,14 @@ void PrintFrames(TReplaySession& session, Integer frames) {
     }
 }
 
-void PrintEnd(TReplaySession& session) {
+void PrintEnd(TConsoleSession& session) {
     while (session.Step()) {
     }
     Print(session.Frame());
     std::cout << '\n' << SummaryText(session.Summary());
 }
 
-void ShowOnScreen(TReplaySession& session, const TConsoleOptions& options) {
+void ShowOnScreen(TConsoleSession& session, const TConsoleOptions& options) {
     {
         TScreen screen;
         const auto start = TClock::now();
@@ -66,15 +66,18 @@ void ShowOnScreen(TReplaySession& session, const TConsoleOptions& options) {
 }
 
 int Run(const TConsoleOptions& options) {
-    TReplaySession session(options, QUORIN_DATA_DIR, std::cerr);
+    const std::unique_ptr<TConsoleSession> session =
+        OpenSession(options, QUORIN_DATA_DIR, std::cerr);
     if (options.Frames.has_value()) {
-        PrintFrames(session, *options.Frames);
+        PrintFrames(*session, *options.Frames);
     } else if (TScreen::IsThere()) {
-        ShowOnScreen(session, options);
+        ShowOnScreen(*session, options);
+    } else if (options.Replay.empty()) {
+        PrintFrames(*session, FramesOfVenue);
     } else {
-        PrintEnd(session);
+        PrintEnd(*session);
     }
-    const bool isSidesFileComplete = session.Close();
+    const bool isSidesFileComplete = session->Close();
     std::cout.flush();
     if (isSidesFileComplete && std::cout) return ExitStatus::Done;
     std::cerr << ProgramName << ": the output cannot be written\n";
@@ -86,8 +89,7 @@ int Run(const TConsoleOptions& options) {
 
 int main(int argc, char** argv) {
     using namespace quorin;
-    const std::filesystem::path sample = std::filesystem::path(QUORIN_DATA_DIR) / SampleRecording;
-    const TCommandLine line = ParseCommandLine(argc, argv, sample);
+    const TCommandLine line = ParseCommandLine(argc, argv);
     std::cout << line.Output;
     if (!line.Error.empty()) std::cerr << ProgramName << ": " << line.Error << '\n';
     if (!line.Options.has_value()) return line.ExitStatus;

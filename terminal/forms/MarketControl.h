@@ -19,6 +19,11 @@ class TMarketControl : public TCustomMarketDataControl {
 
     // True when subscriptions were dropped since the last call.
     bool TakeCleared();
+    const TList<String>& Symbols() const { return FDataList; }
+    // -1 for a symbol without a row.
+    Integer RowOf(StringView symbol) const { return FDataList.IndexOf(symbol); }
+    // What a cell shows that has nothing to show.
+    const String& EmptyText() const { return EmptyDisplayText; }
     // Caption of a column in the language in force.
     String Caption(Integer attribute) const;
 

@@ -1,6 +1,7 @@
 #include "terminal/forms/MarketWatchForm.h"
 
 #include "viewdata/market/MarketAttributes.h"
+#include "viewdata/services/AccountAdapter.h"
 
 #include <utility>
 
@@ -19,11 +20,36 @@ TMarketWatchForm::TMarketWatchForm() : FView(CreateComponent<TcxGridTableView>()
     for (const TColumnInfo* info : *FControl->GetColList()) {
         FView->AddColumn(info->ID(), FControl->Caption(info->ID())).SetWidth(info->Width());
     }
+    TCustomMarketAdapter::GetInstance()->AddExchangeListener(
+        MakeEvent<&TMarketWatchForm::MarketChanged>(this), this);
+    TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
+        MakeEvent<&TMarketWatchForm::AccountsReady>(this), this);
+}
+
+TMarketWatchForm::~TMarketWatchForm() {
+    TCustomMarketAdapter::GetInstance()->RemoveExchangeListener(this);
+    TCustomAccountAdapter::GetInstance()->RemoveAccountReadyCallback(this);
 }
 
 void TMarketWatchForm::ShowMarket(StringView exchange) {
+    const bool isReady = TCustomMarketAdapter::GetInstance()->IsMarketDataReady();
+    FExchange = isReady ? StringView() : exchange;
     FControl->SetExchangeAndCategory(exchange, EveryCategory);
     FView->SetTopRow(0);
+}
+
+void TMarketWatchForm::MarketChanged(Pointer, Pointer) {
+    if (!FExchange.empty()) ShowMarket(String(FExchange));
+}
+
+void TMarketWatchForm::ShowAccount(StringView account) {
+    FAccount = account;
+    FControl->SetShowPosition(true);
+    FControl->SetAccount(account);
+}
+
+void TMarketWatchForm::AccountsReady(Pointer, Pointer) {
+    FControl->SetAccount(FAccount);
 }
 
 void TMarketWatchForm::ShowSymbols(const TList<String>& symbols) {

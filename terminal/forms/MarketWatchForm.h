@@ -16,12 +16,16 @@ class TMarketWatchForm : public TObject {
     QUORIN_CLASS(TMarketWatchForm, TObject)
 
     TMarketWatchForm();
+    ~TMarketWatchForm() override;
 
     TcxGridTableView& View() { return *FView; }
     TMarketControl& Control() { return *FControl; }
 
-    // Loads the rows of an exchange, or of the favourites. The universe must be ready.
+    // Loads the rows of an exchange, or of the favourites; as soon as the universe is ready, if it
+    // is not yet.
     void ShowMarket(StringView exchange);
+    // The account whose positions the rows refer to; as soon as it is known, if it is not yet.
+    void ShowAccount(StringView account);
     // Shows these symbols, in this order; those without a record are left out.
     void ShowSymbols(const TList<String>& symbols);
 
@@ -41,11 +45,15 @@ class TMarketWatchForm : public TObject {
     bool RowStillShows(Integer row, StringView symbol);
 
 private:
+    void MarketChanged(Pointer Sender, Pointer Data);
+    void AccountsReady(Pointer Sender, Pointer Data);
     void GetCellText(Integer record, TcxCustomGridTableItem& column, String& text);
 
     TMarketControl* FControl; // the source's
     std::unique_ptr<TCustomGridDataSource> FSource;
     std::unique_ptr<TcxGridTableView> FView;
+    String FExchange; // that is still to be shown; empty: none
+    String FAccount;
     std::vector<Integer> FFollowedRows;
     std::vector<String> FFollowedSymbols;
 };

@@ -18,6 +18,12 @@ inline constexpr StringView Res_Time = u"Res_Time";
 inline constexpr StringView Res_Qty = u"Res_Qty";
 inline constexpr StringView Res_Price = u"Res_Price";
 inline constexpr StringView Res_Side = u"Res_Side";
+inline constexpr StringView Res_RequiredMargin = u"Res_RequiredMargin";
+inline constexpr StringView Res_LoggedOut = u"Res_LoggedOut";
+inline constexpr StringView Res_MarketNotReady = u"Res_MarketNotReady";
+inline constexpr StringView Res_AccountsNotReady = u"Res_AccountsNotReady";
+inline constexpr StringView Res_OneCurrency = u"Res_OneCurrency";
+inline constexpr StringView Res_NoChinaConnect = u"Res_NoChinaConnect";
 } // namespace TerminalKey
 
 } // namespace quorin

@@ -1,0 +1,105 @@
+#include "terminal/console/ConsoleSession.h"
+
+#include "embedded/DataError.h"
+#include "embedded/ReplayFile.h"
+#include "platform/rtl/Utf.h"
+#include "terminal/console/ReplaySession.h"
+#include "terminal/console/VenueSession.h"
+
+#include <sstream>
+
+namespace quorin {
+
+namespace {
+
+constexpr StringView SideAsk = u"A";
+constexpr StringView SideBid = u"B";
+constexpr StringView ExchangeWithSides = u"SEHK";
+
+} // namespace
+
+TConsoleSession::TConsoleSession(const TConsoleOptions& options,
+                                 const std::filesystem::path& dataFolder, std::ostream& errors)
+    : FErrors(errors), FHost(errors), FServices({.Host = FHost,
+                                                 .DataDirectory = dataFolder,
+                                                 .SettingsPath = options.Settings,
+                                                 .Language = options.Language,
+                                                 .Switches = options.Switches}) {}
+
+void TConsoleSession::OpenWatch(const TConsoleOptions& options) {
+    FHead.Exchange = options.Exchange;
+    FWatch = std::make_unique<TMarketWatchForm>();
+    FWatch->View().SetVisibleRowCapacity(options.Rows);
+}
+
+void TConsoleSession::OpenTrades(const TConsoleOptions& options, const std::string& source) {
+    FWatch->FollowVisibleRows();
+    if (!options.TradesSymbol.empty() &&
+        FServices.Market().FindMarketData(options.TradesSymbol) == nullptr) {
+        throw EDataError(source, 0, "there is no symbol " + ToUtf8(options.TradesSymbol));
+    }
+    const String symbol = options.TradesSymbol.empty() ? FWatch->Symbol(0) : options.TradesSymbol;
+    FTrades = std::make_unique<TTradesForm>();
+    FTrades->SetSymbol(symbol);
+    FProduct = std::make_unique<TProductForm>(FWatch->Control());
+    FProduct->SetSymbol(symbol);
+}
+
+void TConsoleSession::FollowSides(const TConsoleOptions& options, const TList<String>& symbols) {
+    FSides = std::make_unique<TTradeSides>();
+    for (const String& symbol : symbols) FSides->Follow(symbol);
+    FSummary.Symbols = symbols.Count();
+    if (!options.Sides.empty()) FSidesFile = std::make_unique<TSidesFile>(options.Sides);
+}
+
+void TConsoleSession::WarnOfSides(const String& exchange) {
+    if (exchange == ExchangeWithSides) return;
+    FErrors << "trade sides are worked out for " << ToUtf8(ExchangeWithSides) << " only, not for "
+            << ToUtf8(exchange) << '\n';
+}
+
+bool TConsoleSession::Step() {
+    if (!StepMarket()) return false;
+    ++FSummary.Deliveries;
+    FHead.PollTime = static_cast<Double>(TimeNanos()) / static_cast<Double>(NanosPerSecond);
+    FHead.Deliveries = FSummary.Deliveries;
+    FSides->TakeNew(
+        [this](StringView symbol, const TMarketDataTrade& trade) { TakeTrade(symbol, trade); });
+    return true;
+}
+
+void TConsoleSession::TakeTrade(StringView symbol, const TMarketDataTrade& trade) {
+    ++FSummary.Trades;
+    if (trade.Side() == SideAsk) ++FSummary.AskTrades;
+    if (trade.Side() == SideBid) ++FSummary.BidTrades;
+    if (FSidesFile != nullptr) FSidesFile->Write(FHead.PollTime, symbol, trade);
+}
+
+std::vector<String> TConsoleSession::Frame() {
+    return FrameLines(FHead, *FWatch, *FTrades, *FProduct);
+}
+
+bool TConsoleSession::Close() {
+    return FSidesFile == nullptr || FSidesFile->Close();
+}
+
+std::unique_ptr<TConsoleSession> OpenSession(const TConsoleOptions& options,
+                                             const std::filesystem::path& dataFolder,
+                                             std::ostream& errors) {
+    if (options.Replay.empty()) return std::make_unique<TVenueSession>(options, dataFolder, errors);
+    return std::make_unique<TReplaySession>(options, dataFolder, errors);
+}
+
+std::string SummaryText(const TSessionSummary& summary) {
+    std::ostringstream text;
+    text << "deliveries " << summary.Deliveries << '\n';
+    if (summary.Lines.has_value()) {
+        text << "lines " << *summary.Lines << ", skipped " << summary.Skipped << '\n';
+    }
+    text << "trades " << summary.Trades << ": A " << summary.AskTrades << ", B "
+         << summary.BidTrades << ", none " << summary.UnmarkedTrades() << "\nsymbols "
+         << summary.Symbols << '\n';
+    return text.str();
+}
+
+} // namespace quorin

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "embedded/EmbeddedServices.h"
+#include "terminal/console/ConsoleHost.h"
+#include "terminal/console/FrameText.h"
+#include "terminal/console/Options.h"
+#include "terminal/console/SidesFile.h"
+#include "terminal/forms/TradeSides.h"
+
+#include <memory>
+#include <optional>
+#include <ostream>
+
+namespace quorin {
+
+// What a session has seen when it ends.
+struct TSessionSummary {
+    Integer Deliveries = 0;
+    std::optional<Int64> Lines; // of a recording, taken in
+    Int64 Skipped = 0;          // bad ones
+    Int64 Trades = 0;           // taken in by the detector
+    Int64 AskTrades = 0;
+    Int64 BidTrades = 0;
+    Integer Symbols = 0;
+
+    Int64 UnmarkedTrades() const { return Trades - AskTrades - BidTrades; }
+};
+
+// The services and the forms on them, from the first delivery to the last. What makes the market
+// move is a descendant's.
+class TConsoleSession {
+public:
+    TConsoleSession(const TConsoleSession&) = delete;
+    TConsoleSession& operator=(const TConsoleSession&) = delete;
+    virtual ~TConsoleSession() = default;
+
+    // Goes on to the next delivery; False when there is no other.
+    bool Step();
+    // The screen as it is now.
+    std::vector<String> Frame();
+    TMarketWatchForm& Watch() { return *FWatch; }
+    virtual TSessionSummary Summary() const { return FSummary; }
+    // To be called once, after the last Step; False when the file of sides is not complete.
+    virtual bool Close();
+
+protected:
+    // Raises EDataError for data that cannot be worked with, as every constructor of a session.
+    TConsoleSession(const TConsoleOptions& options, const std::filesystem::path& dataFolder,
+                    std::ostream& errors);
+
+    virtual bool StepMarket() = 0;
+    // Of the latest delivery, in nanoseconds after midnight.
+    virtual Int64 TimeNanos() const = 0;
+
+    // To be called once the market has its symbols and before its first delivery, which belongs to
+    // the rows on screen as well. An unknown symbol in the options is a fault of `source`.
+    void OpenWatch(const TConsoleOptions& options);
+    void OpenTrades(const TConsoleOptions& options, const std::string& source);
+    void FollowSides(const TConsoleOptions& options, const TList<String>& symbols);
+    // Trade sides are worked out for one exchange only; says so when it is not this one.
+    void WarnOfSides(const String& exchange);
+
+    std::ostream& Errors() { return FErrors; }
+    TEmbeddedServices& Services() { return FServices; }
+    TSessionSummary& Counts() { return FSummary; }
+
+private:
+    // Lets the shared detector go when the forms are gone and the services still there.
+    struct TDetectorRelease {
+        TDetectorRelease() = default;
+        TDetectorRelease(const TDetectorRelease&) = delete;
+        TDetectorRelease& operator=(const TDetectorRelease&) = delete;
+        ~TDetectorRelease() { TMarketTradeSideDetector::ReleaseInstance(); }
+    };
+
+    void TakeTrade(StringView symbol, const TMarketDataTrade& trade);
+
+    std::ostream& FErrors;
+    TFrameHead FHead;
+    TSessionSummary FSummary;
+    TConsoleHost FHost;
+    TEmbeddedServices FServices;
+    TDetectorRelease FDetectorRelease;
+    std::unique_ptr<TMarketWatchForm> FWatch;
+    std::unique_ptr<TTradesForm> FTrades;
+    std::unique_ptr<TProductForm> FProduct;
+    std::unique_ptr<TTradeSides> FSides;
+    std::unique_ptr<TSidesFile> FSidesFile;
+};
+
+// The session that the options ask for: a recording or the simulated venue.
+std::unique_ptr<TConsoleSession> OpenSession(const TConsoleOptions& options,
+                                             const std::filesystem::path& dataFolder,
+                                             std::ostream& errors);
+
+// One line per kind of figure, each with its line end.
+std::string SummaryText(const TSessionSummary& summary);
+
+} // namespace quorin
