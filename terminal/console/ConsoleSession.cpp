@@ -4,6 +4,7 @@
 #include "embedded/ReplayFile.h"
 #include "platform/rtl/Utf.h"
 #include "terminal/console/ReplaySession.h"
+#include "terminal/console/TextWidth.h"
 #include "terminal/console/VenueSession.h"
 
 #include <sstream>
@@ -24,7 +25,10 @@ TConsoleSession::TConsoleSession(const TConsoleOptions& options,
                                                  .DataDirectory = dataFolder,
                                                  .SettingsPath = options.Settings,
                                                  .Language = options.Language,
-                                                 .Switches = options.Switches}) {}
+                                                 .Switches = options.Switches}) {
+    // Prices are shown by their ticks from the first frame on.
+    FServices.Market().SetSpreadTablesAtOnce(true);
+}
 
 void TConsoleSession::OpenWatch(const TConsoleOptions& options) {
     FHead.Exchange = options.Exchange;
@@ -38,24 +42,43 @@ void TConsoleSession::OpenTrades(const TConsoleOptions& options, const std::stri
         FServices.Market().FindMarketData(options.TradesSymbol) == nullptr) {
         throw EDataError(source, 0, "there is no symbol " + ToUtf8(options.TradesSymbol));
     }
-    const String symbol = options.TradesSymbol.empty() ? FWatch->Symbol(0) : options.TradesSymbol;
     FTrades = std::make_unique<TTradesForm>();
-    FTrades->SetSymbol(symbol);
     FProduct = std::make_unique<TProductForm>(FWatch->Control());
+    ShowSymbol(options.TradesSymbol.empty() ? FWatch->Symbol(0) : options.TradesSymbol);
+    FSides = std::make_unique<TTradeSides>();
+    OpenSides(options);
+}
+
+void TConsoleSession::ShowSymbol(StringView symbol) {
+    FTrades->SetSymbol(symbol);
     FProduct->SetSymbol(symbol);
 }
 
-void TConsoleSession::FollowSides(const TConsoleOptions& options, const TList<String>& symbols) {
-    FSides = std::make_unique<TTradeSides>();
+void TConsoleSession::OpenSides(const TConsoleOptions& options) {
+    if (options.Sides.empty()) return;
+    const std::pair<const std::filesystem::path&, const char*> readFiles[] = {
+        {options.Replay, "is the recording itself"},
+        {options.Settings, "is the settings file"},
+        {options.Universe, "is the universe file"},
+    };
+    for (const auto& [file, reason] : readFiles) {
+        std::error_code ignored;
+        if (!file.empty() && std::filesystem::equivalent(options.Sides, file, ignored)) {
+            throw EDataError(options.Sides.string(), 0, reason);
+        }
+    }
+    FSidesFile = std::make_unique<TSidesFile>(options.Sides);
+}
+
+void TConsoleSession::FollowSides(const TList<String>& symbols) {
     for (const String& symbol : symbols) FSides->Follow(symbol);
     FSummary.Symbols = symbols.Count();
-    if (!options.Sides.empty()) FSidesFile = std::make_unique<TSidesFile>(options.Sides);
 }
 
 void TConsoleSession::WarnOfSides(const String& exchange) {
     if (exchange == ExchangeWithSides) return;
     FErrors << "trade sides are worked out for " << ToUtf8(ExchangeWithSides) << " only, not for "
-            << ToUtf8(exchange) << '\n';
+            << ToUtf8(PlainText(exchange)) << '\n';
 }
 
 bool TConsoleSession::Step() {
@@ -63,6 +86,11 @@ bool TConsoleSession::Step() {
     ++FSummary.Deliveries;
     FHead.PollTime = static_cast<Double>(TimeNanos()) / static_cast<Double>(NanosPerSecond);
     FHead.Deliveries = FSummary.Deliveries;
+    if (FTrades->Symbol().empty() && FWatch->View().RowCount() > 0) {
+        FWatch->FollowVisibleRows();
+        ShowSymbol(FWatch->Symbol(0));
+        FollowSides(FWatch->Control().Symbols());
+    }
     FSides->TakeNew(
         [this](StringView symbol, const TMarketDataTrade& trade) { TakeTrade(symbol, trade); });
     return true;

@@ -40,7 +40,8 @@ public:
     std::vector<String> Frame();
     TMarketWatchForm& Watch() { return *FWatch; }
     virtual TSessionSummary Summary() const { return FSummary; }
-    // To be called once, after the last Step; False when the file of sides is not complete.
+    // To be called once, after the last Step and with the terminal given back; False when the file
+    // of sides is not complete.
     virtual bool Close();
 
 protected:
@@ -56,7 +57,8 @@ protected:
     // the rows on screen as well. An unknown symbol in the options is a fault of `source`.
     void OpenWatch(const TConsoleOptions& options);
     void OpenTrades(const TConsoleOptions& options, const std::string& source);
-    void FollowSides(const TConsoleOptions& options, const TList<String>& symbols);
+    void OpenSides(const TConsoleOptions& options);
+    void FollowSides(const TList<String>& symbols);
     // Trade sides are worked out for one exchange only; says so when it is not this one.
     void WarnOfSides(const String& exchange);
 
@@ -74,6 +76,7 @@ private:
     };
 
     void TakeTrade(StringView symbol, const TMarketDataTrade& trade);
+    void ShowSymbol(StringView symbol);
 
     std::ostream& FErrors;
     TFrameHead FHead;

@@ -12,6 +12,8 @@
 #include "viewdata/services/LoginCtrl.h"
 #include "viewdata/services/ResourceKeys.h"
 
+#include <algorithm>
+
 namespace quorin {
 
 namespace {
@@ -33,7 +35,7 @@ constexpr StringView NoMark = u" ";
 constexpr Integer TimeWidth = 10;
 constexpr Integer QuantityWidth = 12;
 constexpr Integer PriceWidth = 12;
-constexpr Integer SideWidth = 6;
+constexpr Integer SideWidth = 10;
 constexpr Integer TradesWidth = TimeWidth + QuantityWidth + PriceWidth + SideWidth;
 constexpr Integer ProductGap = 6;
 constexpr Integer ProductWidth = 60;
@@ -79,8 +81,9 @@ String WatchLine(TMarketWatchForm& watch, Integer row) {
         line += FitText(text, column.GetWidth() / PixelsPerColumn, AlignOf(column.GetTag()));
         const TMarkReader reader = MarkReaderOf(column.GetTag());
         if (reader == nullptr) continue;
+        const bool hasMark = row != HeaderRow && text != watch.Control().EmptyText();
         line += u' ';
-        line += row == HeaderRow ? NoMark : MarkText(watch, row, reader);
+        line += hasMark ? MarkText(watch, row, reader) : NoMark;
     }
     return String(TrimRight(line));
 }
@@ -105,10 +108,15 @@ String TwoDigits(Int64 number) {
 
 // What a user must know because it is not as it normally is.
 String HeadText(const TFrameHead& head) {
-    String text = head.Exchange + HeadGap + ClockText(head.PollTime) + HeadGap + u"#" +
-                  IntegerToText(head.Deliveries);
-    const auto add = [&text](bool applies, StringView key) {
-        if (applies) text += HeadGap + Caption(key);
+    String text = PlainText(head.Exchange);
+    const auto append = [&text](StringView part) {
+        text += HeadGap;
+        text += part;
+    };
+    append(ClockText(head.PollTime));
+    append(u"#" + IntegerToText(head.Deliveries));
+    const auto add = [&append](bool applies, StringView key) {
+        if (applies) append(Caption(key));
     };
     add(!TCustomLoginCtrl::GetInstance()->IsLogin(), TerminalKey::Res_LoggedOut);
     add(!TCustomMarketAdapter::GetInstance()->IsMarketDataReady(), TerminalKey::Res_MarketNotReady);
@@ -120,7 +128,7 @@ String HeadText(const TFrameHead& head) {
 
 std::vector<String> TradeBlock(const TTradesForm& trades) {
     std::vector<String> lines;
-    lines.push_back(Caption(TerminalKey::Res_Trades) + u" " + trades.Symbol());
+    lines.push_back(Caption(TerminalKey::Res_Trades) + u" " + PlainText(trades.Symbol()));
     lines.push_back(TradeLine(Caption(TerminalKey::Res_Time), Caption(TerminalKey::Res_Qty),
                               Caption(TerminalKey::Res_Price), Caption(TerminalKey::Res_Side)));
     for (Integer index = 0; index < ShownTrades; ++index) {
@@ -132,10 +140,11 @@ std::vector<String> TradeBlock(const TTradesForm& trades) {
     return lines;
 }
 
-// Left and right side by side, in so many lines that a frame keeps its height.
+// Left and right side by side, in at least so many lines as a full block of trades has.
 void AppendBeside(std::vector<String>& lines, std::vector<String> left, std::vector<String> right) {
-    left.resize(static_cast<std::size_t>(ProductLineCount));
-    right.resize(static_cast<std::size_t>(ProductLineCount));
+    const std::size_t height = std::max(right.size(), std::size_t{2 + ShownTrades});
+    left.resize(height);
+    right.resize(height);
     for (std::size_t index = 0; index < left.size(); ++index) {
         const String line =
             FitText(left[index], TradesWidth + ProductGap) + FitText(right[index], ProductWidth);

@@ -12,8 +12,9 @@ namespace quorin {
 
 namespace {
 
-constexpr Double ShortestPoll = 0.001; // seconds
-constexpr Double LongestPoll = 86400.0;
+constexpr Double ShortestPoll = 1e-9; // seconds: the time of a recording counts nanoseconds
+constexpr Double LongestPoll = 1e9;
+constexpr const char* Usage = "; usage: quorin-console [OPTIONS], --help lists them";
 constexpr Integer MostRows = 1000;
 
 std::string OneLine(std::string text) {
@@ -28,7 +29,7 @@ const CLI::Validator PollSeconds(
         Double seconds = 0.0;
         const bool isGood = TryParseDouble(FromUtf8(text), seconds) && seconds >= ShortestPoll &&
                             seconds <= LongestPoll;
-        return isGood ? std::string() : "not a number of seconds from 0.001 to 86400: " + text;
+        return isGood ? std::string() : "not a number of seconds above 0: " + text;
     },
     "");
 
@@ -112,7 +113,7 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
         return result;
     } catch (const CLI::ParseError& error) {
         result.ExitStatus = ExitStatus::Unusable;
-        result.Error = OneLine(error.what()) + " (--help lists the options)";
+        result.Error = OneLine(error.what()) + Usage;
         return result;
     }
     options.Replay = replay;

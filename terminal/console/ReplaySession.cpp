@@ -8,7 +8,6 @@ namespace quorin {
 
 namespace {
 
-constexpr Int64 ReportedLines = 20; // of the bad ones; the others are counted
 constexpr const char* UniverseFolder = "universe";
 
 } // namespace
@@ -18,16 +17,11 @@ TReplaySession::TReplaySession(const TConsoleOptions& options,
     : TConsoleSession(options, dataFolder, errors), FRecordingName(options.Replay.string()) {
     LoadUniverse(dataFolder / UniverseFolder, Services().Market());
     WarnOfSides(options.Exchange);
-    std::error_code ignored;
-    if (!options.Sides.empty() &&
-        std::filesystem::equivalent(options.Sides, options.Replay, ignored)) {
-        throw EDataError(options.Sides.string(), 0, "is the recording itself");
-    }
     Open(options);
     OpenWatch(options);
     Watch().ShowSymbols(FFeed->Symbols());
     OpenTrades(options, FRecordingName);
-    FollowSides(options, FFeed->Symbols());
+    FollowSides(FFeed->Symbols());
 }
 
 void TReplaySession::Open(const TConsoleOptions& options) {
@@ -40,11 +34,17 @@ void TReplaySession::Open(const TConsoleOptions& options) {
     FFeed->Open();
 }
 
+// Kept until the end: a screen that is being painted is no place for complaints.
 void TReplaySession::ReportLine(Int64 line, std::string_view reason) {
     ++Counts().Skipped;
-    if (Counts().Skipped <= ReportedLines) {
-        Errors() << EDataError(FRecordingName, line, reason).what() << '\n';
-    }
+    FReports += EDataError(FRecordingName, line, reason).what();
+    FReports += '\n';
+}
+
+bool TReplaySession::StepMarket() {
+    if (!FFeed->Step()) return false;
+    Services().Deliver(); // what the quotes have asked for, tick tables among it
+    return true;
 }
 
 TSessionSummary TReplaySession::Summary() const {
@@ -54,9 +54,9 @@ TSessionSummary TReplaySession::Summary() const {
 }
 
 bool TReplaySession::Close() {
-    const Int64 skipped = Counts().Skipped;
-    if (skipped > ReportedLines) {
-        Errors() << FRecordingName << ": " << skipped - ReportedLines << " more lines skipped\n";
+    Errors() << FReports;
+    if (Counts().Skipped > 0) {
+        Errors() << FRecordingName << ": " << Counts().Skipped << " lines skipped\n";
     }
     return TConsoleSession::Close();
 }

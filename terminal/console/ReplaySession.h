@@ -5,8 +5,8 @@
 
 namespace quorin {
 
-// One recording from its first line to its last. The watch shows the recorded symbols. Bad lines
-// are told of on `errors`, the first ones each on a line of its own.
+// One recording from its first line to its last. The watch shows the recorded symbols. Close
+// tells on `errors` of every bad line, and how many they were.
 class TReplaySession final : public TConsoleSession {
 public:
     TReplaySession(const TConsoleOptions& options, const std::filesystem::path& dataFolder,
@@ -16,12 +16,13 @@ public:
     bool Close() override;
 
 private:
-    bool StepMarket() override { return FFeed->Step(); }
+    bool StepMarket() override;
     Int64 TimeNanos() const override { return FFeed->PollTimeNanos(); }
     void Open(const TConsoleOptions& options);
     void ReportLine(Int64 line, std::string_view reason);
 
     std::string FRecordingName;
+    std::string FReports; // of bad lines, each with its line end
     std::unique_ptr<TReplayFeed> FFeed;
 };
 

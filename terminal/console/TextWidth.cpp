@@ -120,4 +120,9 @@ String FitText(StringView text, Integer width, TAlign align) {
     return fitted;
 }
 
+String PlainText(StringView text) {
+    constexpr Integer mostColumns = 80;
+    return FitText(text, std::min(TextWidth(text), mostColumns));
+}
+
 } // namespace quorin

@@ -15,4 +15,7 @@ enum class TAlign : Byte { Left, Right };
 // stay in pairs.
 String FitText(StringView text, Integer width, TAlign align = TAlign::Left);
 
+// The same for a text that stands in no column: as wide as it is, at most 80 columns.
+String PlainText(StringView text);
+
 } // namespace quorin

@@ -1,6 +1,7 @@
 #include "terminal/console/VenueSession.h"
 
 #include "embedded/DataError.h"
+#include "embedded/ReplayFile.h"
 #include "embedded/UniverseFile.h"
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
@@ -10,7 +11,6 @@ namespace quorin {
 namespace {
 
 constexpr const char* UniverseFolder = "universe";
-constexpr const char* SessionsFile = "sessions.csv";
 constexpr const char* AccountsFolder = "accounts";
 constexpr StringView ShownAccount = u"M88001";
 constexpr Int64 SecondsAtStart = (9 * 60 + 30) * 60; // when most exchanges trade
@@ -29,16 +29,15 @@ TVenueSession::TVenueSession(const TConsoleOptions& options,
     venue.Seed = options.Seed;
     venue.StepNanos = RoundToInt64(options.PollInterval * static_cast<Double>(NanosPerSecond));
     venue.StartNanos = SecondsAtStart * NanosPerSecond;
-    venue.Sessions = FSessions;
+    venue.Sessions = Services().Market().Sessions();
     FVenue = std::make_unique<TVenue>(Services().Items(), Services().Market(), std::move(venue));
-    FVenue->SetMarginFeed(&Services().Margins());
 
     OpenWatch(chosen);
     if (FReadyAfter > 0) Services().Market().SetMarketDataReady(false);
     Watch().ShowMarket(chosen.Exchange);
     Watch().ShowAccount(ShownAccount);
     OpenTrades(chosen, FUniverseName);
-    FollowSides(chosen, Watch().Control().Symbols());
+    FollowSides(Watch().Control().Symbols());
 }
 
 void TVenueSession::LoadMarket(const TConsoleOptions& options,
@@ -47,7 +46,7 @@ void TVenueSession::LoadMarket(const TConsoleOptions& options,
         const std::filesystem::path folder = dataFolder / UniverseFolder;
         FUniverseName = folder.string();
         LoadUniverse(folder, Services().Market());
-        FSessions = LoadSessions(folder / SessionsFile);
+
         Services().LoadAccounts(dataFolder / AccountsFolder);
     } else {
         FUniverseName = options.Universe.string();

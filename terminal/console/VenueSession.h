@@ -19,7 +19,6 @@ private:
     String ChooseExchange(const TConsoleOptions& options) const;
 
     std::string FUniverseName;
-    TMarketSessions FSessions;
     std::unique_ptr<TVenue> FVenue;
     Integer FReadyAfter; // deliveries until the market is ready
 };

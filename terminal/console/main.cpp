@@ -98,5 +98,8 @@ int main(int argc, char** argv) {
     } catch (const EDataError& error) {
         std::cerr << ProgramName << ": " << error.what() << '\n';
         return ExitStatus::Unusable;
+    } catch (const std::exception& error) {
+        std::cerr << ProgramName << ": " << error.what() << '\n';
+        return ExitStatus::Unusable;
     }
 }

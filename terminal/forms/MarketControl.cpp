@@ -10,7 +10,7 @@ namespace quorin {
 
 namespace {
 
-constexpr StringView CustomColumnTable = u"MarketColumns";
+constexpr StringView CustomColumnTable = u"MarketCustomColumn";
 constexpr StringView NothingToShow = u"-";
 
 struct TColumn {
@@ -22,7 +22,7 @@ struct TColumn {
 };
 
 constexpr TColumn WatchColumns[] = {
-    {MarketAttribute::SymbolCode, ResourceKey::Res_Symbol, 80, u"Symbol", false},
+    {MarketAttribute::SymbolCode, ResourceKey::Res_Symbol, 96, u"Symbol", false},
     {MarketAttribute::SymbolName, ResourceKey::Res_SymbolName, 150, u"Name", false},
     {MarketAttribute::BestBidQuantity, TerminalKey::Res_BidQty, 80, u"BidQty", true},
     {MarketAttribute::BestBid, TerminalKey::Res_Bid, 80, u"Bid", false},
