@@ -237,6 +237,12 @@ TCustomSpreadTable* TEmbeddedMarketAdapter::FindSpreadTable(StringView SpreadCod
     return &entry->Table;
 }
 
+std::span<const TSpreadBand> TEmbeddedMarketAdapter::SpreadBands(StringView code) const {
+    TSpreadEntry* const* known = FSpreads.Find(code);
+    if (known == nullptr || *known == nullptr) return {};
+    return (*known)->Bands;
+}
+
 void TEmbeddedMarketAdapter::Fetch(TSpreadEntry& entry) {
     if (entry.IsAwaited) return;
     entry.IsAwaited = true;

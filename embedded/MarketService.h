@@ -8,6 +8,7 @@
 #include "viewdata/services/MarketAdapter.h"
 
 #include <deque>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -85,6 +86,8 @@ public:
     // A table that can be fetched; see TEmbeddedSpreadTable::Load for what is refused.
     bool AddSpreadTable(StringView code, std::span<const TSpreadBand> bands);
     bool HasSpreadTable(StringView code) const;
+    // The bands of a table that can be fetched, loaded or not; none for an unknown code.
+    std::span<const TSpreadBand> SpreadBands(StringView code) const;
     // On: a table is loaded inside the call that asks for it. Off, as from the start: it is handed
     // out unloaded, and comes with the next delivery.
     void SetSpreadTablesAtOnce(bool atOnce) { FSpreadTablesAtOnce = atOnce; }

@@ -127,6 +127,7 @@ public:
     // The name of that language, or the plain one where it is empty; see TAppLanguage.
     const String& Name(Integer language) const;
     const String& SpreadCode() const { return *FSpreadCode; }
+    const String& TickSize() const { return *FTickSize; }
     Double LotSize() const { return FLotSize; }
     Double ContractSize() const { return FContractSize; }
     Double PreviousClose() const { return FPreviousClose; }

@@ -22,20 +22,10 @@ void SetOrClear(TEmbeddedSubItem& item, Integer fieldNo, const std::optional<Dou
     }
 }
 
-void AppendTwoDigits(String& text, Int64 number) {
-    text.push_back(static_cast<Char>(u'0' + number / 10));
-    text.push_back(static_cast<Char>(u'0' + number % 10));
-}
-
 // HH:MM:SS, quantity and price, one blank apart.
 void WriteTradeLine(String& line, const TReplayEvent& event) {
-    const Int64 seconds = event.Time / NanosPerSecond;
     line.clear();
-    AppendTwoDigits(line, seconds / 3600);
-    line.push_back(u':');
-    AppendTwoDigits(line, seconds / 60 % 60);
-    line.push_back(u':');
-    AppendTwoDigits(line, seconds % 60);
+    AppendTimeOfDay(line, event.Time / NanosPerSecond);
     line.push_back(u' ');
     line.append(event.QuantityText.begin(), event.QuantityText.end());
     line.push_back(u' ');

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "embedded/CsvReader.h"
+#include "embedded/TimeText.h"
 
 #include <functional>
 #include <optional>
 
 namespace quorin {
-
-inline constexpr Int64 NanosPerSecond = 1'000'000'000;
 
 // One side of a quote, or both; an absent part is not quoted.
 struct TReplayQuote {
