@@ -24,9 +24,8 @@ bool IsMarginKey(StringView key) {
 } // namespace
 
 TVenue::TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
-               TVenueOptions options)
-    : FItems(items), FMarket(market), FOptions(std::move(options)),
-      FDay(FMarket, FOptions.Sessions), FRandom(FOptions.Seed),
+               const TVenueOptions& options)
+    : FItems(items), FMarket(market), FOptions(options), FDay(FMarket), FRandom(FOptions.Seed),
       FBoard(TVenueBuilder(FMarket, FDay, FOptions.Seed ^ BuildSalt, FOptions.Month).Build()),
       FQuotes(FBoard, FRandom) {
     FOptions.StepNanos = std::max<Int64>(FOptions.StepNanos, 1);

@@ -14,7 +14,6 @@ struct TVenueOptions {
     Int64 StepNanos = 250'000'000;                      // at least 1
     Int64 StartNanos = Int64{9} * 3600 * 1'000'000'000; // after midnight
     Integer UpdatesPerStep = 0;                         // at most; 0 for a share of the universe
-    TMarketSessions Sessions = {};                      // see TMarketSessions for none
     TVenueMonth Month = {};                             // of the simulated day
 };
 
@@ -27,13 +26,15 @@ struct TVenueOptions {
 // trades or is quoted anew in one step, never both. It trades while its exchange is open; books
 // move then and while orders come in before it.
 //
-//   TVenue venue(items, market, {.Seed = 7, .Sessions = LoadSessions(file)});
+//   TVenue venue(services.Items(), services.Market(), {.Seed = 7});
 //   while (...) { venue.Step(); services.Deliver(); }
 class TVenue final : public TItemFeed {
 public:
-    // Becomes the feed of the items until it dies, and sets the market states of the start.
-    // Symbols that come into the universe later have no market. Adapters must live longer.
-    TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market, TVenueOptions options);
+    // Becomes the feed of the items until it dies, and sets the market states of the start. The
+    // hours are the adapter's sessions, which must not change after that; symbols that come into
+    // the universe later have no market. Adapters must live longer.
+    TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
+           const TVenueOptions& options);
     TVenue(const TVenue&) = delete;
     TVenue& operator=(const TVenue&) = delete;
     ~TVenue() override;

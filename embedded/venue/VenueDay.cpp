@@ -18,8 +18,7 @@ bool TakesOrders(const TMarketSession& session) {
 
 } // namespace
 
-TVenueDay::TVenueDay(TEmbeddedMarketAdapter& market, const TMarketSessions& sessions)
-    : FMarket(market), FSessions(sessions) {
+TVenueDay::TVenueDay(TEmbeddedMarketAdapter& market) : FMarket(market) {
     for (const TMarketExchange* exchange : market.Universe().Exchanges()) {
         FExchanges.push_back(TExchange{&exchange->Code});
     }
@@ -32,7 +31,7 @@ bool TVenueDay::Advance(Int64 time) {
     bool isChanged = false;
     for (TExchange& exchange : FExchanges) {
         if (time >= exchange.Session.To) {
-            TMarketSession next = FSessions.At(*exchange.Code, time);
+            TMarketSession next = FMarket.Sessions().At(*exchange.Code, time);
             if (time >= next.To) continue; // the day is over: what ran last goes on
             exchange.Session = std::move(next);
             Enter(exchange);
@@ -54,9 +53,9 @@ void TVenueDay::Enter(TExchange& exchange) {
 
 bool TVenueDay::OpenHours(std::size_t exchange, Int64& from, Int64& to) const {
     const String& code = *FExchanges[exchange].Code;
-    const TList<TMarketSession>* sessions = FSessions.Find(code);
+    const TList<TMarketSession>* sessions = FMarket.Sessions().Find(code);
     if (sessions == nullptr) {
-        const TMarketSession day = FSessions.At(code, 0);
+        const TMarketSession day = FMarket.Sessions().At(code, 0);
         from = day.From;
         to = day.To;
         return day.Status == MarketOpen;

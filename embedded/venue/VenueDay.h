@@ -1,7 +1,6 @@
 #pragma once
 
 #include "embedded/MarketService.h"
-#include "embedded/MarketSessions.h"
 
 #include <vector>
 
@@ -19,8 +18,9 @@ public:
         bool IsChanged = false;      // by the last Advance
     };
 
-    // The exchanges of the universe, in its order. Both must live longer.
-    TVenueDay(TEmbeddedMarketAdapter& market, const TMarketSessions& sessions);
+    // The exchanges of the universe, in its order. The adapter must live longer, and its sessions
+    // stay.
+    explicit TVenueDay(TEmbeddedMarketAdapter& market);
 
     // To that time; it must not go back. True when anything has changed.
     bool Advance(Int64 time);
@@ -34,7 +34,6 @@ private:
     void Enter(TExchange& exchange);
 
     TEmbeddedMarketAdapter& FMarket;
-    const TMarketSessions& FSessions;
     std::vector<TExchange> FExchanges;
     Int64 FNextChange = 0;
 };

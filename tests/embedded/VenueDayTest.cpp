@@ -1,6 +1,7 @@
 #include "tests/embedded/VenueChecker.h"
 #include "tests/embedded/VenueMarket.h"
 
+#include "embedded/UniverseFile.h"
 #include "viewdata/market/MarketTradeSideDetector.h"
 
 #include <cmath>
@@ -210,6 +211,45 @@ TEST_P(VenueDayTest, OptionsFollowTheirUnderlyer) {
     const TVenueChecker::TView& spread = Checker.View(u"HSIX6/HSIZ6");
     EXPECT_NEAR(spread.Bids.at(0).Price, difference, 3.0);
     EXPECT_LT(spread.Bids.at(0).Price, 0.0);
+}
+
+// The symbols that a newcomer sees, through the opening of every exchange.
+TEST(VenueShippedTest, TheUniverseOfTheTreeAgreesWithItself) {
+    TRecordingHost host;
+    TEmbeddedServices services(
+        {.Host = host, .DataDirectory = QUORIN_DATA_DIR, .SettingsPath = {}});
+    LoadUniverse(std::filesystem::path(QUORIN_DATA_DIR) / "universe", services.Market());
+    TVenue venue(services.Items(), services.Market(),
+                 {.Seed = 7, .StepNanos = 10 * NanosPerSecond, .UpdatesPerStep = 200});
+    TVenueChecker checker(services.Items(), services.Market());
+    std::vector<String> symbols;
+    for (const TMarketExchange* exchange : services.Market().Universe().Exchanges()) {
+        for (const TEmbeddedMarketData* record : exchange->Records) {
+            symbols.push_back(record->GetSymbol());
+            services.Items().GetSubItem(symbols.back(), LiveDataType, /*Flag=*/true);
+        }
+    }
+    services.Deliver();
+    for (const String& symbol : symbols) {
+        checker.Follow(symbol, -1e9, 1e9);
+        const Double close = services.Items().Item(symbol).GetFieldDouble(Field::PreviousClose);
+        EXPECT_NEAR(venue.Worth(symbol), close, std::max(std::fabs(close) * 0.1, 200.0))
+            << ToUtf8(symbol);
+    }
+    while (venue.TimeNanos() < TimeOf(10, 30) && checker.Faults().size() < 10) {
+        venue.Step();
+        services.Deliver();
+        for (const String& symbol : symbols) checker.Check(symbol);
+    }
+    for (const std::string& fault : checker.Faults()) ADD_FAILURE() << fault;
+    EXPECT_GT(checker.TradeCount(), 10'000);
+    for (const String& symbol : symbols) {
+        const TVenueChecker::TView& view = checker.View(symbol);
+        EXPECT_FALSE(view.Bids.empty() && view.Asks.empty() &&
+                     services.Items().Item(symbol).FieldText(Field::MarketState) != u"HA")
+            << ToUtf8(symbol) << " has no quote";
+    }
+    host.Verify();
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, VenueDayTest, testing::Values(1, 7));

@@ -13,6 +13,7 @@ TVenueMarket::TVenueMarket()
     static constexpr TSpreadBand copper[] = {{0.0, 1e7, 10.0}};
     static constexpr TSpreadBand cents[] = {{0.0, 1e5, 0.01}};
     Market().SetSpreadTablesAtOnce(true);
+    Market().SetSessions(VenueSessions());
     bool added = Market().AddSpreadTable(u"HK", shares);
     added &= Market().AddSpreadTable(u"IX", index);
     added &= Market().AddSpreadTable(u"DF", differences);

@@ -52,9 +52,8 @@ public:
     TEmbeddedMarketAdapter& Market() { return FServices.Market(); }
     const std::vector<String>& Symbols() const { return FSymbols; }
 
-    std::unique_ptr<TVenue> Open(TVenueOptions options) {
-        if (options.Sessions.IsEmpty()) options.Sessions = VenueSessions();
-        return std::make_unique<TVenue>(Items(), Market(), std::move(options));
+    std::unique_ptr<TVenue> Open(const TVenueOptions& options) {
+        return std::make_unique<TVenue>(Items(), Market(), options);
     }
     // Asks for every symbol, as a screen does.
     void AskForAll() {
