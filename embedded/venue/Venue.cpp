@@ -24,9 +24,14 @@ bool IsMarginKey(StringView key) {
 } // namespace
 
 TVenue::TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
+<<<<<<< HEAD
                TVenueOptions options)
     : FItems(items), FMarket(market), FOptions(std::move(options)),
       FDay(FMarket, FOptions.Sessions), FRandom(FOptions.Seed),
+=======
+               const TVenueOptions& options)
+    : FItems(items), FMarket(market), FOptions(options), FDay(FMarket), FRandom(FOptions.Seed),
+>>>>>>> wt-venue
       FBoard(TVenueBuilder(FMarket, FDay, FOptions.Seed ^ BuildSalt, FOptions.Month).Build()),
       FQuotes(FBoard, FRandom) {
     FOptions.StepNanos = std::max<Int64>(FOptions.StepNanos, 1);
@@ -49,7 +54,11 @@ void TVenue::Step() {
     if (FBoard.Symbols.empty()) return;
     const Integer budget = FOptions.UpdatesPerStep;
     const Integer leaders =
+<<<<<<< HEAD
         std::min(budget / FamilyShare, static_cast<Integer>(FBoard.Families.size()));
+=======
+        std::min(std::max(budget / FamilyShare, 1), static_cast<Integer>(FBoard.Families.size()));
+>>>>>>> wt-venue
     MoveFamilies(leaders);
     const Integer members = MoveMembers(budget / MemberShare);
     MoveAny(budget - leaders - members);
@@ -88,10 +97,27 @@ void TVenue::Stop(TVenueSymbol& symbol) {
     FItems.Touch(*symbol.Item);
 }
 
+<<<<<<< HEAD
 void TVenue::MoveFamilies(Integer budget) {
     for (Integer update = 0; update < budget; ++update) {
         const auto families = static_cast<Integer>(FBoard.Families.size());
         Visit(FBoard.Families[static_cast<std::size_t>(FRandom.Below(families))].Leader);
+=======
+// Processes that several symbols share move here alone, before all who follow them.
+void TVenue::MoveFamilies(Integer budget) {
+    for (Integer update = 0; update < budget; ++update) {
+        const auto due =
+            static_cast<std::uint32_t>(FRandom.Below(static_cast<Integer>(FBoard.Families.size())));
+        const TVenueFamily& family = FBoard.Families[due];
+        TVenueSymbol& leader = FBoard.Symbols[family.Leader];
+        if (!CanMove(leader)) continue;
+        FBoard.Processes[leader.Process].Move(FRandom);
+        if (FReached[due] == family.End) {
+            FReached[due] = family.First;
+            FDue.push_back(due);
+        }
+        Update(leader);
+>>>>>>> wt-venue
     }
 }
 
@@ -115,6 +141,7 @@ Integer TVenue::MoveMembers(Integer budget) {
 void TVenue::MoveAny(Integer budget) {
     const auto symbols = static_cast<Integer>(FBoard.Symbols.size());
     for (Integer update = 0; update < budget; ++update) {
+<<<<<<< HEAD
         Visit(static_cast<std::uint32_t>(FRandom.Below(symbols)));
     }
 }
@@ -136,6 +163,16 @@ void TVenue::Visit(std::uint32_t index) {
     Update(symbol);
 }
 
+=======
+        TVenueSymbol& symbol = FBoard.Symbols[static_cast<std::size_t>(FRandom.Below(symbols))];
+        if (!CanMove(symbol)) continue;
+        const bool isAlone = FBoard.FamilyOf[symbol.Process] == TVenueBoard::NoFamily;
+        if (isAlone) FBoard.Processes[symbol.Process].Move(FRandom);
+        Update(symbol);
+    }
+}
+
+>>>>>>> wt-venue
 bool TVenue::CanMove(const TVenueSymbol& symbol) const {
     return symbol.Kind != TVenueKind::None && !symbol.IsStopped &&
            FDay.Exchanges()[symbol.Exchange].IsQuoting &&
@@ -146,7 +183,13 @@ void TVenue::Update(TVenueSymbol& symbol) {
     symbol.LastStep = static_cast<std::uint32_t>(FStep);
     ++FUpdateCount;
     const std::uint32_t trades = symbol.Tape.Count();
+<<<<<<< HEAD
     FQuotes.Update(symbol, FDay.Exchanges()[symbol.Exchange].IsOpen, TimeNanos());
+=======
+    // Nothing trades in the step that may be the first to show a book.
+    const TVenueDay::TExchange& exchange = FDay.Exchanges()[symbol.Exchange];
+    FQuotes.Update(symbol, exchange.IsOpen && !exchange.IsChanged, TimeNanos());
+>>>>>>> wt-venue
     if (symbol.Item == nullptr) return;
     const TPriceLadder& ladder = FBoard.LadderOf(symbol);
     TVenueFieldWriter::WriteBook(symbol, ladder, IsShown(symbol));

@@ -7,8 +7,8 @@
 
 namespace quorin {
 
-// The venue reckons prices in billionths, and nothing in binary fractions but where a price comes
-// in or goes out: rounding is then the same everywhere.
+// The venue reckons prices in billionths, and in binary fractions only where a price comes in or
+// goes out and where a root is taken, which every machine does to the same last bit.
 using TVenuePrice = Int64;
 
 inline constexpr TVenuePrice PriceUnit = 1'000'000'000;

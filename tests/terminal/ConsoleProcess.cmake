@@ -17,6 +17,11 @@ file(WRITE "${SCRATCH}/tiny.csv" "${tiny}")
 file(WRITE "${SCRATCH}/header.csv" "a,b\n")
 file(WRITE "${SCRATCH}/empty.csv" "")
 file(WRITE "${SCRATCH}/lineless.csv" "${header}")
+file(WRITE "${SCRATCH}/good.ini" "[quorin.terminal]\nAmountPrecision=2\n")
+set(columns "symbol,name,exchange,series,category,product_type,currency,lot,tick,expiry,strike,")
+string(APPEND columns "call_put,underlyer,contract_size\n")
+file(WRITE "${SCRATCH}/tickless.csv" "${columns}A1,One,X,S,1,1,USD,10,0,,,,,\n")
+file(WRITE "${SCRATCH}/own.csv" "${columns}A1,\"One, first\",X,S,1,1,USD,10,0.05,,,,,\n")
 file(WRITE "${SCRATCH}/broken.ini" "[a\nb\n")
 string(RANDOM LENGTH 20000 ALPHABET "ab,\"\n;01.-T" RANDOM_SEED 7 garbage)
 file(WRITE "${SCRATCH}/garbage.csv" "${header}${garbage}")
@@ -63,6 +68,11 @@ refuses("broken settings" --replay tiny.csv --settings broken.ini)
 refuses("unknown symbol" --replay tiny.csv --trades NOBODY)
 refuses("sides into no folder" --replay tiny.csv --sides missing/out.csv)
 refuses("sides over the recording" --replay tiny.csv --sides ./tiny.csv)
+refuses("sides over the settings" --replay tiny.csv --settings good.ini --sides good.ini)
+refuses("no universe" --universe missing.csv)
+refuses("universe with another header" --universe header.csv)
+refuses("universe with a tick of 0" --universe tickless.csv)
+refuses("no such exchange" --exchange NOWHERE --frames 1)
 
 # Status 0 and `last` as the end of the output, the same twice.
 function(plays name last)
@@ -91,7 +101,21 @@ plays("one frame has no summary" "10.02\n\n\n\n\n\n" --text --replay tiny.csv --
 plays("more frames than deliveries" "${summary}" --replay tiny.csv --frames 9)
 plays("another exchange" "trades 0: A 0, B 0, none 0\nsymbols 1\n" --replay tiny.csv --exchange XX)
 plays("sides to a file" "${summary}" --replay tiny.csv --sides sides.csv)
+plays("the venue" "\n" --frames 3 --seed 7)
+plays("one's own universe" "\n" --universe own.csv --frames 40)
 plays("help" "\n" --help)
+
+# Another seed is another market.
+foreach(seed IN ITEMS 7 8)
+    execute_process(
+        COMMAND "${CONSOLE}" --frames 20 --seed ${seed}
+        OUTPUT_VARIABLE venue-${seed}
+        ERROR_VARIABLE err
+    )
+endforeach()
+if(venue-7 STREQUAL venue-8)
+    report("seeds" "make the same market")
+endif()
 
 file(READ "${SCRATCH}/sides.csv" sides)
 string(
