@@ -5,13 +5,6 @@
 namespace quorin {
 
 // A simple price of an option: what it would bring now, and a time value that is highest at the
-<<<<<<< HEAD
-// strike and falls with the distance from it. A call rises and a put falls with the underlyer.
-class TOptionModel {
-public:
-    // `months` to the expiry, at least 1. The time value is such that the option is worth `close`
-    // when the underlyer is at `underlyerClose`; a close of 0 leaves it to the model.
-=======
 // strike and falls with the distance from it. A call rises and a put falls with the underlyer, at
 // the strike by half of what that moves; a call and a put of one time value keep parity.
 class TOptionModel {
@@ -19,25 +12,10 @@ public:
     // `months` to the expiry, at least 1. The time value is such that the option is worth `close`
     // when the underlyer is at `underlyerClose`, which is left to the model for a close of 0 and
     // for one below what the option would bring.
->>>>>>> wt-venue
     TOptionModel(bool isCall, TVenuePrice strike, Integer months, TVenuePrice underlyerClose,
                  TVenuePrice close);
 
     // Not below Intrinsic of the same price.
-<<<<<<< HEAD
-    TVenuePrice Value(TVenuePrice underlyer) const {
-        return Intrinsic(underlyer) + TimeValue(underlyer);
-    }
-    TVenuePrice Intrinsic(TVenuePrice underlyer) const;
-
-private:
-    TVenuePrice TimeValue(TVenuePrice underlyer) const;
-    Int64 Fall(TVenuePrice underlyer) const;
-
-    TVenuePrice FStrike;
-    TVenuePrice FWidth;     // the distance at which half of the time value is left
-    TVenuePrice FTimeValue; // at the strike
-=======
     TVenuePrice Value(TVenuePrice underlyer) const;
     TVenuePrice Intrinsic(TVenuePrice underlyer) const;
 
@@ -49,7 +27,6 @@ private:
 
     TVenuePrice FStrike;
     Double FTimeValue; // at the strike
->>>>>>> wt-venue
     bool FIsCall;
 };
 

@@ -17,11 +17,7 @@ constexpr Integer AnchorShare = 4; // the anchor's noise is so much smaller
 constexpr Integer Pull = 512;      // the share of the way back to the anchor, per move
 constexpr Integer RunPull = 64;
 constexpr Integer RunLength = 115 * Thousandth;
-<<<<<<< HEAD
-constexpr Integer MovesPerJump = 4000;
-=======
 constexpr Integer MovesPerJump = 20'000;
->>>>>>> wt-venue
 constexpr Integer MinJump = 3 * Thousandth;
 constexpr Integer MaxJump = 12 * Thousandth;
 

@@ -24,14 +24,8 @@ bool IsMarginKey(StringView key) {
 } // namespace
 
 TVenue::TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
-<<<<<<< HEAD
-               TVenueOptions options)
-    : FItems(items), FMarket(market), FOptions(std::move(options)),
-      FDay(FMarket, FOptions.Sessions), FRandom(FOptions.Seed),
-=======
                const TVenueOptions& options)
     : FItems(items), FMarket(market), FOptions(options), FDay(FMarket), FRandom(FOptions.Seed),
->>>>>>> wt-venue
       FBoard(TVenueBuilder(FMarket, FDay, FOptions.Seed ^ BuildSalt, FOptions.Month).Build()),
       FQuotes(FBoard, FRandom) {
     FOptions.StepNanos = std::max<Int64>(FOptions.StepNanos, 1);
@@ -54,11 +48,7 @@ void TVenue::Step() {
     if (FBoard.Symbols.empty()) return;
     const Integer budget = FOptions.UpdatesPerStep;
     const Integer leaders =
-<<<<<<< HEAD
-        std::min(budget / FamilyShare, static_cast<Integer>(FBoard.Families.size()));
-=======
         std::min(std::max(budget / FamilyShare, 1), static_cast<Integer>(FBoard.Families.size()));
->>>>>>> wt-venue
     MoveFamilies(leaders);
     const Integer members = MoveMembers(budget / MemberShare);
     MoveAny(budget - leaders - members);
@@ -97,12 +87,6 @@ void TVenue::Stop(TVenueSymbol& symbol) {
     FItems.Touch(*symbol.Item);
 }
 
-<<<<<<< HEAD
-void TVenue::MoveFamilies(Integer budget) {
-    for (Integer update = 0; update < budget; ++update) {
-        const auto families = static_cast<Integer>(FBoard.Families.size());
-        Visit(FBoard.Families[static_cast<std::size_t>(FRandom.Below(families))].Leader);
-=======
 // Processes that several symbols share move here alone, before all who follow them.
 void TVenue::MoveFamilies(Integer budget) {
     for (Integer update = 0; update < budget; ++update) {
@@ -117,7 +101,6 @@ void TVenue::MoveFamilies(Integer budget) {
             FDue.push_back(due);
         }
         Update(leader);
->>>>>>> wt-venue
     }
 }
 
@@ -141,29 +124,6 @@ Integer TVenue::MoveMembers(Integer budget) {
 void TVenue::MoveAny(Integer budget) {
     const auto symbols = static_cast<Integer>(FBoard.Symbols.size());
     for (Integer update = 0; update < budget; ++update) {
-<<<<<<< HEAD
-        Visit(static_cast<std::uint32_t>(FRandom.Below(symbols)));
-    }
-}
-
-// An update that comes by itself, and with that of a leader the move of its process.
-void TVenue::Visit(std::uint32_t index) {
-    TVenueSymbol& symbol = FBoard.Symbols[index];
-    if (!CanMove(symbol)) return;
-    const std::uint32_t family = FBoard.FamilyOf[symbol.Process];
-    if (family == TVenueBoard::NoFamily) {
-        FBoard.Processes[symbol.Process].Move(FRandom);
-    } else if (FBoard.Families[family].Leader == index) {
-        FBoard.Processes[symbol.Process].Move(FRandom);
-        if (FReached[family] == FBoard.Families[family].End) {
-            FReached[family] = FBoard.Families[family].First;
-            FDue.push_back(family);
-        }
-    }
-    Update(symbol);
-}
-
-=======
         TVenueSymbol& symbol = FBoard.Symbols[static_cast<std::size_t>(FRandom.Below(symbols))];
         if (!CanMove(symbol)) continue;
         const bool isAlone = FBoard.FamilyOf[symbol.Process] == TVenueBoard::NoFamily;
@@ -172,7 +132,6 @@ void TVenue::Visit(std::uint32_t index) {
     }
 }
 
->>>>>>> wt-venue
 bool TVenue::CanMove(const TVenueSymbol& symbol) const {
     return symbol.Kind != TVenueKind::None && !symbol.IsStopped &&
            FDay.Exchanges()[symbol.Exchange].IsQuoting &&
@@ -183,13 +142,9 @@ void TVenue::Update(TVenueSymbol& symbol) {
     symbol.LastStep = static_cast<std::uint32_t>(FStep);
     ++FUpdateCount;
     const std::uint32_t trades = symbol.Tape.Count();
-<<<<<<< HEAD
-    FQuotes.Update(symbol, FDay.Exchanges()[symbol.Exchange].IsOpen, TimeNanos());
-=======
     // Nothing trades in the step that may be the first to show a book.
     const TVenueDay::TExchange& exchange = FDay.Exchanges()[symbol.Exchange];
     FQuotes.Update(symbol, exchange.IsOpen && !exchange.IsChanged, TimeNanos());
->>>>>>> wt-venue
     if (symbol.Item == nullptr) return;
     const TPriceLadder& ladder = FBoard.LadderOf(symbol);
     TVenueFieldWriter::WriteBook(symbol, ladder, IsShown(symbol));

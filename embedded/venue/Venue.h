@@ -14,10 +14,6 @@ struct TVenueOptions {
     Int64 StepNanos = 250'000'000;                      // at least 1
     Int64 StartNanos = Int64{9} * 3600 * 1'000'000'000; // after midnight
     Integer UpdatesPerStep = 0;                         // at most; 0 for a share of the universe
-<<<<<<< HEAD
-    TMarketSessions Sessions = {};                      // see TMarketSessions for none
-=======
->>>>>>> wt-venue
     TVenueMonth Month = {};                             // of the simulated day
 };
 
@@ -30,15 +26,6 @@ struct TVenueOptions {
 // trades or is quoted anew in one step, never both. It trades while its exchange is open; books
 // move then and while orders come in before it.
 //
-<<<<<<< HEAD
-//   TVenue venue(items, market, {.Seed = 7, .Sessions = LoadSessions(file)});
-//   while (...) { venue.Step(); services.Deliver(); }
-class TVenue final : public TItemFeed {
-public:
-    // Becomes the feed of the items until it dies, and sets the market states of the start.
-    // Symbols that come into the universe later have no market. Adapters must live longer.
-    TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market, TVenueOptions options);
-=======
 //   TVenue venue(services.Items(), services.Market(), {.Seed = 7});
 //   while (...) { venue.Step(); services.Deliver(); }
 class TVenue final : public TItemFeed {
@@ -48,7 +35,6 @@ public:
     // the universe later have no market. Adapters must live longer.
     TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
            const TVenueOptions& options);
->>>>>>> wt-venue
     TVenue(const TVenue&) = delete;
     TVenue& operator=(const TVenue&) = delete;
     ~TVenue() override;
@@ -83,10 +69,6 @@ private:
     void MoveFamilies(Integer budget);
     Integer MoveMembers(Integer budget);
     void MoveAny(Integer budget);
-<<<<<<< HEAD
-    void Visit(std::uint32_t index);
-=======
->>>>>>> wt-venue
     void Update(TVenueSymbol& symbol);
     bool IsShown(const TVenueSymbol& symbol) const;
     bool CanMove(const TVenueSymbol& symbol) const;

@@ -18,12 +18,7 @@ bool TakesOrders(const TMarketSession& session) {
 
 } // namespace
 
-<<<<<<< HEAD
-TVenueDay::TVenueDay(TEmbeddedMarketAdapter& market, const TMarketSessions& sessions)
-    : FMarket(market), FSessions(sessions) {
-=======
 TVenueDay::TVenueDay(TEmbeddedMarketAdapter& market) : FMarket(market) {
->>>>>>> wt-venue
     for (const TMarketExchange* exchange : market.Universe().Exchanges()) {
         FExchanges.push_back(TExchange{&exchange->Code});
     }
@@ -36,11 +31,7 @@ bool TVenueDay::Advance(Int64 time) {
     bool isChanged = false;
     for (TExchange& exchange : FExchanges) {
         if (time >= exchange.Session.To) {
-<<<<<<< HEAD
-            TMarketSession next = FSessions.At(*exchange.Code, time);
-=======
             TMarketSession next = FMarket.Sessions().At(*exchange.Code, time);
->>>>>>> wt-venue
             if (time >= next.To) continue; // the day is over: what ran last goes on
             exchange.Session = std::move(next);
             Enter(exchange);
@@ -62,15 +53,9 @@ void TVenueDay::Enter(TExchange& exchange) {
 
 bool TVenueDay::OpenHours(std::size_t exchange, Int64& from, Int64& to) const {
     const String& code = *FExchanges[exchange].Code;
-<<<<<<< HEAD
-    const TList<TMarketSession>* sessions = FSessions.Find(code);
-    if (sessions == nullptr) {
-        const TMarketSession day = FSessions.At(code, 0);
-=======
     const TList<TMarketSession>* sessions = FMarket.Sessions().Find(code);
     if (sessions == nullptr) {
         const TMarketSession day = FMarket.Sessions().At(code, 0);
->>>>>>> wt-venue
         from = day.From;
         to = day.To;
         return day.Status == MarketOpen;

@@ -1,10 +1,6 @@
 #pragma once
 
 #include "embedded/MarketService.h"
-<<<<<<< HEAD
-#include "embedded/MarketSessions.h"
-=======
->>>>>>> wt-venue
 
 #include <vector>
 
@@ -22,14 +18,9 @@ public:
         bool IsChanged = false;      // by the last Advance
     };
 
-<<<<<<< HEAD
-    // The exchanges of the universe, in its order. Both must live longer.
-    TVenueDay(TEmbeddedMarketAdapter& market, const TMarketSessions& sessions);
-=======
     // The exchanges of the universe, in its order. The adapter must live longer, and its sessions
     // stay.
     explicit TVenueDay(TEmbeddedMarketAdapter& market);
->>>>>>> wt-venue
 
     // To that time; it must not go back. True when anything has changed.
     bool Advance(Int64 time);
@@ -43,10 +34,6 @@ private:
     void Enter(TExchange& exchange);
 
     TEmbeddedMarketAdapter& FMarket;
-<<<<<<< HEAD
-    const TMarketSessions& FSessions;
-=======
->>>>>>> wt-venue
     std::vector<TExchange> FExchanges;
     Int64 FNextChange = 0;
 };

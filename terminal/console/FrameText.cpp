@@ -121,8 +121,12 @@ String HeadText(const TFrameHead& head) {
     add(!TCustomLoginCtrl::GetInstance()->IsLogin(), TerminalKey::Res_LoggedOut);
     add(!TCustomMarketAdapter::GetInstance()->IsMarketDataReady(), TerminalKey::Res_MarketNotReady);
     add(!TCustomAccountAdapter::GetInstance()->IsAccountReady(), TerminalKey::Res_AccountsNotReady);
-    add(!TCustomCurrencyAdapter::GetInstance()->IsMultiCurrency(), TerminalKey::Res_OneCurrency);
-    add(!IsChinaConnectOn(), TerminalKey::Res_NoChinaConnect);
+    // Without accounts these say nothing.
+    const TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    const bool hasAccounts = !accounts.IsAccountReady() || accounts.GetAccountCount() > 0;
+    const TCustomCurrencyAdapter& currencies = *TCustomCurrencyAdapter::GetInstance();
+    add(hasAccounts && !currencies.IsMultiCurrency(), TerminalKey::Res_OneCurrency);
+    add(hasAccounts && !IsChinaConnectOn(), TerminalKey::Res_NoChinaConnect);
     return text;
 }
 

@@ -33,6 +33,18 @@ const CLI::Validator PollSeconds(
     },
     "");
 
+std::optional<std::uint64_t> SeedOf(const std::string& text) {
+    Int64 seed = 0;
+    if (!TryParseInt64(FromUtf8(text), seed) || seed < 0) return std::nullopt;
+    return static_cast<std::uint64_t>(seed);
+}
+
+const CLI::Validator SeedNumber(
+    [](std::string& text) {
+        return SeedOf(text) ? std::string() : "not a whole number from 0 up: " + text;
+    },
+    "");
+
 const CLI::Range AtLeastOne(1, std::numeric_limits<Integer>::max());
 const CLI::Range NotNegative(0, std::numeric_limits<Integer>::max());
 
@@ -48,7 +60,7 @@ const CLI::Validator PlainText(
 TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     TConsoleOptions options;
     bool isText = true;
-    std::string replay, universe, settings, sides, poll, exchange, trades;
+    std::string replay, universe, settings, sides, poll, exchange, trades, seed;
     Integer frames = 0;
     Integer language = 0;
     TServiceSwitches& switches = options.Switches;
@@ -59,8 +71,9 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     auto* replayOption = app.add_option("--replay", replay, "play this recording, not the venue")
                              ->type_name("FILE.csv")
                              ->check(PlainText);
-    app.add_option("--seed", options.Seed, "another seed, another market (default: 1)")
+    app.add_option("--seed", seed, "another seed, another market (default: 1)")
         ->type_name("N")
+        ->check(SeedNumber)
         ->excludes(replayOption);
     app.add_option("--universe", universe, "symbols of the venue (default: the shipped ones)")
         ->type_name("FILE.csv")
@@ -117,6 +130,7 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
         return result;
     }
     options.Replay = replay;
+    if (!seed.empty()) options.Seed = SeedOf(seed).value_or(options.Seed);
     options.Universe = universe;
     options.Language = static_cast<TAppLanguage>(language);
     options.HasExchange = !exchange.empty();

@@ -6,6 +6,8 @@
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
 
+#include <algorithm>
+
 namespace quorin {
 
 namespace {
@@ -14,6 +16,7 @@ constexpr const char* UniverseFolder = "universe";
 constexpr const char* AccountsFolder = "accounts";
 constexpr StringView ShownAccount = u"M88001";
 constexpr Int64 SecondsAtStart = (9 * 60 + 30) * 60; // when most exchanges trade
+constexpr Integer StepsPerRound = 4;                 // in which every symbol has moved about once
 
 } // namespace
 
@@ -29,7 +32,8 @@ TVenueSession::TVenueSession(const TConsoleOptions& options,
     venue.Seed = options.Seed;
     venue.StepNanos = RoundToInt64(options.PollInterval * static_cast<Double>(NanosPerSecond));
     venue.StartNanos = SecondsAtStart * NanosPerSecond;
-    venue.Sessions = Services().Market().Sessions();
+    venue.UpdatesPerStep =
+        std::max(Services().Market().Universe().SymbolCount() / StepsPerRound, 1);
     FVenue = std::make_unique<TVenue>(Services().Items(), Services().Market(), std::move(venue));
 
     OpenWatch(chosen);

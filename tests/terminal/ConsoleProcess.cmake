@@ -97,7 +97,7 @@ endfunction()
 
 set(summary "deliveries 2\nlines 3, skipped 0\ntrades 2: A 0, B 1, none 1\nsymbols 1\n")
 plays("to the end" "${summary}" --replay tiny.csv)
-plays("one frame has no summary" "10.02\n\n\n\n\n\n" --text --replay tiny.csv --frames 1)
+plays("one frame has no summary" "Currency: HKD\n\n\n\n\n" --text --replay tiny.csv --frames 1)
 plays("more frames than deliveries" "${summary}" --replay tiny.csv --frames 9)
 plays("another exchange" "trades 0: A 0, B 0, none 0\nsymbols 1\n" --replay tiny.csv --exchange XX)
 plays("sides to a file" "${summary}" --replay tiny.csv --sides sides.csv)

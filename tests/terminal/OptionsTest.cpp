@@ -43,11 +43,11 @@ TEST(OptionsTest, TakesEveryWord) {
     EXPECT_EQ(line.Options->TradesSymbol, u"\u9A30");
 
     const TCommandLine venue =
-        Parse({"--seed", "18446744073709551615", "--universe", "u.csv", "--language", "2",
+        Parse({"--seed", "9223372036854775807", "--universe", "u.csv", "--language", "2",
                "--logged-out", "--market-ready", "3", "--accounts-ready", "4", "--single-currency",
                "--no-china-connect"});
     ASSERT_TRUE(venue.Options.has_value()) << venue.Error;
-    EXPECT_EQ(venue.Options->Seed, 18446744073709551615u);
+    EXPECT_EQ(venue.Options->Seed, 9223372036854775807u);
     EXPECT_EQ(venue.Options->Universe, "u.csv");
     EXPECT_EQ(venue.Options->Language, TAppLanguage::SimplifiedChinese);
     EXPECT_EQ(venue.Options->MarketReadyAfter, 3);
