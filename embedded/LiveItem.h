@@ -120,6 +120,11 @@ public:
     // One of ItemStatus. Not needed for data that arrives: the first delivery of a waiting item
     // makes it ready.
     void SetStatus(Integer status) { FStatus = status; }
+    // Waits as a new item does: the next delivery makes it ready.
+    void AwaitData() {
+        FStatus = ItemStatus::Waiting;
+        FDelivered = false;
+    }
 
 private:
     friend class TEmbeddedSubscribeAdapter;

@@ -175,6 +175,7 @@ void TEmbeddedMarketAdapter::BindItems() {
 
 void TEmbeddedMarketAdapter::Bind(TEmbeddedSubItem& item, const TEmbeddedMarketData& record) {
     item.SetRecord(&record);
+    if (item.GetStatus() == ItemStatus::NoData) item.AwaitData();
     if (item.GetStatus() == ItemStatus::Ready) FItems.Touch(item);
 }
 

@@ -51,8 +51,8 @@ public:
     Boolean IsFavorite(StringView Symbol) const override;
 
     // Feeding: as in TMarketUniverse, with the next delivery to the exchange listeners. An item
-    // that exists already shows its new record in the fields that were not fed and, when it was
-    // delivered before, gets a touch.
+    // that exists already shows its new record in the fields that were not fed: a ready one gets a
+    // touch, one that had no data waits for them again.
     bool AddExchange(const TExchangeRecord& record);
     bool AddCategory(const TCategoryRecord& record);
     bool AddSeries(const TSeriesRecord& record);
