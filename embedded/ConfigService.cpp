@@ -120,7 +120,7 @@ void TEmbeddedConfigManager::SetCurrentSection(StringView section) {
 
 void TEmbeddedConfigManager::Commit() {
     if (!std::exchange(FChanged, false)) return;
-    FCallbacks.Deliver(Pointer(), Pointer());
+    FCallbacks.Deliver(FDeliveries.Begin(), Pointer(), Pointer());
 }
 
 void TEmbeddedConfigManager::RegisterConfigCallback(const TDataCallbackEvent& Callback,

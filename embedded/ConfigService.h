@@ -46,7 +46,8 @@ private:
     TSections FSections;
     String FCurrentSection{DefaultConfigSection};
     bool FChanged = false;
-    TRegistrations<TDataCallbackEvent> FCallbacks;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FCallbacks{FDeliveries};
 };
 
 } // namespace quorin

@@ -95,7 +95,7 @@ void TEmbeddedLanguageManager::SetText(TAppLanguage language, StringView tag, St
 void TEmbeddedLanguageManager::SetLanguage(TAppLanguage language) {
     if (language == TAppLanguage::None || language == FLanguage) return;
     FLanguage = language;
-    FCallbacks.Deliver(Pointer(), Pointer());
+    FCallbacks.Deliver(FDeliveries.Begin(), Pointer(), Pointer());
 }
 
 void TEmbeddedLanguageManager::RegisterLanguageCallback(const TDataCallbackEvent& Callback,

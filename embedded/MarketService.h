@@ -106,7 +106,7 @@ private:
     void Bind(TEmbeddedSubItem& item, const TEmbeddedMarketData& record);
     bool DropFavorite(StringView symbol);
     void Fetch(TSpreadEntry& entry);
-    void DeliverSpreadTables();
+    void DeliverSpreadTables(TDeliverySerial serial);
 
     TEmbeddedSubscribeAdapter& FItems;
     TMarketUniverse FUniverse;
@@ -117,9 +117,10 @@ private:
     std::deque<String> FSpreadCodes;
     TDictionary<String, TSpreadEntry*> FSpreads; // nil: asked for and not there yet
     TList<TSpreadEntry*> FArriving;
-    TRegistrations<TDataCallbackEvent> FExchangeListeners;
-    TRegistrations<TDataCallbackEvent> FFavoriteListeners;
-    TRegistrations<TDataCallbackEvent> FSpreadListeners;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FExchangeListeners{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FFavoriteListeners{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FSpreadListeners{FDeliveries};
     bool FIsReady = true;
     bool FSpreadTablesAtOnce = false;
     bool FExchangesChanged = false;

@@ -93,15 +93,16 @@ protected:
 TEST_F(MarketServiceTest, ASymbolListedLaterWaitsForItsData) {
     const struct {
         const char* name;
+        StringView symbol;
         Integer before, listed, fed;
     } cases[] = {
-        {"without data", ItemStatus::NoData, ItemStatus::Waiting, ItemStatus::Ready},
-        {"waiting", ItemStatus::Waiting, ItemStatus::Waiting, ItemStatus::Ready},
-        {"ready", ItemStatus::Ready, ItemStatus::Ready, ItemStatus::Ready},
+        {"without data", u"A", ItemStatus::NoData, ItemStatus::Waiting, ItemStatus::Ready},
+        {"waiting", u"B", ItemStatus::Waiting, ItemStatus::Waiting, ItemStatus::Ready},
+        {"ready", u"C", ItemStatus::Ready, ItemStatus::Ready, ItemStatus::Ready},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
-        Option.Symbol += u"1";
+        Option.Symbol = row.symbol;
         TEmbeddedSubItem& item = Items.Item(Option.Symbol);
         item.SetStatus(row.before);
         if (row.before != ItemStatus::Waiting) Items.Touch(item);
