@@ -1,6 +1,7 @@
 #include "embedded/AccountFiles.h"
 
 #include "embedded/AccountFileParts.h"
+#include "embedded/DataFile.h"
 
 namespace quorin {
 
@@ -136,7 +137,7 @@ TAccountFiles ReadAccountFiles(const std::filesystem::path& folder,
     TAccountFiles files;
     const TAccountIndex index = ReadAccounts(folder / "accounts.csv", files);
     const auto ifThere = [&](const char* name, auto read) {
-        if (std::filesystem::exists(folder / name)) read(folder / name);
+        if (IsThere(folder / name)) read(folder / name);
     };
     const bool hasUniverse = universe != nullptr && universe->GetExchangeCount() > 0;
     const TCustomMarketAdapter* symbols = hasUniverse ? universe : nullptr;

@@ -208,14 +208,15 @@ void TEmbeddedAccountAdapter::CountDown() {
 void TEmbeddedAccountAdapter::Deliver() {
     CountDown();
     if (!FReady) return;
+    const TDeliverySerial serial = FDeliveries.Begin();
     TAccountDictionary changed = std::exchange(FChanged, {});
     TAccountDictionary joined = std::exchange(FNewSubAccounts, {});
     TAccountDictionary loaded = LoadDetails();
     const bool tellReady = std::exchange(FTellReady, false);
-    if (!changed.IsEmpty()) DeliverChanges(changed);
-    if (!joined.IsEmpty()) FSubAccountLoadCallbacks.Deliver(Pointer(&joined), Pointer());
-    if (!loaded.IsEmpty()) FInfoLoadCallbacks.Deliver(Pointer(&loaded), Pointer());
-    if (tellReady) FReadyCallbacks.Deliver(Pointer(), Pointer());
+    if (!changed.IsEmpty()) DeliverChanges(serial, changed);
+    if (!joined.IsEmpty()) FSubAccountLoadCallbacks.Deliver(serial, Pointer(&joined), Pointer());
+    if (!loaded.IsEmpty()) FInfoLoadCallbacks.Deliver(serial, Pointer(&loaded), Pointer());
+    if (tellReady) FReadyCallbacks.Deliver(serial, Pointer(), Pointer());
 }
 
 TAccountDictionary TEmbeddedAccountAdapter::LoadDetails() {
@@ -228,7 +229,7 @@ TAccountDictionary TEmbeddedAccountAdapter::LoadDetails() {
     return loaded;
 }
 
-void TEmbeddedAccountAdapter::DeliverChanges(TAccountDictionary& changed) {
+void TEmbeddedAccountAdapter::DeliverChanges(TDeliverySerial serial, TAccountDictionary& changed) {
     TDictionary<String, TAccountDictionary> byMaster;
     for (const auto& item : changed) {
         if (item.Value->IsSubAccount()) {
@@ -236,12 +237,12 @@ void TEmbeddedAccountAdapter::DeliverChanges(TAccountDictionary& changed) {
         }
     }
     for (const auto& item : changed) {
-        FAccountCallbacks.Deliver(item.Key, Pointer(&changed), Pointer());
+        FAccountCallbacks.Deliver(serial, item.Key, Pointer(&changed), Pointer());
     }
     for (const auto& item : byMaster) {
-        FSubAccountCallbacks.Deliver(item.Key, Pointer(&item.Value), Pointer());
+        FSubAccountCallbacks.Deliver(serial, item.Key, Pointer(&item.Value), Pointer());
     }
-    FAllAccountCallbacks.Deliver(Pointer(&changed), Pointer());
+    FAllAccountCallbacks.Deliver(serial, Pointer(&changed), Pointer());
 }
 
 Integer TEmbeddedAccountAdapter::RegistrationCount() const {

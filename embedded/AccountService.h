@@ -70,7 +70,7 @@ public:
 private:
     TEmbeddedAccount* Find(StringView account) const;
     void CountDown();
-    void DeliverChanges(TAccountDictionary& changed);
+    void DeliverChanges(TDeliverySerial serial, TAccountDictionary& changed);
     TAccountDictionary LoadDetails();
 
     TEmbeddedCurrencyAdapter& FMultiCurrencies;
@@ -85,12 +85,13 @@ private:
     bool FReady = true;
     Integer FDeliveriesLeft = 0; // until the list is ready
     bool FTellReady = false;
-    TKeyedRegistrations<String, TDataCallbackEvent> FAccountCallbacks;
-    TKeyedRegistrations<String, TDataCallbackEvent> FSubAccountCallbacks; // by master
-    TRegistrations<TDataCallbackEvent> FInfoLoadCallbacks;
-    TRegistrations<TDataCallbackEvent> FAllAccountCallbacks;
-    TRegistrations<TDataCallbackEvent> FReadyCallbacks;
-    TRegistrations<TDataCallbackEvent> FSubAccountLoadCallbacks;
+    TDeliveryClock FDeliveries;
+    TKeyedRegistrations<String, TDataCallbackEvent> FAccountCallbacks{FDeliveries};
+    TKeyedRegistrations<String, TDataCallbackEvent> FSubAccountCallbacks{FDeliveries}; // by master
+    TRegistrations<TDataCallbackEvent> FInfoLoadCallbacks{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FAllAccountCallbacks{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FReadyCallbacks{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FSubAccountLoadCallbacks{FDeliveries};
 };
 
 } // namespace quorin

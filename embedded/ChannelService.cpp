@@ -59,18 +59,19 @@ void TEmbeddedGlobalChannelManager::RemoveGroupCallback(StringView GroupID, TObj
 
 void TEmbeddedGlobalChannelManager::PublishValue(Integer Channel, StringView NewValue, StringView,
                                                  StringView GroupID) {
+    const TDeliverySerial serial = FDeliveries.Begin();
     if (GroupID.empty()) {
         TEmbeddedListObject change(NewValue);
         FChannelValues.AddOrSetValue(Channel, String(NewValue));
-        FChannelCallbacks.Deliver(Channel, AsPointer(&change), Pointer());
+        FChannelCallbacks.Deliver(serial, Channel, AsPointer(&change), Pointer());
         return;
     }
     // The views may look into texts of a receiver that dies in its callback: only the copies in
     // `change` serve from here on.
     TEmbeddedGroupData change(*this, GroupID, Channel);
     SetGroupValue(GroupID, Channel, NewValue);
-    FGroupCallbacks.Deliver(change.GetGroupID(), AsPointer(&change), Pointer());
-    FChannelCallbacks.Deliver(Channel, AsPointer(&change), Pointer());
+    FGroupCallbacks.Deliver(serial, change.GetGroupID(), AsPointer(&change), Pointer());
+    FChannelCallbacks.Deliver(serial, Channel, AsPointer(&change), Pointer());
 }
 
 void TEmbeddedGlobalChannelManager::SendChannelMessage(Integer MessageNumber, Pointer Data) {

@@ -37,8 +37,9 @@ private:
     using TValues = TDictionary<Integer, String>;
 
     THost& FHost;
-    TKeyedRegistrations<Integer, TDataCallbackEvent> FChannelCallbacks;
-    TKeyedRegistrations<String, TDataCallbackEvent> FGroupCallbacks;
+    TDeliveryClock FDeliveries;
+    TKeyedRegistrations<Integer, TDataCallbackEvent> FChannelCallbacks{FDeliveries};
+    TKeyedRegistrations<String, TDataCallbackEvent> FGroupCallbacks{FDeliveries};
     TValues FChannelValues;
     TDictionary<String, TValues> FGroupValues;
     Integer FRunState = 0;

@@ -6,9 +6,9 @@
 #include "platform/rtl/Utf.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <ini.h>
-#include <iterator>
 #include <string>
 #include <utility>
 
@@ -19,16 +19,43 @@ namespace {
 // The parser cuts a section's name off at this length without a word.
 constexpr std::size_t SectionNameRoom = 49;
 
+constexpr std::size_t ChunkSize = 4096;
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+
 constexpr const char* LineTooLong = "the line is too long";
 constexpr const char* SectionNameTooLong = "the section name is too long";
 constexpr const char* NotUtf8 = "the line is not UTF-8";
 constexpr const char* OutsideSection = "a setting stands before the first section";
 constexpr const char* GivenTwice = "the setting is given twice";
+constexpr const char* NoKey = "a value without a key";
+constexpr const char* ControlCharacter = "a control character: this is no text file";
+constexpr const char* TextBehindSection = "text behind the section name";
 constexpr const char* NoSetting = "neither a [section] nor a key = value";
 
 std::string ReadWholeFile(const std::filesystem::path& path) {
     std::ifstream file = OpenDataFile(path);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::string content;
+    std::array<char, ChunkSize> chunk;
+    do {
+        file.read(chunk.data(), chunk.size());
+        content.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
+    } while (file);
+    if (file.bad()) throw EDataError(path.string(), 0, "cannot be read");
+    return content;
+}
+
+bool IsControl(char byte) {
+    constexpr unsigned char FirstPrintable = 0x20;
+    return static_cast<unsigned char>(byte) < FirstPrintable && byte != '\t';
+}
+
+// The parser ignores what follows the bracket; only a comment may.
+bool HasTextBehindSection(std::string_view line) {
+    if (line.empty() || line.front() != '[') return false;
+    const std::size_t end = line.find(']');
+    if (end == line.npos) return false;
+    const std::size_t behind = line.find_first_not_of(" \t", end + 1);
+    return behind != line.npos && line[behind] != ';' && line[behind] != '#';
 }
 
 } // namespace
@@ -57,8 +84,12 @@ private:
         if (self.FPosition >= self.FContent.size()) return nullptr;
         ++self.FLine;
         std::string_view line = self.CutLine();
+        if (self.FLine == 1 && line.starts_with(Utf8Mark)) line.remove_prefix(Utf8Mark.size());
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         if (!IsValidUtf8(line)) self.Refuse(NotUtf8);
+        if (std::any_of(line.begin(), line.end(), IsControl)) self.Refuse(ControlCharacter);
         line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+        if (HasTextBehindSection(line)) self.Refuse(TextBehindSection);
         if (line.size() + 1 >= static_cast<std::size_t>(size)) {
             self.Refuse(LineTooLong);
             line = {};
@@ -78,6 +109,7 @@ private:
     static int TakeSetting(void* user, const char* section, const char* key, const char* value) {
         auto& self = *static_cast<TSettingsReader*>(user);
         if (*section == '\0') self.Refuse(OutsideSection);
+        if (*key == '\0') self.Refuse(NoKey);
         if (std::strlen(section) >= SectionNameRoom) self.Refuse(SectionNameTooLong);
         auto& settings = self.FSections.Obtain(FromUtf8(section));
         if (!settings.Add(FromUtf8(key), FromUtf8(value))) self.Refuse(GivenTwice);
@@ -120,7 +152,7 @@ void TEmbeddedConfigManager::SetCurrentSection(StringView section) {
 
 void TEmbeddedConfigManager::Commit() {
     if (!std::exchange(FChanged, false)) return;
-    FCallbacks.Deliver(Pointer(), Pointer());
+    FCallbacks.Deliver(FDeliveries.Begin(), Pointer(), Pointer());
 }
 
 void TEmbeddedConfigManager::RegisterConfigCallback(const TDataCallbackEvent& Callback,

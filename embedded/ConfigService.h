@@ -17,8 +17,9 @@ class TEmbeddedConfigManager : public TCustomConfigManager {
 public:
     // Replaces all settings by those of the file, UTF-8 with an optional mark at its start. Throws
     // EDataError on a file that is missing or damaged and then keeps the settings as they were.
-    // Damaged is also: a setting before the first section, one given twice, a line or a section
-    // name too long to be read whole.
+    // Damaged is also: a setting before the first section, one given twice or without a key, text
+    // that is no comment behind a section, a control character, a line or a section name too long
+    // to be read whole.
     void Load(const std::filesystem::path& path);
     // An empty value takes the setting away.
     void Set(StringView section, StringView key, StringView value);
@@ -46,7 +47,8 @@ private:
     TSections FSections;
     String FCurrentSection{DefaultConfigSection};
     bool FChanged = false;
-    TRegistrations<TDataCallbackEvent> FCallbacks;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FCallbacks{FDeliveries};
 };
 
 } // namespace quorin

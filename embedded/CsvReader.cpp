@@ -35,7 +35,9 @@ bool TCsvReader::Next() {
 
     std::size_t length = 0;
     std::size_t next = 0;
-    switch (ScanRecord(length, next)) {
+    const TEnd end = ScanRecord(length, next);
+    if (Failed()) return false;
+    switch (end) {
     case TEnd::Found: {
         const auto raw = std::string_view(FBuffer).substr(FStart, length);
         SplitRecord(raw);

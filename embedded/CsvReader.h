@@ -25,8 +25,11 @@ public:
     // `stream` must live as long as the reader reads.
     explicit TCsvReader(std::istream& stream) : FStream(stream) {}
 
-    // Goes to the next record; False at the end.
+    // Goes to the next record; False at the end, and where the stream cannot be read on: what was
+    // read of a record until then is none.
     bool Next();
+    // The records ended because the stream could not be read, not because there are no more.
+    bool Failed() const { return FStream.bad(); }
     // Of the record; good until the next one.
     std::span<const std::string_view> Fields() const { return FFields; }
     // What is wrong with the record; empty for a good one.

@@ -36,7 +36,10 @@ TCsvTable::TCsvTable(const std::filesystem::path& path, std::span<const TCsvColu
 }
 
 void TCsvTable::ReadHeader(std::span<const TCsvColumn> columns, TIsColumn isFurtherColumn) {
-    if (!FReader.Next()) throw EDataError(FName, 0, "the file is empty");
+    if (!FReader.Next()) {
+        CheckEnd(FReader, FName);
+        throw EDataError(FName, 0, "the file is empty");
+    }
     CheckRecord();
     for (const std::string_view name : FReader.Fields()) {
         const bool isListed = std::any_of(columns.begin(), columns.end(),
@@ -73,6 +76,7 @@ bool TCsvTable::Next() {
         }
         return true;
     }
+    CheckEnd(FReader, FName);
     return false;
 }
 

@@ -24,11 +24,12 @@ void TEmbeddedCurrencyAdapter::FeedRatio(StringView currency, Double ratio) {
 }
 
 void TEmbeddedCurrencyAdapter::Deliver() {
+    const TDeliverySerial serial = FDeliveries.Begin();
     TCurrencyRatioDictionary ratios = std::exchange(FChangedRatios, {});
-    if (std::exchange(FListChanged, false)) FListCallbacks.Deliver(Pointer(), Pointer());
-    if (!ratios.IsEmpty()) FRatioCallbacks.Deliver(Pointer(&ratios), Pointer());
+    if (std::exchange(FListChanged, false)) FListCallbacks.Deliver(serial, Pointer(), Pointer());
+    if (!ratios.IsEmpty()) FRatioCallbacks.Deliver(serial, Pointer(&ratios), Pointer());
     if (std::exchange(FMultiCurrencyChanged, false)) {
-        FMultiCurrencyCallbacks.Deliver(Pointer(), Pointer());
+        FMultiCurrencyCallbacks.Deliver(serial, Pointer(), Pointer());
     }
 }
 

@@ -47,9 +47,10 @@ private:
     bool FMultiCurrency = false;
     bool FMultiCurrencyChanged = false;
     bool FListChanged = false;
-    TRegistrations<TDataCallbackEvent> FMultiCurrencyCallbacks;
-    TRegistrations<TDataCallbackEvent> FListCallbacks;
-    TRegistrations<TDataCallbackEvent> FRatioCallbacks;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FMultiCurrencyCallbacks{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FListCallbacks{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FRatioCallbacks{FDeliveries};
 };
 
 } // namespace quorin

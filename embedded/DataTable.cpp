@@ -26,7 +26,10 @@ TDataTable::TDataTable(const std::filesystem::path& path,
 }
 
 void TDataTable::ReadHeader(std::initializer_list<std::string_view> required) {
-    if (!FReader.Next()) throw EDataError(FFile, 0, "the file is empty");
+    if (!FReader.Next()) {
+        CheckEnd(FReader, FFile);
+        throw EDataError(FFile, 0, "the file is empty");
+    }
     CheckRecord();
     String name;
     for (const std::string_view field : FReader.Fields()) {
@@ -63,7 +66,7 @@ bool TDataTable::Next() {
         }
         return true;
     }
-    if (FStream.bad()) throw EDataError(FFile, 0, "cannot be read to its end");
+    CheckEnd(FReader, FFile);
     return false;
 }
 
@@ -107,11 +110,8 @@ void TDataTable::Fail(std::string_view what) const {
 }
 
 void TDataTable::Fail(TColumn column, std::string_view what) const {
-    std::string shown = ToUtf8(Text(column));
-    std::replace_if(
-        shown.begin(), shown.end(), [](char byte) { return byte == '\n'; }, ' ');
-    Fail("\"" + shown + "\" in column \"" + FColumns[static_cast<std::size_t>(column)] + "\" " +
-         std::string(what));
+    Fail("\"" + ToUtf8(Text(column)) + "\" in column \"" +
+         FColumns[static_cast<std::size_t>(column)] + "\" " + std::string(what));
 }
 
 void TDataTable::CheckRecord() const {

@@ -18,8 +18,9 @@ namespace quorin {
 //   exchange ratio     6 decimals
 //
 // Of these four, `Flag` True drops the zeros at the end unless the kind's own setting keeps them.
-// Beside them a market price shows the decimals of the symbol's price step (without one 2 to 8), a
-// ratio 4, a percentage 2 and "%", a whole number none and groups; other kinds are plain numbers.
+// Beside them a market price shows the decimals of the symbol's price step, up to 8 where it has
+// more (without a step 2 to 8), a ratio 4, a percentage 2 and "%", a whole number none and groups;
+// other kinds are plain numbers.
 //
 // Of a bond, a worked-out price and a market price are shown in fractions where the settings want
 // that and the price is one; see TBondPrices.

@@ -15,9 +15,12 @@ class TKeyedRegistrations {
     using View = typename TKeyTraits<Key>::View;
 
 public:
+    // As TRegistrations.
+    explicit TKeyedRegistrations(const TDeliveryClock& clock) : FClock(clock) {}
+
     void Add(View key, TObject* owner, const Event& event) {
         std::unique_ptr<TRegistrations<Event>>& list = FLists.Obtain(key);
-        if (list == nullptr) list = std::make_unique<TRegistrations<Event>>();
+        if (list == nullptr) list = std::make_unique<TRegistrations<Event>>(FClock);
         list->Add(owner, event);
     }
     void Remove(View key, TObject* owner) {
@@ -28,10 +31,11 @@ public:
         for (const auto& item : FLists) count += item.Value->Count();
         return count;
     }
-    // Calls the owners under `key`, if there are any.
+    // Calls the owners under `key`, if there are any. A delivery that calls under many keys, or in
+    // many lists, has one serial for all.
     template <class... A>
-    void Deliver(View key, A... arguments) {
-        if (TRegistrations<Event>* list = Find(key)) list->Deliver(arguments...);
+    void Deliver(TDeliverySerial serial, View key, A... arguments) {
+        if (TRegistrations<Event>* list = Find(key)) list->Deliver(serial, arguments...);
     }
 
 private:
@@ -40,6 +44,7 @@ private:
         return list != nullptr ? list->get() : nullptr;
     }
 
+    const TDeliveryClock& FClock;
     TDictionary<Key, std::unique_ptr<TRegistrations<Event>>> FLists;
 };
 

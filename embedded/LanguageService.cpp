@@ -46,10 +46,10 @@ void TEmbeddedLanguageManager::LoadFolder(const std::filesystem::path& folder) {
     std::array<std::optional<TTables>, LanguageCount> loaded;
     for (const TLanguageFile& file : LanguageFiles) {
         const std::filesystem::path path = folder / file.Name;
-        std::error_code ignored;
         const bool isNeeded = file.Language == TAppLanguage::English;
-        if (isNeeded || std::filesystem::exists(path, ignored))
+        if (isNeeded || IsThere(path)) {
             loaded[static_cast<std::size_t>(file.Language)] = ReadTables(path);
+        }
     }
     for (std::size_t language = 0; language < LanguageCount; ++language) {
         if (loaded[language]) FTables[language] = std::move(*loaded[language]);
@@ -68,7 +68,9 @@ TEmbeddedLanguageManager::ReadTables(const std::filesystem::path& path) {
     };
 
     TTables tables;
-    if (!reader.Next() || !isHead(reader.Fields())) refuse("the head is not table,key,text,type");
+    const bool hasHead = reader.Next();
+    CheckEnd(reader, path.string());
+    if (!hasHead || !isHead(reader.Fields())) refuse("the head is not table,key,text,type");
     while (reader.Next()) {
         if (!reader.Problem().empty()) refuse(reader.Problem());
         const std::span<const std::string_view> fields = reader.Fields();
@@ -81,6 +83,7 @@ TEmbeddedLanguageManager::ReadTables(const std::filesystem::path& path) {
         if (!table.Add(FromUtf8(fields[KeyColumn]), std::move(entry)))
             refuse("the key comes twice");
     }
+    CheckEnd(reader, path.string());
     if (tables.Count() == 0) refuse("there is no text");
     return tables;
 }
@@ -95,7 +98,7 @@ void TEmbeddedLanguageManager::SetText(TAppLanguage language, StringView tag, St
 void TEmbeddedLanguageManager::SetLanguage(TAppLanguage language) {
     if (language == TAppLanguage::None || language == FLanguage) return;
     FLanguage = language;
-    FCallbacks.Deliver(Pointer(), Pointer());
+    FCallbacks.Deliver(FDeliveries.Begin(), Pointer(), Pointer());
 }
 
 void TEmbeddedLanguageManager::RegisterLanguageCallback(const TDataCallbackEvent& Callback,
@@ -123,7 +126,9 @@ String TEmbeddedLanguageManager::GetResourceAttribute(StringView Tag, StringView
 
 const TEmbeddedLanguageManager::TEntry*
 TEmbeddedLanguageManager::Find(TAppLanguage language, StringView tag, StringView key) const {
-    const TTable* table = FTables[static_cast<std::size_t>(language)].Find(tag);
+    const auto index = static_cast<std::size_t>(language);
+    if (index >= FTables.size()) return nullptr;
+    const TTable* table = FTables[index].Find(tag);
     return table != nullptr ? table->Find(key) : nullptr;
 }
 

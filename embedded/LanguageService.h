@@ -56,7 +56,8 @@ private:
 
     std::array<TTables, LanguageCount> FTables; // by TAppLanguage
     TAppLanguage FLanguage = TAppLanguage::English;
-    TRegistrations<TDataCallbackEvent> FCallbacks;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FCallbacks{FDeliveries};
 };
 
 } // namespace quorin

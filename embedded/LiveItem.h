@@ -120,18 +120,18 @@ public:
     // One of ItemStatus. Not needed for data that arrives: the first delivery of a waiting item
     // makes it ready.
     void SetStatus(Integer status) { FStatus = status; }
+    // Waits as a new item does: the next delivery makes it ready.
+    void AwaitData() {
+        FStatus = ItemStatus::Waiting;
+        FDelivered = false;
+    }
 
 private:
     friend class TEmbeddedSubscribeAdapter;
 
-    using TSerial = std::uint64_t; // of a delivery
-    struct TListener {
-        TNotifyEvent Event;
-        TSerial Since; // the last delivery that had begun before the listener came
-    };
     struct TFollower {
         TBatchReceiver* Receiver;
-        TSerial Since;
+        TDeliverySerial Since; // the last delivery that had begun before the follower came
     };
 
     Double RecordNumber(Integer fieldNo) const;
@@ -141,8 +141,8 @@ private:
     Integer FItemIndex = NoItemIndex;
     bool FTouched = false;
     bool FDelivered = false;
-    std::vector<TFollower> FFollowers;                     // one per owner
-    std::unique_ptr<TRegistrations<TListener>> FListeners; // from the first listener on
+    std::vector<TFollower> FFollowers;                        // one per owner
+    std::unique_ptr<TRegistrations<TNotifyEvent>> FListeners; // from the first listener on
     String FKey;
     TFieldStore FFields;
     const TEmbeddedMarketData* FRecord = nullptr;

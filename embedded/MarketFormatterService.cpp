@@ -32,10 +32,8 @@ String FormatInstalled(Double value, TDisplayDataType dataType, StringView symbo
                                 : DoubleToText(value);
 }
 
-// Decimals as in AppendPrice. A change that rounds to nothing has no sign.
-void WriteSigned(String& text, Double value, Integer decimals) {
-    text.clear();
-    AppendPrice(text, value, decimals);
+// What rounds to nothing has no sign.
+void AddPlus(String& text, Double value) {
     const bool showsChange = text.find_first_of(u"123456789") != String::npos;
     if (value > 0.0 && showsChange) text.insert(text.begin(), u'+');
 }
@@ -55,7 +53,10 @@ Boolean TEmbeddedMarketDataFormatter::GetAttribute48Text(StringView Symbol, Stri
     if (!FindChange(Symbol, change)) return false;
     const Integer decimals = std::max(FPriceDecimals.Find(Symbol, change.LastPrice),
                                       FPriceDecimals.Find(Symbol, change.PreviousClose));
-    WriteSigned(Text, change.LastPrice - change.PreviousClose, decimals);
+    const Double value = change.LastPrice - change.PreviousClose;
+    Text.clear();
+    AppendPrice(Text, value, decimals);
+    AddPlus(Text, value);
     return true;
 }
 
@@ -69,7 +70,9 @@ Boolean TEmbeddedMarketDataFormatter::GetAttribute130Text(StringView Symbol, Str
     if (!FindChange(Symbol, change)) return false;
     Double percent = 0.0;
     GetAttribute130Value(Symbol, percent);
-    WriteSigned(Text, percent, PercentDecimals);
+    Text.clear();
+    AppendDecimals(Text, percent, PercentDecimals, /*grouping=*/false);
+    AddPlus(Text, percent);
     Text.push_back(u'%');
     return true;
 }

@@ -175,6 +175,7 @@ void TEmbeddedMarketAdapter::BindItems() {
 
 void TEmbeddedMarketAdapter::Bind(TEmbeddedSubItem& item, const TEmbeddedMarketData& record) {
     item.SetRecord(&record);
+    if (item.GetStatus() == ItemStatus::NoData) item.AwaitData();
     if (item.GetStatus() == ItemStatus::Ready) FItems.Touch(item);
 }
 
@@ -250,12 +251,15 @@ void TEmbeddedMarketAdapter::Fetch(TSpreadEntry& entry) {
 }
 
 void TEmbeddedMarketAdapter::Deliver() {
-    if (std::exchange(FExchangesChanged, false)) FExchangeListeners.Deliver(nullptr, nullptr);
-    if (std::exchange(FFavoritesChanged, false)) FFavoriteListeners.Deliver(nullptr, nullptr);
-    if (!FArriving.IsEmpty()) DeliverSpreadTables();
+    const TDeliverySerial serial = FDeliveries.Begin();
+    if (std::exchange(FExchangesChanged, false))
+        FExchangeListeners.Deliver(serial, nullptr, nullptr);
+    if (std::exchange(FFavoritesChanged, false))
+        FFavoriteListeners.Deliver(serial, nullptr, nullptr);
+    if (!FArriving.IsEmpty()) DeliverSpreadTables(serial);
 }
 
-void TEmbeddedMarketAdapter::DeliverSpreadTables() {
+void TEmbeddedMarketAdapter::DeliverSpreadTables(TDeliverySerial serial) {
     const TList<TSpreadEntry*> arriving = std::exchange(FArriving, {});
     TSpreadDictionary tables;
     for (TSpreadEntry* entry : arriving) {
@@ -263,7 +267,7 @@ void TEmbeddedMarketAdapter::DeliverSpreadTables() {
         entry->Table.Load(entry->Bands);
         tables.Add(*entry->Code, &entry->Table);
     }
-    FSpreadListeners.Deliver(&tables, nullptr);
+    FSpreadListeners.Deliver(serial, &tables, nullptr);
 }
 
 Integer TEmbeddedMarketAdapter::RegistrationCount() const {

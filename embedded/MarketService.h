@@ -52,8 +52,8 @@ public:
     Boolean IsFavorite(StringView Symbol) const override;
 
     // Feeding: as in TMarketUniverse, with the next delivery to the exchange listeners. An item
-    // that exists already shows its new record in the fields that were not fed and, when it was
-    // delivered before, gets a touch.
+    // that exists already shows its new record in the fields that were not fed: a ready one gets a
+    // touch, one that had no data waits for them again.
     bool AddExchange(const TExchangeRecord& record);
     bool AddCategory(const TCategoryRecord& record);
     bool AddSeries(const TSeriesRecord& record);
@@ -109,7 +109,7 @@ private:
     void Bind(TEmbeddedSubItem& item, const TEmbeddedMarketData& record);
     bool DropFavorite(StringView symbol);
     void Fetch(TSpreadEntry& entry);
-    void DeliverSpreadTables();
+    void DeliverSpreadTables(TDeliverySerial serial);
 
     TEmbeddedSubscribeAdapter& FItems;
     TMarketUniverse FUniverse;
@@ -120,9 +120,10 @@ private:
     std::deque<String> FSpreadCodes;
     TDictionary<String, TSpreadEntry*> FSpreads; // nil: asked for and not there yet
     TList<TSpreadEntry*> FArriving;
-    TRegistrations<TDataCallbackEvent> FExchangeListeners;
-    TRegistrations<TDataCallbackEvent> FFavoriteListeners;
-    TRegistrations<TDataCallbackEvent> FSpreadListeners;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FExchangeListeners{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FFavoriteListeners{FDeliveries};
+    TRegistrations<TDataCallbackEvent> FSpreadListeners{FDeliveries};
     bool FIsReady = true;
     bool FSpreadTablesAtOnce = false;
     bool FExchangesChanged = false;

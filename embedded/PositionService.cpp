@@ -147,32 +147,33 @@ void TEmbeddedPositionAdapter::FeedPriceMove(StringView symbol) {
 }
 
 void TEmbeddedPositionAdapter::Deliver() {
+    const TDeliverySerial serial = FDeliveries.Begin();
     TChanges changes = std::exchange(FChanges, {});
     TChanges moved = std::exchange(FMoved, {});
-    DeliverChanges(changes);
-    DeliverToMasters(changes);
+    DeliverChanges(serial, changes);
+    DeliverToMasters(serial, changes);
     if (moved.IsEmpty()) return;
     TAccountPositionDictionary sender;
     for (const auto& item : moved) sender.Add(item.Key, &item.Value);
-    FMarketDataCallbacks.Deliver(Pointer(&sender), Pointer());
+    FMarketDataCallbacks.Deliver(serial, Pointer(&sender), Pointer());
 }
 
-void TEmbeddedPositionAdapter::DeliverChanges(TChanges& changes) {
+void TEmbeddedPositionAdapter::DeliverChanges(TDeliverySerial serial, TChanges& changes) {
     for (const auto& item : changes) {
         TAccountPositionDictionary sender;
         sender.Add(item.Key, &item.Value);
-        FPositionCallbacks.Deliver(item.Key, Pointer(&sender), Pointer());
+        FPositionCallbacks.Deliver(serial, item.Key, Pointer(&sender), Pointer());
     }
 }
 
-void TEmbeddedPositionAdapter::DeliverToMasters(TChanges& changes) {
+void TEmbeddedPositionAdapter::DeliverToMasters(TDeliverySerial serial, TChanges& changes) {
     TDictionary<String, TAccountPositionDictionary> byMaster;
     for (const auto& item : changes) {
         const String master = MasterOf(item.Key);
         if (!master.empty()) byMaster.Obtain(master).Add(item.Key, &item.Value);
     }
     for (const auto& item : byMaster) {
-        FAggregateCallbacks.Deliver(item.Key, Pointer(&item.Value), Pointer());
+        FAggregateCallbacks.Deliver(serial, item.Key, Pointer(&item.Value), Pointer());
     }
 }
 

@@ -58,8 +58,8 @@ private:
     void ItemsUpdate(Pointer Sender, Pointer Data);
     void Move(const THolding& holding);
     static TPositionFigures Valued(TPositionFigures figures, TEmbeddedSubItem& item);
-    void DeliverChanges(TChanges& changes);
-    void DeliverToMasters(TChanges& changes);
+    void DeliverChanges(TDeliverySerial serial, TChanges& changes);
+    void DeliverToMasters(TDeliverySerial serial, TChanges& changes);
 
     TEmbeddedSubscribeAdapter& FItems;
     TObject FFollower; // owner of the subscriptions
@@ -67,9 +67,10 @@ private:
     TDictionary<String, THolding> FHoldings; // by symbol
     TChanges FChanges;
     TChanges FMoved;
-    TKeyedRegistrations<String, TDataCallbackEvent> FPositionCallbacks;
-    TKeyedRegistrations<String, TDataCallbackEvent> FAggregateCallbacks; // by master
-    TRegistrations<TDataCallbackEvent> FMarketDataCallbacks;
+    TDeliveryClock FDeliveries;
+    TKeyedRegistrations<String, TDataCallbackEvent> FPositionCallbacks{FDeliveries};
+    TKeyedRegistrations<String, TDataCallbackEvent> FAggregateCallbacks{FDeliveries}; // by master
+    TRegistrations<TDataCallbackEvent> FMarketDataCallbacks{FDeliveries};
 };
 
 } // namespace quorin

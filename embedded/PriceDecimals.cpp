@@ -5,6 +5,7 @@
 #include "viewdata/services/MarketAdapter.h"
 #include "viewdata/services/SubscribeAdapter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quorin {
@@ -13,6 +14,8 @@ namespace {
 
 constexpr Integer MostStepDecimals = 8;
 constexpr StringView GeneralPricePattern = u"0.00######";
+constexpr Double HalfOfLastDecimal = 0.5e-8;
+constexpr Double BinaryNoise = 1e-15;  // part of a worked-out price
 constexpr Double StepTolerance = 1e-6; // of the last decimal
 
 Integer DecimalsOfStep(Double step) {
@@ -23,6 +26,16 @@ Integer DecimalsOfStep(Double step) {
         step *= 10.0;
     }
     return MostStepDecimals;
+}
+
+// As many decimals as the price has, up to the most; no fewer than `decimals`.
+Integer DecimalsOfPrice(Double price, Integer decimals) {
+    const Double tolerance = std::max(HalfOfLastDecimal, std::fabs(price) * BinaryNoise);
+    Double scale = std::pow(10.0, decimals);
+    for (; decimals < MostStepDecimals; ++decimals, scale *= 10.0) {
+        if (std::fabs(std::nearbyint(price * scale) / scale - price) <= tolerance) break;
+    }
+    return decimals;
 }
 
 Double StepOfTable(StringView spreadCode, Double price) {
@@ -41,7 +54,7 @@ void AppendPrice(String& target, Double price, Integer decimals) {
     if (decimals == UnknownDecimals) {
         AppendPattern(target, price, GeneralPricePattern);
     } else {
-        AppendDecimals(target, price, decimals, /*grouping=*/false);
+        AppendDecimals(target, price, DecimalsOfPrice(price, decimals), /*grouping=*/false);
     }
 }
 

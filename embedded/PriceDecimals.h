@@ -7,7 +7,8 @@ namespace quorin {
 // Answer of TPriceDecimals where the price step is not known.
 inline constexpr Integer UnknownDecimals = -1;
 
-// Writes a price with that many decimals, with 2 to 8 as it needs for UnknownDecimals.
+// Writes a price with that many decimals, or with more, up to 8, where it would read as another
+// one; with 2 to 8 as it needs for UnknownDecimals.
 void AppendPrice(String& target, Double price, Integer decimals);
 
 // How many decimals the market writes a symbol's prices with.

@@ -20,7 +20,9 @@ TEmbeddedProductData& TEmbeddedProductAdapter::FeedProduct(StringView symbol, St
 }
 
 void TEmbeddedProductAdapter::Deliver() {
-    if (std::exchange(FChanged, false)) FCallbacks.Deliver(Pointer(), Pointer());
+    if (std::exchange(FChanged, false)) {
+        FCallbacks.Deliver(FDeliveries.Begin(), Pointer(), Pointer());
+    }
 }
 
 String TEmbeddedFeatureSwitches::FindChinaConnectAccount(StringView Account) const {

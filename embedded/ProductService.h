@@ -52,7 +52,8 @@ private:
 
     TDictionary<String, TByAccount> FProducts;
     bool FChanged = false;
-    TRegistrations<TDataCallbackEvent> FCallbacks;
+    TDeliveryClock FDeliveries;
+    TRegistrations<TDataCallbackEvent> FCallbacks{FDeliveries};
 };
 
 // Features are off until the host switches them on.

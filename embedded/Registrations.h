@@ -1,5 +1,6 @@
 #pragma once
 
+#include "embedded/DeliveryClock.h"
 #include "platform/rtl/TList.h"
 #include "platform/rtl/TObject.h"
 
@@ -8,19 +9,27 @@
 namespace quorin {
 
 // The callbacks that one service event goes to, one per owner, in the order of registration. A
-// delivery stands whatever its receivers do: an owner added inside a callback waits for the next
-// delivery, one removed inside a callback is not called any more, deliveries may nest.
+// delivery stands whatever its receivers do: an owner or another event of an owner that is added
+// inside a callback waits for the next delivery, one removed inside a callback is not called any
+// more, deliveries may nest.
 template <class Event>
 class TRegistrations {
 public:
-    // The same owner again replaces its callback and keeps its place.
-    void Add(TObject* owner, const Event& event) {
+    // `clock` numbers the deliveries of the service; it must live longer.
+    explicit TRegistrations(const TDeliveryClock& clock) : FClock(clock) {}
+
+    // The same owner again replaces its callback and keeps its place; with the callback that is
+    // there it changes nothing. Answers true for an owner that is new.
+    bool Add(TObject* owner, const Event& event) {
         if (TEntry* known = FindEntry(owner)) {
+            if (known->Callback == event) return false;
             known->Callback = event;
-        } else {
-            FEntries.Add(TEntry{owner, event});
-            ++FCount;
+            known->Since = FClock.Last();
+            return false;
         }
+        FEntries.Add(TEntry{owner, event, FClock.Last()});
+        ++FCount;
+        return true;
     }
     // Answers false when the owner has no registration here.
     bool Remove(TObject* owner) {
@@ -34,32 +43,22 @@ public:
 
     Integer Count() const { return FCount; }
     bool IsEmpty() const { return FCount == 0; }
-    // The owner's callback, good until the list changes; nil when it has no registration here.
-    const Event* Find(TObject* owner) const {
-        const TEntry* known = const_cast<TRegistrations*>(this)->FindEntry(owner);
-        return known != nullptr ? &known->Callback : nullptr;
-    }
-    bool Has(TObject* owner) const { return Find(owner) != nullptr; }
 
-    // Calls `call(owner, event)` for each registration that existed when the delivery began.
-    template <class Call>
-    void Each(Call call) {
-        const TDelivery delivery(*this);
-        const Integer end = FEntries.Count();
-        for (Integer index = 0; index < end; ++index) {
-            const TEntry entry = FEntries[index]; // the list may grow inside the call
-            if (entry.Owner != nullptr) call(entry.Owner, entry.Callback);
-        }
-    }
+    // Calls the registrations that existed when the delivery began; `serial` is its number.
     template <class... A>
-    void Deliver(A... arguments) {
-        Each([&](TObject*, const Event& event) { event(arguments...); });
+    void Deliver(TDeliverySerial serial, A... arguments) {
+        const TDelivery delivery(*this);
+        for (Integer index = 0; index < FEntries.Count(); ++index) {
+            const TEntry entry = FEntries[index]; // the list may grow inside the call
+            if (entry.Owner != nullptr && entry.Since < serial) entry.Callback(arguments...);
+        }
     }
 
 private:
     struct TEntry {
         TObject* Owner; // null once removed
         Event Callback;
+        TDeliverySerial Since; // the last delivery that had begun before the callback came
     };
     struct TDelivery {
         explicit TDelivery(TRegistrations& registrations) : Registrations(registrations) {
@@ -84,6 +83,7 @@ private:
         FEntries.RemoveAll([](const TEntry& entry) { return entry.Owner == nullptr; });
     }
 
+    const TDeliveryClock& FClock;
     TList<TEntry> FEntries;
     Integer FCount = 0;
     Integer FDepth = 0;

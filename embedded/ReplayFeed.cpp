@@ -1,6 +1,6 @@
 #include "embedded/ReplayFeed.h"
 
-#include "embedded/DataError.h"
+#include "embedded/DataFile.h"
 #include "platform/rtl/Utf.h"
 
 #include <algorithm>
@@ -63,6 +63,7 @@ void TReplayFeed::Open() {
     });
     if (!FReader->ReadHeader()) throw EDataError(FName, 1, "the file cannot be read twice");
     FHasPending = FReader->Next(FPending);
+    if (!FHasPending) CheckEnd(FReader->Reader(), FName);
     FItems.SetFeed(this);
 }
 
@@ -74,8 +75,16 @@ void TReplayFeed::Rewind() {
 
 // Finds out which symbols there are. Silent about bad lines: they are told of when they are played.
 void TReplayFeed::Scan() {
-    TReplayReader reader(FStream, nullptr);
-    if (!reader.ReadHeader()) {
+    Int64 badLine = 0; // the first one
+    std::string badReason;
+    TReplayReader reader(FStream, [&](Int64 line, std::string_view reason) {
+        if (badLine != 0) return;
+        badLine = line;
+        badReason = std::string(reason) + "; ";
+    });
+    const bool hasHeader = reader.ReadHeader();
+    CheckEnd(reader.Reader(), FName);
+    if (!hasHeader) {
         throw EDataError(FName, 1,
                          "the header is not time,symbol,event,price,qty,bid,bid_qty,ask,ask_qty");
     }
@@ -89,7 +98,10 @@ void TReplayFeed::Scan() {
         if (event.IsTrade && !reference.FirstTrade) reference.FirstTrade = event.Price;
         if (!reference.FirstQuote) reference.FirstQuote = Middle(event.Quote);
     }
-    if (references.empty()) throw EDataError(FName, 0, "no line of the file can be read");
+    CheckEnd(reader.Reader(), FName);
+    if (references.empty()) {
+        throw EDataError(FName, badLine, badReason + "no line of the file can be read");
+    }
     for (std::size_t index = 0; index < references.size(); ++index) {
         List(FSymbols[static_cast<Integer>(index)], references[index]);
     }
@@ -151,6 +163,7 @@ bool TReplayFeed::Step() {
     }
     FChanged.clear();
     FItems.Deliver();
+    if (!FHasPending) CheckEnd(FReader->Reader(), FName);
     return true;
 }
 

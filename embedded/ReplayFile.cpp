@@ -1,5 +1,6 @@
 #include "embedded/ReplayFile.h"
 
+#include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
 
 #include <algorithm>
@@ -61,6 +62,9 @@ bool TryParseTime(std::string_view text, Int64& nanos) {
 bool TryParseQuantity(std::string_view text, Double& value) {
     if (!IsPlainDecimal(text)) return false;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        return TryParseDouble(FromUtf8(text), value); // which takes what is too small for 0.0
+    }
     return result.ec == std::errc() && std::isfinite(value);
 }
 

@@ -46,6 +46,7 @@ public:
     // Goes to the next line that can be read and is not earlier than the one before it; False at
     // the end.
     bool Next(TReplayEvent& event);
+    const TCsvReader& Reader() const { return FReader; }
 
 private:
     // What is wrong with the record at hand; empty when the event could be read.

@@ -11,13 +11,21 @@ constexpr int MaxDecimals = 9;
 constexpr Double MaxUnits = 9e15;      // below this every whole number of units is a Double
 constexpr Double UnitTolerance = 1e-4; // in units: what a price may lie off by its binary fraction
 
-// The whole number that `value` is but for the noise of its binary fraction.
-bool TryToUnits(Double value, Double scale, Int64& units) {
+constexpr Double BinaryNoise = 1e-9; // of a number that was written down, as a part of it
+
+// The whole number that `value` is within the tolerance.
+bool TryToUnits(Double value, Double scale, Double tolerance, Int64& units) {
     const Double scaled = value * scale;
     if (!(std::fabs(scaled) < MaxUnits)) return false;
     const Double whole = std::nearbyint(scaled);
     units = static_cast<Int64>(whole);
-    return std::fabs(scaled - whole) <= UnitTolerance;
+    return std::fabs(scaled - whole) <= tolerance;
+}
+
+// For the borders and steps of a table: other than prices they are not worked out.
+bool TryToExactUnits(Double value, Double scale, Int64& units) {
+    const Double noise = BinaryNoise * std::max(1.0, std::fabs(value * scale));
+    return TryToUnits(value, scale, std::min(noise, UnitTolerance), units);
 }
 
 Int64 FloorDivide(Int64 value, Int64 divisor) {
@@ -36,13 +44,14 @@ bool TEmbeddedSpreadTable::Load(std::span<const TSpreadBand> bands) {
     for (int decimals = 0; decimals <= MaxDecimals; ++decimals, scale *= 10.0) {
         std::vector<TBand> loaded;
         for (const TSpreadBand& band : bands) {
+            if (!(band.Step > 0.0)) return false;
             TBand units{};
-            if (!TryToUnits(band.From, scale, units.From) ||
-                !TryToUnits(band.To, scale, units.To) ||
-                !TryToUnits(band.Step, scale, units.Step)) {
+            if (!TryToExactUnits(band.From, scale, units.From) ||
+                !TryToExactUnits(band.To, scale, units.To) ||
+                !TryToExactUnits(band.Step, scale, units.Step) || units.Step == 0) {
                 break;
             }
-            if (units.Step <= 0 || units.To <= units.From) return false;
+            if (units.To <= units.From) return false;
             if (!loaded.empty() && loaded.back().To != units.From) return false;
             loaded.push_back(units);
         }
@@ -84,7 +93,7 @@ Double TEmbeddedSpreadTable::Answer(std::size_t band, Double& upper, Double& low
 
 bool TEmbeddedSpreadTable::ToPosition(Double price, TPosition& position) const {
     if (!(std::fabs(price * FScale) < MaxUnits)) return false;
-    position.IsBetween = !TryToUnits(price, FScale, position.Below);
+    position.IsBetween = !TryToUnits(price, FScale, UnitTolerance, position.Below);
     if (position.IsBetween) position.Below = static_cast<Int64>(std::floor(price * FScale));
     return true;
 }

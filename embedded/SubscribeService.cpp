@@ -14,8 +14,8 @@ struct TBatchReceiver {
     TObject* Owner;
     TDataCallbackEvent Event;
     Integer ItemCount = 0;
-    Integer Losses = 0;       // items that it has left; tells a delivery to look again
-    std::uint64_t Called = 0; // the last delivery that has it among its calls
+    Integer Losses = 0;         // items that it has left; tells a delivery to look again
+    TDeliverySerial Called = 0; // the last delivery that has it among its calls
 };
 
 namespace {
@@ -66,12 +66,12 @@ void TEmbeddedSubscribeAdapter::Subscribe(TCustomSubItem* Item, const TDataCallb
         if (follower.Receiver->Owner == Owner) {
             ++receiver.ItemCount;
             TBatchReceiver& previous = *follower.Receiver;
-            follower = {&receiver, FSerial};
+            follower = {&receiver, FDeliveries.Last()};
             Leave(previous);
             return;
         }
     }
-    item->FFollowers.push_back({&receiver, FSerial});
+    item->FFollowers.push_back({&receiver, FDeliveries.Last()});
     ++receiver.ItemCount;
     ++FFollowerCount;
 }
@@ -121,12 +121,9 @@ void TEmbeddedSubscribeAdapter::AddListener(TEmbeddedSubItem& item, const TNotif
                                             TObject* owner) {
     Request(item);
     if (item.FListeners == nullptr) {
-        item.FListeners = std::make_unique<TRegistrations<TEmbeddedSubItem::TListener>>();
+        item.FListeners = std::make_unique<TRegistrations<TNotifyEvent>>(FDeliveries);
     }
-    const TEmbeddedSubItem::TListener* known = item.FListeners->Find(owner);
-    const TSerial since = known != nullptr ? known->Since : FSerial;
-    if (known == nullptr) ++FListenerCount;
-    item.FListeners->Add(owner, {event, since});
+    if (item.FListeners->Add(owner, event)) ++FListenerCount;
 }
 
 void TEmbeddedSubscribeAdapter::RemoveListener(TEmbeddedSubItem& item, TObject* owner) {
@@ -168,7 +165,7 @@ void TEmbeddedSubscribeAdapter::Touch(TEmbeddedSubItem& item) {
 void TEmbeddedSubscribeAdapter::Deliver() {
     ServeRequests();
     if (FTouched.IsEmpty()) return;
-    const TSerial serial = ++FSerial;
+    const TDeliverySerial serial = FDeliveries.Begin();
     {
         TScopedValue depth(FDepth, FDepth + 1);
         TBorrowed<TBatch> borrowed(FBatch);
@@ -183,7 +180,7 @@ void TEmbeddedSubscribeAdapter::Deliver() {
     if (FDepth == 0) SweepReceivers();
 }
 
-void TEmbeddedSubscribeAdapter::BeginBatch(TBatch& batch, TSerial serial) {
+void TEmbeddedSubscribeAdapter::BeginBatch(TBatch& batch, TDeliverySerial serial) {
     std::swap(batch.Items, FTouched);
     for (TEmbeddedSubItem* item : batch.Items) {
         item->FTouched = false;
@@ -200,7 +197,7 @@ void TEmbeddedSubscribeAdapter::BeginBatch(TBatch& batch, TSerial serial) {
     }
 }
 
-void TEmbeddedSubscribeAdapter::CallReceivers(TBatch& batch, TSerial serial) {
+void TEmbeddedSubscribeAdapter::CallReceivers(TBatch& batch, TDeliverySerial serial) {
     for (const TCall& call : batch.Calls) {
         TBatchReceiver& receiver = *call.Receiver;
         if (receiver.Losses != call.Losses && !StillFollows(receiver, batch, serial)) continue;
@@ -209,7 +206,7 @@ void TEmbeddedSubscribeAdapter::CallReceivers(TBatch& batch, TSerial serial) {
 }
 
 bool TEmbeddedSubscribeAdapter::StillFollows(const TBatchReceiver& receiver, const TBatch& batch,
-                                             TSerial serial) {
+                                             TDeliverySerial serial) {
     for (const TEmbeddedSubItem* item : batch.Items) {
         for (const TEmbeddedSubItem::TFollower& follower : item->FFollowers) {
             if (follower.Receiver == &receiver && follower.Since < serial) return true;
@@ -218,12 +215,10 @@ bool TEmbeddedSubscribeAdapter::StillFollows(const TBatchReceiver& receiver, con
     return false;
 }
 
-void TEmbeddedSubscribeAdapter::CallListeners(TBatch& batch, TSerial serial) {
+void TEmbeddedSubscribeAdapter::CallListeners(TBatch& batch, TDeliverySerial serial) {
     for (TEmbeddedSubItem* item : batch.Items) {
         if (item->FListeners == nullptr || item->FListeners->IsEmpty()) continue;
-        item->FListeners->Each([&](TObject*, const TEmbeddedSubItem::TListener& listener) {
-            if (listener.Since < serial) listener.Event(item);
-        });
+        item->FListeners->Deliver(serial, item);
     }
 }
 

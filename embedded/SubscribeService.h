@@ -76,7 +76,6 @@ public:
 private:
     friend class TEmbeddedSubItem;
 
-    using TSerial = TEmbeddedSubItem::TSerial;
     struct TCall {
         TBatchReceiver* Receiver;
         Integer Losses; // of the receiver when the delivery began
@@ -92,10 +91,11 @@ private:
     void Request(TEmbeddedSubItem& item);
     void ServeRequests();
     void ServeRequests(TList<TEmbeddedSubItem*>& requests, TItemFeed* feed);
-    void BeginBatch(TBatch& batch, TSerial serial);
-    void CallReceivers(TBatch& batch, TSerial serial);
-    void CallListeners(TBatch& batch, TSerial serial);
-    static bool StillFollows(const TBatchReceiver& receiver, const TBatch& batch, TSerial serial);
+    void BeginBatch(TBatch& batch, TDeliverySerial serial);
+    void CallReceivers(TBatch& batch, TDeliverySerial serial);
+    void CallListeners(TBatch& batch, TDeliverySerial serial);
+    static bool StillFollows(const TBatchReceiver& receiver, const TBatch& batch,
+                             TDeliverySerial serial);
     TBatchReceiver& Receiver(TObject* owner, const TDataCallbackEvent& event);
     void Leave(TBatchReceiver& receiver);
     void SweepReceivers();
@@ -114,7 +114,7 @@ private:
     TItemFeed* FPrefixFeed = nullptr;
     String FPrefix; // of the keys of that feed
     TItemFiller* FFiller = nullptr;
-    TSerial FSerial = 0;
+    TDeliveryClock FDeliveries;
     Integer FDepth = 0;
     Integer FRequestCount = 0;
     Integer FFollowerCount = 0;

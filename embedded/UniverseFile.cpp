@@ -1,6 +1,6 @@
 #include "embedded/UniverseFile.h"
 
-#include "embedded/DataError.h"
+#include "embedded/DataFile.h"
 #include "embedded/DataTable.h"
 #include "embedded/UniverseChecks.h"
 #include "platform/rtl/Utf.h"
@@ -170,7 +170,7 @@ TList<String> ReadFavorites(TDataTable file, const TEmbeddedMarketAdapter& marke
 } // namespace
 
 void LoadUniverse(const std::filesystem::path& folder, TEmbeddedMarketAdapter& market) {
-    const auto has = [&](const char* name) { return std::filesystem::exists(folder / name); };
+    const auto has = [&](const char* name) { return IsThere(folder / name); };
     TReadTickTables tables(market);
     TMarketSessions sessions;
     TList<String> favorites;

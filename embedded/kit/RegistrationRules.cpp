@@ -21,6 +21,7 @@ public:
         RemovesItself();
         OwnerDies();
         ReplacedInside();
+        OtherReplacedInside();
         Nests();
     }
 
@@ -191,6 +192,29 @@ private:
         Counts(rule, 1, second.Count(), u"the new callback in the next delivery");
         Counts(rule, 0, first.Count(), u"the old callback in the next delivery");
         End(first);
+    }
+
+    void OtherReplacedInside() {
+        TCallRecorder& first = Registered();
+        TCallRecorder& changed = Registered();
+        TCallRecorder& kept = Registered();
+        TCallRecorder& second = FCheck.NewRecorder();
+        first.OnCall([&](Pointer) {
+            FRow.Register(second, changed.Owner());
+            FRow.Register(kept, kept.Owner());
+        });
+        const StringView rule = u"a callback replaced inside another waits for the next delivery";
+        Deliver();
+        Counts(rule, 0, second.Count(), u"the first delivery");
+        Counts(u"the same callback again keeps its turn", 1, kept.Count());
+        first.OnCall(nullptr);
+        changed.Reset();
+        Deliver();
+        Counts(rule, 1, second.Count(), u"the next delivery");
+        Counts(rule, 0, changed.Count(), u"the old callback in the next delivery");
+        End(first);
+        End(changed);
+        End(kept);
     }
 
     void Nests() {

@@ -2,6 +2,7 @@
 
 #include "tests/support/ServicesFixture.h"
 
+#include <functional>
 #include <utility>
 
 namespace quorin {
@@ -12,6 +13,7 @@ class TAccountReceiver : public TObject {
 public:
     TDataCallbackEvent Event() { return MakeEvent<&TAccountReceiver::Called>(this); }
     String Take() { return std::exchange(FHeard, String()); }
+    void ActInside(std::function<void()> action) { FAction = std::move(action); }
 
 private:
     void Called(Pointer Sender, Pointer) {
@@ -20,9 +22,11 @@ private:
             for (const auto& account : *accounts) FHeard += account.Value->GetAccount() + u" ";
         }
         FHeard += u"; ";
+        if (FAction) std::exchange(FAction, nullptr)();
     }
 
     String FHeard;
+    std::function<void()> FAction;
 };
 
 class AccountsTest : public TServicesFixture {
@@ -37,6 +41,28 @@ protected:
         return text;
     }
 };
+
+TEST_F(AccountsTest, WhatIsAddedInsideACallWaitsForTheNextDelivery) {
+    Accounts().FeedAccount(u"A");
+    Accounts().FeedAccount(u"B");
+    Services().Deliver();
+    TAccountReceiver moves;
+    TAccountReceiver ofAll;
+    Adapter().ChangeAccountCallback(u"A", moves.Event(), &moves, u"");
+    moves.ActInside([&] {
+        Adapter().ChangeAccountCallback(u"B", moves.Event(), &moves, u"A");
+        Adapter().AddAllAccountCallback(ofAll.Event(), &ofAll);
+    });
+    for (const String expected : {u"", u"A B ; "}) {
+        Accounts().FeedBalance(u"A", u"", {});
+        Accounts().FeedBalance(u"B", u"", {});
+        Services().Deliver();
+        EXPECT_EQ(moves.Take(), u"A B ; ");
+        EXPECT_EQ(ofAll.Take(), expected);
+    }
+    Adapter().RemoveAccountCallback(u"B", &moves);
+    Adapter().RemoveAllAccountCallback(&ofAll);
+}
 
 TEST_F(AccountsTest, OneRecordPerCurrency) {
     TCountingReceiver receiver;

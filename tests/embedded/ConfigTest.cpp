@@ -25,7 +25,7 @@ TEST(ConfigTest, FileSettingsAreRead) {
                          "  T1Market=SSE,SZSE ; both\r\n"
                          "  Note: \xE6\xB8\xAF\xE8\x82\xA1\n"
                          "\n"
-                         "[QRN_TRADEPLATFORM]\n"
+                         "[QRN_TRADEPLATFORM]\t; the platform\n"
                          "DefaultGroupDataMode=1");
     TEmbeddedConfigManager config;
     config.Load(file.Path());
@@ -85,6 +85,13 @@ TEST(ConfigTest, DamagedFileIsRefusedWithItsLineAndNothingOfItStays) {
         {"a line that is too long", "[a]\nk=" + std::string(300, 'x') + "\nj=1\n", ":2: "},
         {"a section name that is too long", "[" + std::string(60, 's') + "]\nk=2\n", ":2: "},
         {"bytes that are no UTF-8", "[a]\nk=2\nj=\xC3(\n", ":3: "},
+        {"a NUL in a line", std::string("[a]\nk=2\0j\n", 10), ":2: "},
+        {"nothing but NULs", std::string("[a]\n\0\0\n", 7), ":2: "},
+        {"returns alone as line ends", "[a]\rk=2\r", ":1: "},
+        {"an escape", "[a]\nk=\x1B[1m\n", ":2: "},
+        {"text behind a section", "[a] junk\nk=2\n", ":1: "},
+        {"text behind a section, behind a mark", "\xEF\xBB\xBF[a]junk\nk=2\n", ":1: "},
+        {"an empty key", "[a]\nk=2\n=5\n", ":3: "},
         {"two faults, the first counts", "[a]\nk=2\nk=3\nnonsense\n", ":3: "},
     };
     for (const TCase& row : cases) {
@@ -111,6 +118,12 @@ TEST(ConfigTest, MissingFileAndFolderAreRefused) {
     const std::filesystem::path missing = folder / "quorin-no-such-file.ini";
     EXPECT_EQ(LoadError(config, missing), missing.string() + ": cannot be read");
     EXPECT_EQ(LoadError(config, folder), folder.string() + ": cannot be read");
+    const std::filesystem::path unreadable = "/proc/self/mem"; // opens; reading its start fails
+    if (std::filesystem::exists(unreadable)) {
+        EXPECT_EQ(LoadError(config, unreadable), "/proc/self/mem: cannot be read");
+    }
+    EXPECT_STREQ(EDataError("a\nb", 2, "\x1B[1m \xC2\x9B \xC2\xA3").what(),
+                 "a b:2:  [1m   \xC2\xA3");
 }
 
 TEST(ConfigTest, OneCallbackPerCommittedChange) {

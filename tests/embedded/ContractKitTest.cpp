@@ -58,6 +58,8 @@ TEST_F(ContractKitTest, RegistrationsAndDeliveries) {
          u"RegisterConfigCallback: removing twice, or a stranger, does no harm to others"},
         {"added inside is served", ServesAdded,
          u"RegisterConfigCallback: what was added inside a callback waits for the next delivery"},
+        {"replaced inside is served", ServesReplaced,
+         u"RegisterConfigCallback: a callback replaced inside another waits for the next delivery"},
         {"removed inside is called", CallsRemoved,
          u"RegisterConfigCallback: what was removed inside a callback is not called"},
         {"removal skips the next", SkipsNext,

@@ -1,4 +1,5 @@
 #include "embedded/CsvReader.h"
+#include "tests/embedded/BreakingBuffer.h"
 
 #include <gtest/gtest.h>
 
@@ -79,6 +80,31 @@ TEST(CsvReader, KeepsTheRecordsOfAnyChunking) {
         expected += std::to_string(line) + "[" + std::to_string(line) + "|b]";
     }
     EXPECT_EQ(Read(text), expected);
+}
+
+TEST(CsvReader, TellsAStreamThatBreaksFromItsEnd) {
+    std::string manyRecords;
+    for (int record = 0; record < 100000; ++record) manyRecords += "ab\n";
+    const struct {
+        const char* name;
+        std::string text;
+        bool breaks;
+    } cases[] = {
+        {"short", "ab\nab\nab", false},        {"long", manyRecords, false},
+        {"breaks in a record", "ab\na", true}, {"breaks in a quote", "ab\n\"ab\nc", true},
+        {"breaks at once", "", true},          {"breaks later", manyRecords + "a", true},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        TBreakingBuffer buffer(row.text, row.breaks);
+        std::istream stream(&buffer);
+        TCsvReader reader(stream);
+        while (reader.Next()) {
+            ASSERT_EQ(reader.Fields().size(), 1u);
+            ASSERT_EQ(reader.Fields()[0], "ab") << "a part of a record, line " << reader.Line();
+        }
+        EXPECT_EQ(reader.Failed(), row.breaks);
+    }
 }
 
 TEST(CsvReader, GetsThroughAnyBytes) {

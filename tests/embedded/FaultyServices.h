@@ -22,6 +22,7 @@ enum class TConfigFault {
     NeverRemoves,
     RemovesAll,
     ServesAdded,
+    ServesReplaced,
     CallsRemoved,
     SkipsNext,
     CallsFirst,
@@ -101,6 +102,8 @@ private:
         for (const TEntry& entry : entries) {
             const TEntry* known = Find(entry.Owner);
             if (known == nullptr && !Is(TConfigFault::CallsRemoved)) continue;
+            const bool isReplaced = known != nullptr && !(known->Callback == entry.Callback);
+            if (isReplaced && !Is(TConfigFault::ServesReplaced)) continue;
             const TDataCallbackEvent event = known != nullptr ? known->Callback : entry.Callback;
             Call(event);
             if (Is(TConfigFault::CallsTwice)) Call(event);

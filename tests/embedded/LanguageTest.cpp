@@ -22,6 +22,13 @@ String Text(const TCustomLanguageManager& language, StringView tag, StringView k
 
 class LanguageServiceTest : public TServicesFixture {};
 
+TEST(LanguageBoundsTest, ALanguageThatDoesNotExistReadsEnglish) {
+    TEmbeddedLanguageManager manager;
+    manager.SetText(TAppLanguage::English, u"T", u"K", u"text");
+    EXPECT_EQ(manager.GetResourceString(u"T", u"K", static_cast<TAppLanguage>(200), 0, nullptr),
+              u"text");
+}
+
 TEST_F(LanguageServiceTest, TextsThatTheViewsFillIn) {
     const TEmbeddedLanguageManager& language = Services().Language();
     const String question = Text(language, Const_ResourceStringTag, ResourceKey::Res_MaxOrdQty);

@@ -66,7 +66,11 @@ TEST_F(MarketFormatterTest, DecimalsOfTheStepInForce) {
     };
     const TCase cases[] = {
         {"lowest price", u"", 0.01, u"0.010"},
-        {"below the table", u"", 0.0005, u"0.001"},
+        {"below the table", u"", 0.0005, u"0.0005"},
+        {"off the ticks", u"", 5002.5, u"5002.5"},
+        {"off the ticks, finer", u"", 7.655, u"7.655"},
+        {"off the ticks, the finest", u"", 7.000000004, u"7.00"},
+        {"a large price, worked out", u"", 123456789.1 * 3.0, u"370370367.3"},
         {"last of 0.001", u"", 0.249, u"0.249"},
         {"first of 0.005", u"", 0.25, u"0.250"},
         {"first of 0.005, worked out", u"", 0.1 + 0.15, u"0.250"},
@@ -153,7 +157,8 @@ TEST_F(MarketFormatterTest, Change) {
         {"up", 102.5, 100.0, u"+2.5", u"+2.50%"},
         {"down", 99.95, 100.0, u"-0.05", u"-0.05%"},
         {"unmoved", 100.0, 100.0, u"0.0", u"0.00%"},
-        {"moved by less than shows", 100.001, 100.0, u"0.0", u"0.00%"},
+        {"off the ticks", 100.001, 100.0, u"+0.001", u"0.00%"},
+        {"moved by less than shows", 100.000000001, 100.0, u"0.0", u"0.00%"},
         {"across a border, finer decimals", 100.0, 99.95, u"+0.05", u"+0.05%"},
         {"previous close below zero", 1.0, -2.0, u"+3.00", u"+150.00%"},
         {"no last price", 0.0, 100.0, Untouched, Untouched},

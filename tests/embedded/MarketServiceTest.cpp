@@ -90,6 +90,34 @@ protected:
     TSymbolRecord Option;
 };
 
+TEST_F(MarketServiceTest, ASymbolListedLaterWaitsForItsData) {
+    const struct {
+        const char* name;
+        StringView symbol;
+        Integer before, listed, fed;
+    } cases[] = {
+        {"without data", u"A", ItemStatus::NoData, ItemStatus::Waiting, ItemStatus::Ready},
+        {"waiting", u"B", ItemStatus::Waiting, ItemStatus::Waiting, ItemStatus::Ready},
+        {"ready", u"C", ItemStatus::Ready, ItemStatus::Ready, ItemStatus::Ready},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        Option.Symbol = row.symbol;
+        TEmbeddedSubItem& item = Items.Item(Option.Symbol);
+        item.SetStatus(row.before);
+        if (row.before != ItemStatus::Waiting) Items.Touch(item);
+        Items.Deliver();
+        ASSERT_EQ(item.GetStatus(), row.before);
+        ASSERT_NE(Market.AddSymbol(Option), nullptr);
+        Items.Deliver();
+        EXPECT_EQ(item.GetStatus(), row.listed);
+        item.SetField(Field::LastPrice, 7.0);
+        Items.Touch(item);
+        Items.Deliver();
+        EXPECT_EQ(item.GetStatus(), row.fed);
+    }
+}
+
 TEST_F(MarketServiceTest, ListsTheUniverse) {
     ASSERT_NE(Market.AddSymbol(Option), nullptr);
     EXPECT_EQ(Market.GetExchangeCount(), 2);

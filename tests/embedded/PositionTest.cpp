@@ -3,6 +3,7 @@
 #include "tests/support/ServicesFixture.h"
 #include "viewdata/services/FieldNumbers.h"
 
+#include <functional>
 #include <utility>
 
 namespace quorin {
@@ -13,6 +14,7 @@ class TPositionReceiver : public TObject {
 public:
     TDataCallbackEvent Event() { return MakeEvent<&TPositionReceiver::Called>(this); }
     String Take() { return std::exchange(FHeard, String()); }
+    void ActInside(std::function<void()> action) { FAction = std::move(action); }
 
 private:
     void Called(Pointer Sender, Pointer) {
@@ -22,9 +24,11 @@ private:
                           Variant(position.Value->GetQuantity()).ToText() + u"; ";
             }
         }
+        if (FAction) std::exchange(FAction, nullptr)();
     }
 
     String FHeard;
+    std::function<void()> FAction;
 };
 
 TPositionFigures Quantity(Double quantity) {
@@ -65,6 +69,20 @@ TEST_F(PositionTest, OneObjectPerKeyThroughItsLife) {
     EXPECT_EQ(Listed(u"A"), u"00005 ");
     Feed(u"A", u"00700", 50.0);
     EXPECT_EQ(Adapter().GetPosition(u"A", u"00700"), position);
+}
+
+TEST_F(PositionTest, MovingToAnotherAccountInsideACallWaitsForTheNextDelivery) {
+    TPositionReceiver moves;
+    Adapter().ChangePositionAccount(u"A", moves.Event(), &moves, u"");
+    moves.ActInside([&] { Adapter().ChangePositionAccount(u"B", moves.Event(), &moves, u"A"); });
+    Feed(u"A", u"00700", 1.0);
+    Feed(u"B", u"00700", 2.0);
+    Services().Deliver();
+    EXPECT_EQ(moves.Take(), u"A 00700=1; ");
+    Feed(u"B", u"00700", 3.0);
+    Services().Deliver();
+    EXPECT_EQ(moves.Take(), u"B 00700=3; ");
+    Adapter().RemovePositionCallback(u"B", &moves);
 }
 
 TEST_F(PositionTest, WhoHearsOfWhichPositions) {

@@ -1,6 +1,7 @@
 #include "embedded/ReplayFeed.h"
 #include "embedded/DataError.h"
 #include "embedded/UniverseFile.h"
+#include "tests/embedded/BreakingBuffer.h"
 
 #include <gtest/gtest.h>
 
@@ -287,6 +288,28 @@ TEST_F(ReplayFeedTest, MakesTheExchangeThatIsMissing) {
     EXPECT_EQ(Market.GetMarketDataCount(u"SEHK", Market.GetSeriesCode(u"SEHK", 0)), 1);
 }
 
+TEST_F(ReplayFeedTest, RefusesARecordingThatBreaksOff) {
+    for (const std::string& content : {Header + "1,A,T,5,1,,,,\n2,A,T,5,1,,,", std::string()}) {
+        TBreakingBuffer buffer(content, true);
+        std::istream stream(&buffer);
+        TReplayFeed feed(Items, Market, stream, "day.csv", {});
+        try {
+            feed.Open();
+            ADD_FAILURE() << "opened";
+        } catch (const EDataError& error) {
+            EXPECT_STREQ(error.what(), "day.csv: cannot be read");
+        }
+    }
+}
+
+TEST_F(ReplayFeedTest, APriceTooSmallForItsKindIsZero) {
+    TReplayFeed& feed = Play("1,A,T,0." + std::string(400, '0') + "1,1,,,,\n");
+    feed.Step();
+    EXPECT_EQ(Reports, "");
+    EXPECT_EQ(Items.Item(u"A").GetFieldDouble(Field::LastPrice), 0.0);
+    EXPECT_EQ(Items.Item(u"A").GetFieldDouble(Field::Volume), 1.0);
+}
+
 TEST_F(ReplayFeedTest, RefusesWhatIsNoRecording) {
     const struct {
         const char* name;
@@ -299,7 +322,8 @@ TEST_F(ReplayFeedTest, RefusesWhatIsNoRecording) {
         {"other header", "time,symbol\n1,A\n",
          "day.csv:1: the header is not time,symbol,event,price,qty,bid,bid_qty,ask,ask_qty"},
         {"header alone", Header, "day.csv: no line of the file can be read"},
-        {"no good line", Header + "x\n\xFF\xFE\n", "day.csv: no line of the file can be read"},
+        {"no good line", Header + "x\n\xFF\xFE\n",
+         "day.csv:2: wrong number of fields; no line of the file can be read"},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);

@@ -119,6 +119,16 @@ TEST(SpreadTable, LeavesAloneWhatIsNoPrice) {
     }
 }
 
+TEST(SpreadTable, TakesFineSteps) {
+    for (const Double step : {0.0001, 0.00005, 0.00001, 0.000000001, 0.01000009}) {
+        SCOPED_TRACE(step);
+        const TSpreadBand bands[] = {{0.0, 100.0, step}};
+        TEmbeddedSpreadTable table;
+        ASSERT_TRUE(table.Load(bands));
+        EXPECT_EQ(table.MovePrice(0.0, 1), step);
+    }
+}
+
 TEST(SpreadTable, RefusesBadBands) {
     const struct {
         const char* name;

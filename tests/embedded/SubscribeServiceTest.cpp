@@ -128,6 +128,21 @@ TEST_F(SubscribeServiceTest, TheSamePairAgainReplaces) {
     Drop(X);
 }
 
+TEST_F(SubscribeServiceTest, AChangedEventOfAnotherOwnerWaits) {
+    TFollower z("z", Log);
+    for (TFollower* follower : {&X, &Y}) {
+        Item(u"A").AddRealtimeListener(follower->Realtime(), follower);
+    }
+    X.During = [&] { Item(u"A").AddRealtimeListener(z.Realtime(), &Y); };
+    Touch(u"A");
+    EXPECT_EQ(Deliver(), "x!A ");
+    Touch(u"A");
+    EXPECT_EQ(Deliver(), "x!A z!A ") << "the same event again keeps its turn";
+    X.During = nullptr;
+    Drop(X);
+    Drop(Y);
+}
+
 TEST_F(SubscribeServiceTest, RealtimeListenersComeAfterTheBatch) {
     for (const StringView key : {u"A", u"B"}) {
         Item(key).AddRealtimeListener(X.Realtime(), &X);

@@ -50,7 +50,8 @@ public:
     virtual String GetSymbolName(StringView Symbol, TAppLanguage Language) const = 0;
     // The universe has been loaded.
     virtual Boolean IsMarketDataReady() const = 0;
-    // Records of one series; 0 for an unknown one.
+    // Records of one series; 0 for an unknown one. An empty series may stand for all of the
+    // exchange.
     virtual Integer GetMarketDataCount(StringView Exchange, StringView Series) const = 0;
     // May be nil also for an index inside.
     virtual TCustomMarketData* GetMarketDataAt(StringView Exchange, StringView Series,

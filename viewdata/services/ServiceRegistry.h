@@ -24,7 +24,9 @@ namespace quorin {
 //   of exactly the dictionary type that the operation names; it may be nil, and it holds for the
 //   length of the call only. `Data` carries nothing unless the operation says so.
 // - Inside a callback an owner may register, remove and die, itself or others. What was added
-//   waits for the next delivery; what was removed is not called any more.
+//   waits for the next delivery, also what was added under another key of the operation or for
+//   another event that the delivery tells of; what was removed is not called any more. A callback
+//   that is replaced by another waits likewise; the same one again keeps its turn.
 //
 // Records
 // - What a service hands out stays the service's: nobody else frees it. Texts that come back by
