@@ -13,8 +13,8 @@ struct TVenueOptions {
     std::uint64_t Seed = 1;
     Int64 StepNanos = 250'000'000;                      // at least 1
     Int64 StartNanos = Int64{9} * 3600 * 1'000'000'000; // after midnight
-    Integer UpdatesPerStep = 0;                         // at most; 0 for a share of the universe
-    TVenueMonth Month = {};                             // of the simulated day
+    Integer UpdatesPerStep = 0; // 0: a twentieth of the universe, 16 to 10,000
+    TVenueMonth Month = {};     // of the simulated day
 };
 
 // A simulated venue: every symbol of the universe has an order book and trades through the day, and
@@ -39,9 +39,8 @@ public:
     TVenue& operator=(const TVenue&) = delete;
     ~TVenue() override;
 
-    // Goes one step on and touches the items that have changed; the host delivers them. Takes a
-    // time that does not depend on the size of the universe, but for the steps in which an exchange
-    // changes its state.
+    // Goes one step on and touches the items that have changed; the host delivers them. Makes at
+    // most UpdatesPerStep updates, but for what an exchange that changes its state rewrites.
     void Step();
     // Nanoseconds after midnight, of the last step; the start before the first one.
     Int64 TimeNanos() const { return FOptions.StartNanos + FStep * FOptions.StepNanos; }

@@ -141,7 +141,9 @@ void TVenueQuotes::Fill(const TVenueSymbol& symbol, TBookSide& side, TTick best,
 
 void TVenueQuotes::ChangeLots(const TVenueSymbol& symbol, TBookSide& side) {
     if (side.IsEmpty()) return;
-    side.SetLots(FRandom.Below(side.Count()), LevelLots(symbol));
+    // One after the other: which of two arguments comes first is the compiler's choice.
+    const Integer level = FRandom.Below(side.Count());
+    side.SetLots(level, LevelLots(symbol));
 }
 
 } // namespace quorin
