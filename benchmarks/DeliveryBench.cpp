@@ -1,5 +1,7 @@
 #include "benchmarks/BenchMarket.h"
 
+#include "terminal/forms/MarketWatchForm.h"
+
 #include <benchmark/benchmark.h>
 
 #include <vector>
@@ -46,6 +48,37 @@ void DeliverBatch(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * BatchItems);
 }
 
+// A delivery that reaches every row of a watch on screen, and the repaint that follows.
+void DeliverAndRepaint(benchmark::State& state) {
+    TBenchUniverse& universe = TBenchUniverse::OfSize(static_cast<Integer>(state.range(0)), true);
+    TMarketWatchForm form;
+    form.View().SetVisibleRowCapacity(WindowRows);
+    form.ShowMarket(BenchExchange);
+    form.FollowVisibleRows();
+    std::vector<TEmbeddedSubItem*> batch;
+    for (Integer row = 0; row < WindowRows; ++row) batch.push_back(&universe.Quote(row, 0));
+    TEmbeddedSubscribeAdapter& items = universe.Services().Items();
+    String text;
+    Double price = 100.0;
+    for (auto _ : state) {
+        price += 0.01;
+        for (TEmbeddedSubItem* item : batch) {
+            item->SetField(Field::LastPrice, price);
+            items.Touch(*item);
+        }
+        items.Deliver();
+        if (!form.View().TakeRepaint()) state.SkipWithError("nothing to paint");
+        for (Integer row = 0; row < WindowRows; ++row) {
+            for (Integer column = 0; column < form.View().GetColumnCount(); ++column) {
+                form.View().GetCellText(row, *form.View().GetColumn(column), text);
+                benchmark::DoNotOptimize(text.data());
+            }
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * WindowRows);
+}
+
+BENCHMARK(DeliverAndRepaint)->Arg(SmallUniverse)->Arg(LargeUniverse);
 BENCHMARK(DeliverBatch)->Arg(SmallUniverse)->Arg(LargeUniverse);
 
 } // namespace

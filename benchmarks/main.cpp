@@ -26,6 +26,8 @@ constexpr TRatio Ratios[] = {
      1.5},
     {"delivered batch, 1,000,000 symbols against 1,000", "DeliverBatch/1000000",
      "DeliverBatch/1000", 1.5},
+    {"delivery and repaint of 50 rows, 1,000,000 against 1,000", "DeliverAndRepaint/1000000",
+     "DeliverAndRepaint/1000", 1.5},
     {"loading 1,000,000 rows against a vector and a map by hand", "LoadControl/1000000",
      "LoadByHand/1000000", 1.5},
 };
