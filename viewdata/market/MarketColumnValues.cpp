@@ -47,7 +47,7 @@ String CurrencyName(StringView symbol, const TCustomSubItem& item) {
 }
 
 String CallOrPut(const TCustomSubItem& item) {
-    const String text = TextIfPresent(item, Field::CallPut);
+    String text = TextIfPresent(item, Field::CallPut);
     if (text.empty()) return text;
     switch (text.front()) {
     case u'1':
