@@ -78,7 +78,11 @@ void TEmbeddedServices::FeedAccounts(const TAccountFiles& files) {
     }
     for (const auto& row : files.MarginRatios) {
         TEmbeddedProductData& product = FProducts.FeedProduct(row.Symbol, row.Account);
-        if (row.Ratio.has_value()) product.SetMarginRatio(*row.Ratio);
+        if (row.Ratio.has_value()) {
+            product.SetMarginRatio(*row.Ratio);
+        } else {
+            product.ClearMarginRatio();
+        }
     }
     FMargins.Serve();
     for (const auto& row : files.Margins) FMargins.FeedMargin(row.Code, row.Figures);
