@@ -30,7 +30,7 @@ public:
     void ShowMessage(StringView) override {}
     Integer Confirm(StringView, Integer defaultAnswer) override { return defaultAnswer; }
     void WriteLog(StringView, Byte) override {}
-    void ChannelMessage(Integer, Pointer) override {}
+    Boolean ChannelMessage(Integer, Pointer) override { return false; }
 };
 
 // Services with one exchange of so many symbols, of which each has a live item and a quote when

@@ -1,5 +1,10 @@
 #include "embedded/ChannelService.h"
 
+#include "viewdata/services/ChannelMessages.h"
+#include "viewdata/services/OrderRecords.h"
+
+#include <utility>
+
 namespace quorin {
 
 namespace {
@@ -75,7 +80,11 @@ void TEmbeddedGlobalChannelManager::PublishValue(Integer Channel, StringView New
 }
 
 void TEmbeddedGlobalChannelManager::SendChannelMessage(Integer MessageNumber, Pointer Data) {
-    FHost.ChannelMessage(MessageNumber, Data);
+    if (FHost.ChannelMessage(MessageNumber, Data)) return;
+    // The list that comes with it has no other owner.
+    if (MessageNumber == ChannelMessage::CloseAllPositions && Data != nullptr) {
+        delete std::exchange(static_cast<TOrderTakeActionRecord*>(Data)->Order, nullptr);
+    }
 }
 
 String TEmbeddedGlobalChannelManager::GetChannelValue(Integer Channel) const {

@@ -19,8 +19,9 @@ public:
     virtual Integer Confirm(StringView text, Integer defaultAnswer) = 0;
     virtual void WriteLog(StringView line, Byte level) = 0;
     // Does what the view layer asks for and writes the answer into the record at `data`, which is
-    // nil for a message without a record. See ChannelMessages.h. An unknown number is ignored.
-    virtual void ChannelMessage(Integer number, Pointer data) = 0;
+    // nil for a message without a record. See ChannelMessages.h. False for a message that it does
+    // not take in; what it takes in is its own to free where the record says so.
+    virtual Boolean ChannelMessage(Integer number, Pointer data) = 0;
 };
 
 } // namespace quorin

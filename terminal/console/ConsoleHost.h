@@ -15,7 +15,7 @@ public:
     void ShowMessage(StringView text) override;
     Integer Confirm(StringView text, Integer defaultAnswer) override;
     void WriteLog(StringView, Byte) override {}
-    void ChannelMessage(Integer, Pointer) override {}
+    Boolean ChannelMessage(Integer, Pointer) override { return false; }
 
 private:
     std::ostream& FErrors;

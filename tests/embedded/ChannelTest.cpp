@@ -162,8 +162,9 @@ TEST_F(ChannelTest, PublishedTextMayDieInsideTheCallback) {
 
 TEST_F(ChannelTest, MessagesReachTheHostInsideTheCall) {
     struct TAnswerer {
-        void Answer(Integer, Pointer data) {
+        Boolean Answer(Integer, Pointer data) {
             if (data != nullptr) static_cast<TOrderTakeActionRecord*>(data)->Result = true;
+            return true;
         }
     } answerer;
     Host().SetReceiver(MakeEvent<&TAnswerer::Answer>(&answerer));
@@ -175,6 +176,20 @@ TEST_F(ChannelTest, MessagesReachTheHostInsideTheCall) {
     expected.Add(ChannelMessage::TakeOrderAction);
     expected.Add(ChannelMessage::AddFavoritePrice);
     EXPECT_EQ(Host().ChannelMessages(), expected);
+}
+
+TEST_F(ChannelTest, FreesTheListOfAMessageThatNobodyTakes) {
+    struct TList : TObject {
+        explicit TList(bool& gone) : Gone(gone) {}
+        ~TList() override { Gone = true; }
+        bool& Gone;
+    };
+    bool isGone = false;
+    TOrderTakeActionRecord record;
+    record.Order = new TList(isGone);
+    Manager().SendChannelMessage(ChannelMessage::CloseAllPositions, &record);
+    EXPECT_TRUE(isGone);
+    EXPECT_FALSE(record.Result);
 }
 
 TEST_F(ChannelTest, RunStateIsTheHosts) {

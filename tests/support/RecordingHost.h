@@ -15,7 +15,8 @@ namespace quorin {
 // in Verify. Channel messages are recorded and go to the test's own receiver, if there is one.
 class TRecordingHost : public THost {
 public:
-    using TReceiver = TEvent<void(Integer, Pointer)>;
+    // Answers whether it takes the message in.
+    using TReceiver = TEvent<Boolean(Integer, Pointer)>;
 
     // In the order in which they are to come, each exactly once.
     void ExpectMessage(StringView text) { FMessages.Add(String(text)); }
@@ -46,9 +47,9 @@ public:
         return FQuestions.Extract(0).Answer;
     }
     void WriteLog(StringView line, Byte) override { Take(FLogLines, line, "log line"); }
-    void ChannelMessage(Integer number, Pointer data) override {
+    Boolean ChannelMessage(Integer number, Pointer data) override {
         FChannelMessages.Add(number);
-        if (FReceiver) FReceiver(number, data);
+        return FReceiver && FReceiver(number, data);
     }
 
 private:

@@ -48,16 +48,12 @@ String CurrencyName(StringView symbol, const TCustomSubItem& item) {
 
 String CallOrPut(const TCustomSubItem& item) {
     String text = TextIfPresent(item, Field::CallPut);
-    if (text.empty()) return text;
-    switch (text.front()) {
-    case u'1':
-    case u'6':
-    case u'C': return ResourceText(Const_ResourceStringTag, ResourceKey::Res_Call);
-    case u'2':
-    case u'7':
-    case u'P': return ResourceText(Const_ResourceStringTag, ResourceKey::Res_Put);
-    default: return text;
+    switch (OptionKindOf(text)) {
+    case TOptionKind::Call: return InterfaceText(ResourceKey::Res_Call);
+    case TOptionKind::Put: return InterfaceText(ResourceKey::Res_Put);
+    case TOptionKind::None: break;
     }
+    return text;
 }
 
 String Expiry(StringView symbol, const TCustomSubItem& item) {
@@ -84,12 +80,7 @@ Double ChangePercent(StringView symbol) {
     return value;
 }
 
-// A descendant's GetValue may answer anything: what has no text shows none, what is no number
-// counts as 0.0.
-String TextOf(const Variant& value) {
-    return value.IsArray() ? String() : value.ToText();
-}
-
+// A descendant's GetValue may answer anything: what is no number counts as 0.0.
 Double NumberOf(const Variant& value) {
     Double number = 0.0;
     value.TryToDouble(number);

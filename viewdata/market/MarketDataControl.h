@@ -95,17 +95,25 @@ class TCustomMarketDataControl : public TCustomDataControl {
     virtual Boolean UpdateSymbolMessage(TCustomSubItem* Item);
     // What a view calls to show a market: chooses and reloads.
     virtual void SetExchangeAndCategory(StringView Exchange, Integer CategoryID);
-    // Editing of favourites and quick orders. Nothing is sent from this list yet: each answers
-    // False.
+    // Asks the application for its way of adding a favourite. Always True.
     virtual Boolean AddFavoritePrice();
+    // Take the row's symbol off the favourites, or every symbol; the list follows when the change
+    // comes back. False for a bad row, for what is no favourite, and where there are none.
     virtual Boolean RemoveFavoritePrice(Integer RecordIndex);
     virtual Boolean ClearAllFavoritePrice();
+    // One order for the row's symbol and the control's account: at the market, at the last price,
+    // or at the best price of the other side, whatever that is. With "ConfirmationPlaceOrd" the
+    // application is asked and gives the quantity; without, one lot goes out at once. What the
+    // order path answers; False when nobody is logged in, without an account or an order service,
+    // and while another action of this control waits for its answer. The control must not die
+    // before the answer.
     virtual Boolean BuyMarketOrder(Integer RecordIndex);
     virtual Boolean SellMarketOrder(Integer RecordIndex);
     virtual Boolean BuyLastOrder(Integer RecordIndex);
     virtual Boolean SellLastOrder(Integer RecordIndex);
     virtual Boolean BuyBestAskOrder(Integer RecordIndex);
     virtual Boolean SellBestBidOrder(Integer RecordIndex);
+    // Puts the row's symbol on the favourites; what the market adapter answers.
     virtual Boolean AddToFavorite(Integer RecordIndex);
     // The rows now on screen: exactly these are subscribed afterwards, all others released. An
     // index outside the list and a row named twice are skipped. Always True.
@@ -115,7 +123,8 @@ class TCustomMarketDataControl : public TCustomDataControl {
     virtual String GetProductInfo(Integer RecordIndex);
     // The row's symbol, empty outside the list.
     virtual String GetSymbol(Integer RecordIndex);
-    // Hands the price or quantity of a cell to order entry; nothing is handed over yet.
+    // Hands the row's symbol to order entry, with the price or the quantity that the column stands
+    // for, if it stands for one. Needs no account; does nothing while an action waits.
     virtual void CopyPrice(Integer RecordIndex, Integer Attribute);
     // Moves a row within the list and signals; subscriptions stay with their symbols.
     virtual void MoveRecord(Integer FromRecordIndex, Integer ToRecordIndex);
@@ -165,6 +174,7 @@ private:
     const TCustomSubItem& SearchMargin(const String& code, Boolean& found, Double& margin);
     void RequestSpreadTable(const TCustomSubItem& item);
     void TrackLastPrice(const TCustomSubItem& item);
+    Boolean QuickOrder(Integer RecordIndex, Integer side, Integer priceField);
     void UpdateMonitoringPosition() { FMonitoringPosition = FShowPosition && !FAccount.empty(); }
 
     // Recipes of the columns.
@@ -182,7 +192,8 @@ private:
     String ChangeText(StringView symbol) const;
     String ChangePercentText(StringView symbol) const;
 
-    String FSpreadCode; // reused from update to update
+    Boolean FIsActionPending = false; // an order or copy action is under way
+    String FSpreadCode;               // reused from update to update
     TLifeline FLifeline;
 };
 

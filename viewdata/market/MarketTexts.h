@@ -1,32 +1,8 @@
 #pragma once
 
-#include "viewdata/services/LanguageManager.h"
-#include "viewdata/services/MarketAdapter.h"
+#include "viewdata/frame/ServiceTexts.h"
 
 namespace quorin {
-
-// Texts that several parts of the market view need in the language in force.
-
-inline const TCustomMarketAdapter& Market() {
-    return *TCustomMarketAdapter::GetInstance();
-}
-
-inline String ResourceText(StringView tag, StringView key) {
-    return TCustomLanguageManager::GetInstance()->GetResourceString(tag, key, TAppLanguage::None, 0,
-                                                                    nullptr);
-}
-
-// The translation of a code, the code itself where the table has none.
-inline String TranslatedCode(StringView tag, const String& code) {
-    String text = ResourceText(tag, code);
-    return text.empty() ? code : text;
-}
-
-// The symbol's display name, the symbol where it has none.
-inline String SymbolName(StringView symbol) {
-    String name = Market().GetSymbolName(symbol, TAppLanguage::None);
-    return name.empty() ? String(symbol) : name;
-}
 
 // The name of a series or category.
 template <class Named>
@@ -35,6 +11,22 @@ String NameInLanguage(const Named& record) {
     case TAppLanguage::TraditionalChinese: return record.GetNameLanguage1();
     case TAppLanguage::SimplifiedChinese: return record.GetNameLanguage2();
     default: return record.GetName();
+    }
+}
+
+// What the marker of an option says, see Field::CallPut.
+enum class TOptionKind : Byte { None, Call, Put };
+
+inline TOptionKind OptionKindOf(StringView marker) {
+    if (marker.empty()) return TOptionKind::None;
+    switch (marker.front()) {
+    case u'1':
+    case u'6':
+    case u'C': return TOptionKind::Call;
+    case u'2':
+    case u'7':
+    case u'P': return TOptionKind::Put;
+    default: return TOptionKind::None;
     }
 }
 

@@ -28,7 +28,7 @@ struct TCopyOrderRecord {
 // Data of ChannelMessage::TakeOrderAction and CloseAllPositions.
 struct TOrderTakeActionRecord {
     // The prepared TCustomClientOrder or, for CloseAllPositions, the data control that lists the
-    // positions to be closed. ObjectAs tells.
+    // positions to be closed. ObjectAs tells. That control belongs to the receiver from then on.
     TObject* Order = nullptr;
     Integer Action = OrderAction::Place;
     Integer Source = 0;     // one of OrderSource

@@ -104,8 +104,10 @@ public:
     void ShowMessage(StringView) override {}
     Integer Confirm(StringView, Integer defaultAnswer) override { return defaultAnswer; }
     void WriteLog(StringView, Byte) override {}
-    void ChannelMessage(Integer number, Pointer data) override {
-        if (Receiver) Receiver(number, data);
+    Boolean ChannelMessage(Integer number, Pointer data) override {
+        if (!Receiver) return false;
+        Receiver(number, data);
+        return true;
     }
 
     TChannelDriver::TReceiver Receiver;

@@ -1,0 +1,190 @@
+#include "viewdata/position/PositionDataControl.h"
+
+#include "platform/rtl/Text.h"
+#include "viewdata/services/ConfigKeys.h"
+#include "viewdata/services/ConfigManager.h"
+#include "viewdata/services/CurrencyAdapter.h"
+#include "viewdata/services/FieldNumbers.h"
+#include "viewdata/services/MarketAdapter.h"
+#include "viewdata/services/OrderAdapter.h"
+#include "viewdata/services/PositionAdapter.h"
+#include "viewdata/services/SubscribeAdapter.h"
+
+namespace quorin {
+
+namespace {
+
+Boolean ReadFlag(StringView key) {
+    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
+    return config.ReadBool(config.GetCurrentSection(), key);
+}
+
+// Exactly 0.0: the smallest quantity keeps its row.
+Boolean IsOpen(const TCustomPositionData& record) {
+    return record.GetQuantity() != 0.0;
+}
+
+// What an update says of one account; nil for nothing.
+const TPositionDictionary* ChangesOf(Pointer sender, StringView account) {
+    if (sender == nullptr) return nullptr;
+    TPositionDictionary* const* changes =
+        static_cast<const TAccountPositionDictionary*>(sender)->Find(account);
+    return changes != nullptr ? *changes : nullptr;
+}
+
+} // namespace
+
+TCustomPositionDataControl::TCustomPositionDataControl(TComponent* AOwner)
+    : TCustomDataControl(AOwner), FComparer(std::make_unique<TCustomComparer>()) {
+    if (TCustomOrderAdapter* orders = TCustomOrderAdapter::GetInstance()) {
+        FMyOrder = orders->CreateClientOrder();
+    }
+    FClosePositionConfirmation = ReadFlag(ConfigKey::ConfirmationClosePosition);
+    TCustomPositionAdapter::GetInstance()->AddPositionMarketDataCallback(
+        MakeEvent<&TCustomPositionDataControl::PositionMarketDataUpdate>(this), this);
+    TCustomMarketAdapter::GetInstance()->AddSpreadListener(
+        MakeEvent<&TCustomPositionDataControl::SpreadUpdate>(this), this);
+    TCustomCurrencyAdapter::GetInstance()->AddCurrencyRatioCallback(
+        MakeEvent<&TCustomPositionDataControl::CurrencyRatioUpdate>(this), this);
+    ReadSettlementMarkets();
+    FT1SettlementIncludeDWQty = ReadFlag(ConfigKey::IncludeStockSIMaxSell);
+    FShowNegForShortPos = ReadFlag(ConfigKey::ShowNegForShortPos);
+}
+
+TCustomPositionDataControl::~TCustomPositionDataControl() {
+    OnDataChanged = nullptr;
+    TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
+    positions.RemovePositionMarketDataCallback(this);
+    positions.RemovePositionCallback(FAccount, this);
+    TCustomMarketAdapter::GetInstance()->RemoveSpreadListener(this);
+    TCustomCurrencyAdapter::GetInstance()->RemoveCurrencyRatioCallback(this);
+    FDataList.Clear();
+    FDataDictionary.Clear();
+}
+
+void TCustomPositionDataControl::ReadSettlementMarkets() {
+    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
+    const String markets = config.ReadString(config.GetCurrentSection(), ConfigKey::T1Market);
+    for (const StringView piece : Split(markets, u',')) {
+        const String code = UpperCase(Trim(piece));
+        FT1SettelementMarket.AddOrSetValue(code, code);
+    }
+}
+
+void TCustomPositionDataControl::ConfigUpdate(Pointer Sender, Pointer Data) {
+    TCustomDataControl::ConfigUpdate(Sender, Data);
+    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
+    FClosePositionConfirmation = ReadFlag(ConfigKey::ConfirmationClosePosition);
+    FAvgPriceMode = config.ReadInteger(config.GetCurrentSection(), ConfigKey::PVAvgPriceMode);
+}
+
+Boolean TCustomPositionDataControl::GetRowValue(Integer, Pointer&) {
+    return false;
+}
+
+Boolean TCustomPositionDataControl::GetColValue(Integer, Pointer&) {
+    return false;
+}
+
+TCustomPositionData* TCustomPositionDataControl::RecordAt(Integer RecordIndex) const {
+    if (!FDataList.Has(RecordIndex)) return nullptr;
+    TCustomPositionData* const* record = FDataDictionary.Find(FDataList[RecordIndex]);
+    return record != nullptr ? *record : nullptr;
+}
+
+void TCustomPositionDataControl::SetAccount(StringView Account) {
+    if (FAccount == Account) return;
+    const String account(Account); // the text may belong to what goes now
+    FDataList.Clear();
+    FDataDictionary.Clear();
+    TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
+    positions.ChangePositionAccount(
+        account, MakeEvent<&TCustomPositionDataControl::PositionUpdate>(this), this, FAccount);
+    FAccount = account;
+    TPositionDictionary held;
+    positions.GetPositionList(FAccount, held);
+    for (const auto& [symbol, record] : held) {
+        if (record != nullptr && IsOpen(*record)) TakeIn(symbol, record);
+    }
+    FDataList.Sort([this](const String& left, const String& right) {
+        return FComparer->Compare(left, right) < 0;
+    });
+    FireDataChanged();
+}
+
+void TCustomPositionDataControl::TakeIn(const String& symbol, TCustomPositionData* record) {
+    if (FDataDictionary.Add(symbol, record)) FDataList.Add(symbol);
+}
+
+// Searched from the end: what is passed on the way is what moves up when the row goes.
+void TCustomPositionDataControl::Drop(StringView symbol) {
+    if (!FDataDictionary.Remove(symbol)) return;
+    const Integer row = FDataList.LastIndexOf(symbol);
+    if (row >= 0) FDataList.Delete(row);
+}
+
+void TCustomPositionDataControl::PositionUpdate(Pointer Sender, Pointer) {
+    const TPositionDictionary* changes = ChangesOf(Sender, FAccount);
+    if (changes == nullptr) return;
+    Boolean seen = false;
+    for (const auto& [symbol, record] : *changes) {
+        seen = true;
+        if (record == nullptr) continue;
+        if (IsOpen(*record)) {
+            TakeIn(symbol, record);
+        } else {
+            Drop(symbol);
+        }
+    }
+    if (seen) FireDataChanged();
+}
+
+void TCustomPositionDataControl::PositionMarketDataUpdate(Pointer Sender, Pointer) {
+    if (FDataList.IsEmpty() || Sender == nullptr) return;
+    const auto& moved = *static_cast<const TAccountPositionDictionary*>(Sender);
+    if (moved.ContainsKey(FAccount)) FireDataChanged();
+}
+
+void TCustomPositionDataControl::SpreadUpdate(Pointer Sender, Pointer) {
+    if (Sender == nullptr) return;
+    for (const String& symbol : FDataDictionary.Keys()) {
+        TCustomPositionData* const* record = FDataDictionary.Find(symbol);
+        if (record == nullptr || *record == nullptr || !UsesSpread(**record, Sender)) continue;
+        FireDataChanged();
+        return;
+    }
+}
+
+Boolean TCustomPositionDataControl::UsesSpread(const TCustomPositionData& record, Pointer spreads) {
+    const TCustomSubItem* item = record.GetTicker();
+    if (item == nullptr) {
+        item = TCustomSubscribeAdapter::GetInstance()->GetSubItem(record.GetSymbol(), LiveDataType,
+                                                                  /*Flag=*/true);
+    }
+    return item != nullptr && static_cast<const TSpreadDictionary*>(spreads)->ContainsKey(
+                                  item->FieldText(Field::SpreadCode));
+}
+
+void TCustomPositionDataControl::CurrencyRatioUpdate(Pointer Sender, Pointer) {
+    if (Sender != nullptr && !FConvertCurrency.empty()) FireDataChanged();
+}
+
+void TCustomPositionDataControl::SetConvertCurrency(StringView Currency) {
+    if (FConvertCurrency == Currency) return;
+    FConvertCurrency = Currency;
+    FireDataChanged();
+}
+
+Boolean TCustomPositionDataControl::AddToFavorite(Integer RecordIndex) {
+    const TCustomPositionData* record = RecordAt(RecordIndex);
+    return record != nullptr &&
+           TCustomMarketAdapter::GetInstance()->AddFavorite(record->GetSymbol());
+}
+
+Boolean TCustomPositionDataControl::Watchable(Integer RecordIndex) {
+    const TCustomPositionData* record = RecordAt(RecordIndex);
+    if (record == nullptr || record->GetSymbol().empty()) return false;
+    return !TCustomMarketAdapter::GetInstance()->IsFavorite(record->GetSymbol());
+}
+
+} // namespace quorin

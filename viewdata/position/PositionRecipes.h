@@ -1,0 +1,40 @@
+#pragma once
+
+#include "viewdata/services/PositionData.h"
+#include "viewdata/services/SubscribeAdapter.h"
+
+namespace quorin {
+
+// What the position views say of a record beside its own figures.
+
+// Up to this size, whatever the sign, a quantity or price shows nothing.
+inline constexpr Double ShownTolerance = 1e-7;
+
+inline Boolean IsNearZero(Double value) {
+    return value <= ShownTolerance && value >= -ShownTolerance;
+}
+
+// What is held in the end.
+inline Double NetQuantity(const TCustomPositionData& record) {
+    return record.GetQuantity() - record.GetShortQuantity();
+}
+
+// The record's live item while its fields are valid; nil otherwise.
+const TCustomSubItem* LiveTicker(const TCustomPositionData& record);
+
+// The code that the product's market record holds, without a record its twin in the live ticker.
+String ExchangeCode(const TCustomPositionData& record);
+String CurrencyCode(const TCustomPositionData& record);
+// The same, translated.
+String ExchangeName(const TCustomPositionData& record);
+String CurrencyName(const TCustomPositionData& record);
+
+// When a future or option expires; empty where it does not say.
+String ExpiryText(const TCustomPositionData& record);
+
+// The number as an amount is shown, so that the raw value and the cell agree to the last decimal;
+// the number itself where that text is no number.
+Double RoundedAmount(Double value, StringView symbol);
+String AmountText(Double value, StringView symbol);
+
+} // namespace quorin
