@@ -129,6 +129,18 @@ void TcxFilterCriteriaItemList::RemoveItemByItemLink(TObject* itemLink) {
     });
 }
 
+void TcxFilterCriteriaItemList::Assign(const TcxFilterCriteriaItemList& other) {
+    FItems.clear();
+    FKind = other.FKind;
+    for (const auto& element : other.FItems) {
+        if (const auto* item = ObjectAs<TcxFilterCriteriaItem>(element.get())) {
+            AddItem(item->ItemLink(), item->OperatorKind(), item->Value(), item->DisplayValue());
+        } else if (const auto* list = ObjectAs<TcxFilterCriteriaItemList>(element.get())) {
+            AddItemList(list->BoolOperatorKind()).Assign(*list);
+        }
+    }
+}
+
 TcxFilterCriteriaItem* TcxFilterCriteriaItemList::FindItemByItemLink(TObject* itemLink) const {
     for (const auto& element : FItems) {
         if (auto* item = ObjectAs<TcxFilterCriteriaItem>(element.get())) {
@@ -166,10 +178,22 @@ bool ElementPasses(TcxFilterCriteriaElement& element, TcxFilterValues& values,
 
 } // namespace
 
+void TcxDataFilterCriteria::Refresh() {
+    FIsCaseInsensitive = (FOptions & OptionBit(fcoCaseInsensitive)) != 0;
+    FApplied.Clear();
+    if (FActive) FApplied.Assign(FRoot);
+    if (FOnApplied) FOnApplied(this);
+}
+
+void TcxDataFilterCriteria::ForgetItemLink(TObject* itemLink) {
+    FRoot.RemoveItemByItemLink(itemLink);
+    if (FApplied.FindItemByItemLink(itemLink) == nullptr) return;
+    FApplied.RemoveItemByItemLink(itemLink);
+    if (FOnApplied) FOnApplied(this);
+}
+
 Boolean TcxDataFilterCriteria::Passes(TcxFilterValues& values) const {
-    if (!IsFiltering()) return true;
-    const bool caseInsensitive = (FOptions & OptionBit(fcoCaseInsensitive)) != 0;
-    return ListPasses(FRoot, values, caseInsensitive);
+    return ListPasses(FApplied, values, FIsCaseInsensitive);
 }
 
 } // namespace quorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/rtl/TEvent.h"
 #include "platform/rtl/TObject.h"
 #include "platform/rtl/Variant.h"
 
@@ -80,6 +81,8 @@ class TcxFilterCriteriaItemList : public TcxFilterCriteriaElement {
     TcxFilterCriteriaItem& AddItem(TObject* itemLink, TcxFilterOperatorKind kind, Variant value,
                                    StringView displayValue);
     void Clear() { FItems.clear(); }
+    // Becomes a copy of the other list, down to the last item.
+    void Assign(const TcxFilterCriteriaItemList& other);
     // Removes the items of that column, at any depth, and the lists that are empty then.
     void RemoveItemByItemLink(TObject* itemLink);
     // The first item of that column, depth first; nil without one.
@@ -97,29 +100,36 @@ public:
     virtual Variant FilterValue(TObject* itemLink) = 0;
 };
 
-// The filter of a view: its criteria, and whether they count.
+// The filter of a view: its criteria, and whether they count. What is changed here counts for the
+// view from the next Refresh on.
 class TcxDataFilterCriteria : public TObject {
     QUORIN_CLASS(TcxDataFilterCriteria, TObject)
 
     TcxFilterCriteriaItemList& Root() { return FRoot; }
     const TcxFilterCriteriaItemList& Root() const { return FRoot; }
     Boolean Active() const { return FActive; }
-    // Counts with the next Refresh, as every change of the criteria.
     void SetActive(Boolean Value) { FActive = Value; }
     TcxFilterCriteriaOptions GetOptions() const { return FOptions; }
     void SetOptions(TcxFilterCriteriaOptions Value) { FOptions = Value; }
     void RemoveItemByItemLink(TObject* itemLink) { FRoot.RemoveItemByItemLink(itemLink); }
-    // Tells the view to filter again.
-    virtual void Refresh() {}
+    // Puts the criteria into effect.
+    void Refresh();
+    // The column dies: what it filtered counts no more, at once.
+    void ForgetItemLink(TObject* itemLink);
+    // Raised when what counts has changed.
+    void SetOnApplied(const TNotifyEvent& event) { FOnApplied = event; }
 
-    // True while it lets some records pass and others not.
-    Boolean IsFiltering() const { return FActive && FRoot.GetCount() > 0; }
+    // Some criteria are in effect.
+    Boolean IsFiltering() const { return FApplied.GetCount() > 0; }
     Boolean Passes(TcxFilterValues& values) const;
 
 private:
     TcxFilterCriteriaItemList FRoot;
+    TcxFilterCriteriaItemList FApplied;
+    TNotifyEvent FOnApplied;
     TcxFilterCriteriaOptions FOptions = 0;
     Boolean FActive = false;
+    Boolean FIsCaseInsensitive = false; // in effect
 };
 
 } // namespace quorin
