@@ -99,6 +99,12 @@ class TView : public TPositionViewDataControl {
     }
     using TPositionViewDataControl::FAggregatePositionList;
 
+    std::function<void(Integer row, Integer attribute, Variant& value)> InGetValue;
+    Variant GetValue(Integer row, Integer attribute) override {
+        Variant value = Inherited::GetValue(row, attribute);
+        if (InGetValue) InGetValue(row, attribute, value);
+        return value;
+    }
     TCustomPositionData* Record(Integer row) const { return RecordAt(row); }
     // "00700:100 HSIF:5", the symbols with their quantities.
     String Rows() const {
