@@ -310,14 +310,16 @@ TEST_F(TPositionViewClosesTest, SumsCloseInTheMasterAccount) {
 TEST_F(TPositionViewClosesTest, ABatchClosesWhatItBeganWith) {
     const std::pair<const char*, std::function<void()>> blows[] = {
         {"rebuild", [this] { View->RefreshDataList(); }},
-        {"update", [this] {
+        {"update",
+         [this] {
              Hold(u"S1", u"00700", 1.0);
              Deliver();
          }},
         {"filter", [this] { View->SetFilterCurrency(u"XXX"); }},
         {"plain", [this] { View->SetAggregate(); }},
         {"account", [this] { View->SetAccount(u"A1"); }},
-        {"twice", [this] {
+        {"twice",
+         [this] {
              View->SetAccount({});
              View->SetAccount(u"M1");
              View->RefreshDataList();
@@ -345,7 +347,8 @@ TEST_F(TPositionViewClosesTest, ABatchClosesWhatItBeganWith) {
             EXPECT_TRUE(View->CloseAllPositions()) << name;
             const String log = TakeLog();
             EXPECT_NE(log.find(u"symbol 00700|account M1|quantity 500|" + String(Tail)),
-                      String::npos) << name << ToUtf8(log);
+                      String::npos)
+                << name << ToUtf8(log);
             EXPECT_NE(log.find(second), String::npos) << name << ToUtf8(log);
             View->CheckInvariants();
         }

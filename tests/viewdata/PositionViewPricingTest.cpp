@@ -74,8 +74,8 @@ TEST_F(TPositionViewPricingTest, MarkingPrice) {
         {"bid tiny", true, true, true, TSide::Long, option, u"1=0.00000001,16=100", 1e-8},
         {"ask no number", true, true, true, TSide::Short, option, u"2=x,3=9,19=200", 7},
         {"ask quantity absent", true, true, true, TSide::Short, option, u"2=6,3=9,16=100", 7},
-        {"ask quantity of 33 bits", true, false, true, TSide::Short, option,
-         u"2=6,19=5000000000", 6},
+        {"ask quantity of 33 bits", true, false, true, TSide::Short, option, u"2=6,19=5000000000",
+         6},
         {"middle, future long", false, true, true, TSide::Long, future, u"1=6,3=9", 6},
         {"middle, option long", false, true, true, TSide::Long, option, u"1=6,3=9", 6},
         {"middle, bid absent: the lower", false, true, true, TSide::Long, future, u"3=9", 5},
@@ -100,12 +100,12 @@ TEST_F(TPositionViewPricingTest, MarkingPrice) {
     }
     EXPECT_FALSE(View->IsMarketOpen(u"NOWHERE"));
     SetConfig(ConfigKey::MiddlePLPrice, u"0"); // read when the view is made, and only then
-    EXPECT_EQ(View->GetPLPrice(&Hold(u"A1", u"TCHC",
-                                     TPositionFigures{.Side = TSide::Long,
-                                                      .ProdType = future,
-                                                      .Nominal = 7,
-                                                      .PClose = 12})),
-              9) << "the median of 9, 12 and the bid of 4";
+    EXPECT_EQ(
+        View->GetPLPrice(&Hold(
+            u"A1", u"TCHC",
+            TPositionFigures{.Side = TSide::Long, .ProdType = future, .Nominal = 7, .PClose = 12})),
+        9)
+        << "the median of 9, 12 and the bid of 4";
 }
 
 TEST_F(TPositionViewPricingTest, AverageCost) {
@@ -117,14 +117,37 @@ TEST_F(TPositionViewPricingTest, AverageCost) {
     };
     constexpr TCase cases[] = {
         {"net", {.BODQuantity = 100, .BODPrice = 10}, untouched},
-        {"long", {.Side = TSide::Long, .BODQuantity = 100, .TodayBuyQty = 100,
-                  .TodayBuyAmount = 1200, .TodaySellQty = 5, .BODPrice = 10}, 11},
-        {"long without start price", {.Side = TSide::Long, .BODQuantity = 100, .TodayBuyQty = 100,
-                                      .TodayBuyAmount = 1200, .BODPrice = 1e-7, .PClose = 9}, 10.5},
-        {"short", {.Side = TSide::Short, .BODQuantity = 100, .TodayBuyQty = 5, .TodaySellQty = 50,
-                   .TodaySellAmount = 700, .BODPrice = 13}, 2000.0 / 150.0},
-        {"short without start price", {.Side = TSide::Short, .BODQuantity = 100, .TodaySellQty = 100,
-                                       .TodaySellAmount = 1200, .PClose = 9}, 10.5},
+        {"long",
+         {.Side = TSide::Long,
+          .BODQuantity = 100,
+          .TodayBuyQty = 100,
+          .TodayBuyAmount = 1200,
+          .TodaySellQty = 5,
+          .BODPrice = 10},
+         11},
+        {"long without start price",
+         {.Side = TSide::Long,
+          .BODQuantity = 100,
+          .TodayBuyQty = 100,
+          .TodayBuyAmount = 1200,
+          .BODPrice = 1e-7,
+          .PClose = 9},
+         10.5},
+        {"short",
+         {.Side = TSide::Short,
+          .BODQuantity = 100,
+          .TodayBuyQty = 5,
+          .TodaySellQty = 50,
+          .TodaySellAmount = 700,
+          .BODPrice = 13},
+         2000.0 / 150.0},
+        {"short without start price",
+         {.Side = TSide::Short,
+          .BODQuantity = 100,
+          .TodaySellQty = 100,
+          .TodaySellAmount = 1200,
+          .PClose = 9},
+         10.5},
         {"long of 5e-8", {.Side = TSide::Long, .BODQuantity = 5e-8, .BODPrice = 10}, untouched},
         {"long of 1e-7", {.Side = TSide::Long, .TodayBuyQty = 1e-7}, untouched},
         {"long of 2e-7", {.Side = TSide::Long, .BODQuantity = 2e-7, .BODPrice = 10}, 10},
@@ -230,7 +253,7 @@ TEST_F(TPositionViewPricingTest, AcceptValue) {
     Services().Products().FeedProduct(u"AU12", {}).SetMarginRatio(0.5);
     Services().Products().FeedProduct(u"GHOST", {}).SetMarginRatio(0.5);
     Services().Products().FeedProduct(u"HSIF", {}).SetMarginRatio(0.5); // no price
-    Services().Products().FeedProduct(u"00005", {});                   // no ratio
+    Services().Products().FeedProduct(u"00005", {});                    // no ratio
     SetField(u"AU12", Field::LastPrice, 4.0);
     SetField(u"00005", Field::LastPrice, 4.0);
     SetField(u"00700", Field::LastPrice, 4.0); // no product

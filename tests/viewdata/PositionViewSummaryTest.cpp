@@ -19,7 +19,8 @@ struct TPositionViewSummaryTest : TPositionViewTest {
         View->SetAccount(u"A1");
         Status = u"left over";
         String info = View->GetAccountInfo(Status);
-        for (std::size_t end; (end = info.find(u"\r\n")) != String::npos;) info.replace(end, 2, u"|");
+        for (std::size_t end; (end = info.find(u"\r\n")) != String::npos;)
+            info.replace(end, 2, u"|");
         return info;
     }
     void FollowStatus() {
@@ -52,7 +53,8 @@ TEST_F(TPositionViewSummaryTest, Details) {
         {"patterns in texts", {.Name = u"%s", .MarginType = 3, .Title = u"%s"}, u"Name: %s %s"},
         {"telephone alone", {.MarginType = 3, .Tel = u"1"}, u"|Tel: 1"},
         {"mobile alone", {.MarginType = 3, .Mobile = u"3"}, u"|Mobile: 3"},
-        {"all numbers", {.MarginType = 3, .Tel = u"1", .HomeTel = u"2", .Mobile = u"3"},
+        {"all numbers",
+         {.MarginType = 3, .Tel = u"1", .HomeTel = u"2", .Mobile = u"3"},
          u"|Tel: 1   Home: 2   Mobile: 3"},
         {"cash", {.MarginType = 0}, u"|Cash"},
         {"margin with group", {.MarginType = 1, .GroupID = u"G7"}, u"|Margin(G7)"},
@@ -65,15 +67,18 @@ TEST_F(TPositionViewSummaryTest, Details) {
         {"another feature", feature, u""},
         {"holder", {.MarginType = 3, .NationalID = u"X1", .Gender = u"F"}, u"|ID: X1   Gender: F"},
         {"gender", {.MarginType = 1, .Gender = u"F"}, u"|Margin   Gender: F"},
-        {"three lines", {.Name = u"Chan", .MarginType = 0, .Mobile = u"3"},
+        {"three lines",
+         {.Name = u"Chan", .MarginType = 0, .Mobile = u"3"},
          u"Name: Chan|Mobile: 3|Cash"},
         {"investor alone", {.MarginType = 3, .InvestorClass = u"PRO"}, u"|Professional investor"},
         {"another investor", {.MarginType = 0, .InvestorClass = u"RETAIL"}, u"|Cash"},
         {"investor", {.MarginType = 0, .InvestorClass = u"PRO"}, u"|(Professional investor)Cash"},
         // The mark in brackets has 23 units, "ID: " has 4.
-        {"50 units", {.MarginType = 3, .NationalID = String(23, u'x'), .InvestorClass = u"PRO"},
+        {"50 units",
+         {.MarginType = 3, .NationalID = String(23, u'x'), .InvestorClass = u"PRO"},
          u"|(Professional investor)ID: xxxxxxxxxxxxxxxxxxxxxxx"},
-        {"51 units", {.MarginType = 3, .NationalID = String(24, u'x'), .InvestorClass = u"PRO"},
+        {"51 units",
+         {.MarginType = 3, .NationalID = String(24, u'x'), .InvestorClass = u"PRO"},
          u"|(P.I.)ID: xxxxxxxxxxxxxxxxxxxxxxxx"},
         {"51 units of 50 characters",
          {.MarginType = 3, .NationalID = String(22, u'x') + u"\U00020000", .InvestorClass = u"PRO"},
@@ -199,7 +204,8 @@ TEST_F(TPositionViewSummaryTest, DetailsLoaded) {
 TEST_F(TPositionViewSummaryTest, PrincipalType) {
     constexpr struct {
         StringView Type, Text;
-    } cases[] = {{u"A", u"Arbitrage"}, {u"S", u"Speculation"}, {u"G", u"Hedge"}, {u"a", u""},
+    } cases[] = {{u"A", u"Arbitrage"}, {u"S", u"Speculation"},
+                 {u"G", u"Hedge"},     {u"a", u""},
                  {u"", u""},           {u"AG", u""}};
     TEmbeddedPositionData record(u"HSIF", u"A2"); // the view's account counts
     for (const auto& row : cases) {
