@@ -1,0 +1,53 @@
+#include "viewdata/editors/LinkedField.h"
+
+#include <algorithm>
+
+namespace quorin {
+
+TEditorSharing& EditorSharing() {
+    static TEditorSharing sharing;
+    return sharing;
+}
+
+String OfferedValue(Pointer notification, Integer channel, StringView groupID, Integer followBit) {
+    const Integer mode = EditorSharing().GroupDataMode;
+    const Boolean keepsApart = mode >= 0;
+    if (const auto* offer = ObjectAs<TCustomListObject>(notification)) {
+        if (keepsApart && (!groupID.empty() || (mode & followBit) == 0)) return String();
+        return offer->IsEmpty() ? String() : offer->GetText();
+    }
+    if (const auto* change = ObjectAs<TCustomGroupData>(notification)) {
+        if (keepsApart && change->GetGroupID() != groupID) return String();
+        return change->GetChannel() == channel ? change->GetChannelValue(channel) : String();
+    }
+    return String();
+}
+
+String SharedValue(Integer channel, StringView groupID) {
+    const TCustomGlobalChannelManager& channels = *TCustomGlobalChannelManager::GetInstance();
+    return groupID.empty() ? channels.GetChannelValue(channel)
+                           : channels.GetGroupValue(groupID, channel);
+}
+
+void SizePopup(TcxPopupEdit& editor, const TPopupSize& size) {
+    TcxPopupEditProperties& properties = editor.Properties();
+    properties.SetPopupHeight(size.Height);
+    properties.SetPopupWidth(std::max(size.SmallestWidth, editor.Width()));
+    properties.SetPopupMinHeight(size.MinHeight);
+    properties.SetPopupMinWidth(size.MinWidth);
+}
+
+void WidenPopup(TcxPopupEdit& editor, Integer smallestWidth) {
+    const Integer width = std::max(smallestWidth, editor.Width());
+    editor.Properties().SetPopupWidth(width);
+    TControl* control = editor.Properties().PopupControl();
+    if (control != nullptr && control->Parent() != nullptr) control->Parent()->SetWidth(width);
+}
+
+void ClosePopup(TcxPopupEdit* editor) {
+    if (editor == nullptr) return;
+    TControl* control = editor->Properties().PopupControl();
+    if (control != nullptr && control->Parent() != nullptr) control->Parent()->Hide();
+}
+
+} // namespace quorin
