@@ -22,70 +22,38 @@ struct TAggregatePositionTest : TPositionViewTest {
     }
 };
 
-using TGetter = Double (TCustomPositionData::*)() const;
-using TFigure = Double TPositionFigures::*;
-struct TSummed {
-    const char* Name;
-    TFigure Figure;
-    TGetter Getter;
-};
-constexpr TSummed Summed[] = {
-    {"quantity", &TPositionFigures::Quantity, &TCustomPositionData::GetQuantity},
-    {"start", &TPositionFigures::BODQuantity, &TCustomPositionData::GetBODQuantity},
-    {"short", &TPositionFigures::ShortQuantity, &TCustomPositionData::GetShortQuantity},
-    {"start short", &TPositionFigures::BODShortQuantity, &TCustomPositionData::GetBODShortQuantity},
-    {"bought", &TPositionFigures::TodayBuyQty, &TCustomPositionData::GetTodayBuyQty},
-    {"paid", &TPositionFigures::TodayBuyAmount, &TCustomPositionData::GetTodayBuyAmount},
-    {"sold", &TPositionFigures::TodaySellQty, &TCustomPositionData::GetTodaySellQty},
-    {"received", &TPositionFigures::TodaySellAmount, &TCustomPositionData::GetTodaySellAmount},
-    {"to buy", &TPositionFigures::TodayPendBuyQty, &TCustomPositionData::GetTodayPendBuyQty},
-    {"to sell", &TPositionFigures::TodayPendSellQty, &TCustomPositionData::GetTodayPendSellQty},
-    {"withdrawn", &TPositionFigures::WithdrawQty, &TCustomPositionData::GetWithdrawQty},
-    {"deposited", &TPositionFigures::DepositQty, &TCustomPositionData::GetDepositQty},
-    {"covered", &TPositionFigures::CoveredQty, &TCustomPositionData::GetCoveredQty},
-    {"custody", &TPositionFigures::CustodianQty, &TCustomPositionData::GetCustodianQty},
-    {"to custody", &TPositionFigures::PendCustodianQty, &TCustomPositionData::GetPendCustodianQty},
-};
-constexpr TSummed NotSummed[] = {
-    {"start price", &TPositionFigures::BODPrice, &TCustomPositionData::GetBODPrice},
-    {"brought forward", &TPositionFigures::InitPL, &TCustomPositionData::GetInitPL},
-    {"realised", &TPositionFigures::RealPL, &TCustomPositionData::GetRealPL},
-    {"executed", &TPositionFigures::ExePL, &TCustomPositionData::GetExePL},
-    {"average FIFN", &TPositionFigures::AvgPriceFIFN, &TCustomPositionData::GetAvgPriceFIFN},
-    {"average mixed", &TPositionFigures::AvgPriceMixed, &TCustomPositionData::GetAvgPriceMixed},
-    {"average in", &TPositionFigures::AvgPriceIn, &TCustomPositionData::GetAvgPriceIn},
-};
-
 TEST_F(TAggregatePositionTest, SumsFifteenFiguresAsTheyAre) {
+    static_assert(std::size(Quantities) == 15);
     TPositionFigures first{.Side = TPositionSide::Long};
     TPositionFigures second{.Side = TPositionSide::Short};
-    Double step = 1.0;
-    for (const TSummed& field : Summed) {
-        first.*field.Figure = step;
-        second.*field.Figure = 100.0 * step;
-        step += 1.0;
+    Double step = 0.0;
+    for (const TNamedFigure& figure : Quantities) {
+        first.*figure.Figure = ++step;
+        second.*figure.Figure = 100.0 * step;
     }
-    for (const TSummed& field : NotSummed) first.*field.Figure = second.*field.Figure = 3.0;
+    for (const TNamedFigure& figure : Prices) first.*figure.Figure = second.*figure.Figure = 3.0;
     TEmbeddedPositionData held(u"HSIF", u"S1");
     TAggregatePositionData row(u"00700", u"M1");
-    for (const TSummed& field : Summed) EXPECT_EQ((row.*field.Getter)(), 0.0) << field.Name;
-
+    const auto expect = [&row](Double unit) {
+        Double expected = 0.0;
+        for (const TNamedFigure& figure : Quantities) {
+            EXPECT_EQ((row.*figure.Getter)(), expected += unit) << ToUtf8(figure.Name);
+        }
+        for (const TNamedFigure& figure : Prices) {
+            EXPECT_EQ((row.*figure.Getter)(), 0.0) << ToUtf8(figure.Name);
+        }
+    };
+    expect(0.0);
     held.SetFigures(second);
     row.AssignPositionData(&held);
+    expect(100.0);
     held.SetFigures(first);
     row.AssignPositionData(&held); // replaces
-    step = 1.0;
-    for (const TSummed& field : Summed) EXPECT_EQ((row.*field.Getter)(), step++) << field.Name;
+    expect(1.0);
     held.SetFigures(second);
     row.IncPositionData(&held);
-    step = 101.0;
-    for (const TSummed& field : Summed) {
-        EXPECT_EQ((row.*field.Getter)(), step) << field.Name;
-        step += 101.0;
-    }
-    for (const TSummed& field : NotSummed) EXPECT_EQ((row.*field.Getter)(), 0.0) << field.Name;
-    EXPECT_EQ(row.GetAccount(), u"M1");
-    EXPECT_EQ(row.GetSymbol(), u"00700");
+    expect(101.0);
+    EXPECT_EQ(row.GetAccount() + u' ' + row.GetSymbol(), u"M1 00700");
     EXPECT_EQ(row.GetSide(), TPositionSide::Net);
     EXPECT_EQ(row.GetTicker(), &Item(u"00700"));
     EXPECT_EQ(row.GetProdType(), StockProductType);

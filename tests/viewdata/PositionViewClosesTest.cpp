@@ -1,3 +1,4 @@
+#include "tests/viewdata/OrderLog.h"
 #include "tests/viewdata/PositionViewFixture.h"
 #include "viewdata/services/ChannelMessages.h"
 
@@ -7,81 +8,6 @@ namespace quorin {
 namespace {
 
 using TSide = TPositionSide;
-
-// Writes down every call that fills it.
-class TLoggedOrder : public TEmbeddedClientOrder {
-    QUORIN_CLASS(TLoggedOrder, TEmbeddedClientOrder)
-public:
-    explicit TLoggedOrder(String& log) : FLog(log) {}
-
-    void SetAccount(StringView account) override {
-        Log(u"account ", account);
-        Inherited::SetAccount(account);
-    }
-    void SetSymbol(StringView symbol) override {
-        Log(u"symbol ", symbol);
-        Inherited::SetSymbol(symbol);
-    }
-    void SetQuantity(Double quantity) override {
-        Log(u"quantity ", Variant(quantity).ToText());
-        Inherited::SetQuantity(quantity);
-    }
-    void SetPrice(Double price) override {
-        Log(u"price ", Variant(price).ToText());
-        Inherited::SetPrice(price);
-    }
-    void SetBuySell(Integer side) override {
-        Log(side == OrderSide::Sell ? u"sell" : u"buy", {});
-        Inherited::SetBuySell(side);
-    }
-    void SetOrderFlags(Integer flags) override {
-        Log(u"flags ", Variant(flags).ToText());
-        Inherited::SetOrderFlags(flags);
-    }
-    void SetExtraValue(StringView key, StringView value) override {
-        Log(key, u"=" + String(value));
-        Inherited::SetExtraValue(key, value);
-    }
-    void Clear() override {
-        Log(u"clear", {});
-        Inherited::Clear();
-        Inherited::SetOrderFlags(4); // an option of the order that no close may drop
-    }
-
-private:
-    void Log(StringView what, StringView value) { FLog += String(what) + String(value) + u'|'; }
-    String& FLog;
-};
-
-class TLoggedOrders : public TCustomOrderAdapter {
-public:
-    explicit TLoggedOrders(String& log) : FLog(log) {}
-    std::unique_ptr<TCustomClientOrder> CreateClientOrder() override {
-        return std::make_unique<TLoggedOrder>(FLog);
-    }
-
-private:
-    String& FLog;
-};
-
-class TLoggedActions : public TCustomOrderActionManager {
-public:
-    explicit TLoggedActions(String& log) : FLog(log) {}
-    Boolean TakeOrderAction(TObject* owner, TCustomClientOrder*, Integer action,
-                            Boolean flag) override {
-        EXPECT_EQ(owner, nullptr);
-        EXPECT_EQ(action, OrderAction::Place);
-        EXPECT_TRUE(flag);
-        FLog += u"take\n";
-        if (InTake) InTake();
-        return Answer;
-    }
-    Boolean Answer = true;
-    std::function<void()> InTake;
-
-private:
-    String& FLog;
-};
 
 struct TPositionViewClosesTest : TPositionViewTest {
     TPositionViewClosesTest() {
@@ -105,6 +31,16 @@ struct TPositionViewClosesTest : TPositionViewTest {
         if (InMessage) InMessage(number, data);
         return true;
     }
+    // The record of a question; its list, if there is one, is the test's from here on.
+    TOrderTakeActionRecord& Question(Pointer data, StringView message) {
+        auto& record = *static_cast<TOrderTakeActionRecord*>(data);
+        List.reset(ObjectAs<TCustomPositionDataControl>(record.Order));
+        EXPECT_EQ(record.Action, OrderAction::Place);
+        EXPECT_EQ(record.Source, 602);
+        EXPECT_EQ(record.Message, message);
+        EXPECT_FALSE(record.Result);
+        return record;
+    }
     // The one row, of that side and quantity.
     void ShowOne(TSide side, Double quantity) {
         Hold(u"A1", u"00700", {.Side = side, .Quantity = quantity});
@@ -118,7 +54,11 @@ struct TPositionViewClosesTest : TPositionViewTest {
     TCustomOrderAdapter* RealOrders = TCustomOrderAdapter::GetInstance();
     TCustomOrderActionManager* RealActions = TCustomOrderActionManager::GetInstance();
     std::function<void(Integer, Pointer)> InMessage;
+    std::unique_ptr<TCustomPositionDataControl> List;
 };
+
+constexpr StringView OneQuestion = u"Close this position?";
+constexpr StringView AllQuestion = u"Close all of these positions at the market?";
 
 constexpr StringView LimitQuestion =
     u"The position is larger than the largest order, 2,000,000,000. Close 2,000,000,000 of it?";
@@ -197,17 +137,13 @@ TEST_F(TPositionViewClosesTest, SizeQuestion) {
 TEST_F(TPositionViewClosesTest, Confirmation) {
     Confirm(true);
     for (const bool answer : {false, true}) {
-        InMessage = [answer](Integer number, Pointer data) {
+        InMessage = [this, answer](Integer number, Pointer data) {
             EXPECT_EQ(number, ChannelMessage::TakeOrderAction);
-            auto& record = *static_cast<TOrderTakeActionRecord*>(data);
+            TOrderTakeActionRecord& record = Question(data, OneQuestion);
             const auto* order = ObjectAs<TEmbeddedClientOrder>(record.Order);
             ASSERT_NE(order, nullptr);
             const String* flag = order->Values().ExtraValues.Find(ClosePositionFlagKey);
             EXPECT_TRUE(flag != nullptr && *flag == u"Y");
-            EXPECT_EQ(record.Action, OrderAction::Place);
-            EXPECT_EQ(record.Source, 602);
-            EXPECT_EQ(record.Message, u"Close this position?");
-            EXPECT_FALSE(record.Result);
             record.Result = answer;
         };
         ShowOne(TSide::Short, 300);
@@ -236,24 +172,17 @@ TEST_F(TPositionViewClosesTest, BatchOfAllSides) {
 
     Confirm(true);
     for (const bool answer : {false, true}) {
-        std::unique_ptr<TPositionViewCloseAllPositionDataControl> list;
         InMessage = [&](Integer number, Pointer data) {
             EXPECT_EQ(number, ChannelMessage::CloseAllPositions);
-            auto& record = *static_cast<TOrderTakeActionRecord*>(data);
-            list.reset(ObjectAs<TPositionViewCloseAllPositionDataControl>(record.Order));
-            EXPECT_EQ(record.Action, OrderAction::Place);
-            EXPECT_EQ(record.Source, 602);
-            EXPECT_EQ(record.Message, u"Close all of these positions at the market?");
-            EXPECT_FALSE(record.Result);
-            record.Result = answer;
+            Question(data, AllQuestion).Result = answer;
         };
         EXPECT_EQ(View->CloseAllPositions(), answer);
         EXPECT_EQ(TakeLog(), u"message 18012\n" + (answer ? all : String()));
-        ASSERT_NE(list, nullptr);
-        EXPECT_EQ(list->Account(), u"A1");
-        EXPECT_EQ(list->Owner(), nullptr);
-        EXPECT_EQ(list->GetCount(), 4);
-        const TColumnList* columns = list->GetColList();
+        ASSERT_NE(ObjectAs<TPositionViewCloseAllPositionDataControl>(List.get()), nullptr);
+        EXPECT_EQ(List->Account(), u"A1");
+        EXPECT_EQ(List->Owner(), nullptr);
+        EXPECT_EQ(List->GetCount(), 4);
+        const TColumnList* columns = List->GetColList();
         ASSERT_NE(columns, nullptr);
         String text;
         for (const TColumnInfo* column : *columns) {
@@ -273,7 +202,7 @@ TEST_F(TPositionViewClosesTest, BatchWithNothingToClose) {
     Host().ExpectMessage(message);
     EXPECT_FALSE(View->CloseAllPositions());
     SetConfig(ConfigKey::DisplayZeroQty, u"1");
-    Hold(u"A1", u"00700", {.Quantity = 0.0, .TodayBuyQty = 1, .TodaySellQty = 1});
+    Hold(u"A1", u"00700", u"buy=1 sell=1");
     Show(u"A1");
     EXPECT_EQ(View->Rows(), u"00700:0");
     Host().ExpectMessage(message);
@@ -292,13 +221,10 @@ TEST_F(TPositionViewClosesTest, SumsCloseInTheMasterAccount) {
     const String first = u"|symbol 00700|account M1|";
     EXPECT_EQ(TakeLog(), u"clear|flags 5|sell" + first + u"price 0|quantity 500|" + String(Tail));
     Confirm(true);
-    InMessage = [](Integer, Pointer data) {
-        auto& record = *static_cast<TOrderTakeActionRecord*>(data);
-        const std::unique_ptr<TCustomPositionDataControl> list(
-            ObjectAs<TCustomPositionDataControl>(record.Order));
-        EXPECT_EQ(list->GetCount(), 1) << "the master's own";
-        EXPECT_EQ(Kinded(list->GetValue(0, PositionAttribute::LongQuantity)), u"300");
-        record.Result = true;
+    InMessage = [this](Integer, Pointer data) {
+        Question(data, AllQuestion).Result = true;
+        EXPECT_EQ(List->GetCount(), 1) << "the master's own";
+        EXPECT_EQ(Kinded(List->GetValue(0, PositionAttribute::LongQuantity)), u"300");
     };
     EXPECT_TRUE(View->CloseAllPositions());
     EXPECT_EQ(TakeLog(), u"message 18012\nclear|flags 5|price 0|sell" + first + u"quantity 500|" +
@@ -310,20 +236,11 @@ TEST_F(TPositionViewClosesTest, SumsCloseInTheMasterAccount) {
 TEST_F(TPositionViewClosesTest, ABatchClosesWhatItBeganWith) {
     const std::pair<const char*, std::function<void()>> blows[] = {
         {"rebuild", [this] { View->RefreshDataList(); }},
-        {"update",
-         [this] {
-             Hold(u"S1", u"00700", 1.0);
-             Deliver();
-         }},
+        {"update", [this] { Hold(u"S1", u"00700", 1.0), Deliver(); }},
         {"filter", [this] { View->SetFilterCurrency(u"XXX"); }},
         {"plain", [this] { View->SetAggregate(); }},
         {"account", [this] { View->SetAccount(u"A1"); }},
-        {"twice",
-         [this] {
-             View->SetAccount({});
-             View->SetAccount(u"M1");
-             View->RefreshDataList();
-         }},
+        {"away and back", [this] { View->SetAccount({}), View->SetAccount(u"M1"); }},
     };
     const String second = u"symbol HSIF|account M1|quantity 5|" + String(Tail);
     for (const bool confirm : {false, true}) {
@@ -339,10 +256,8 @@ TEST_F(TPositionViewClosesTest, ABatchClosesWhatItBeganWith) {
             TakeLog();
             Actions.InTake = confirm ? nullptr : blow;
             InMessage = [&, &strike = blow](Integer, Pointer data) {
-                auto& record = *static_cast<TOrderTakeActionRecord*>(data);
-                const std::unique_ptr<TObject> list(record.Order);
+                Question(data, AllQuestion).Result = true;
                 strike();
-                record.Result = true;
             };
             EXPECT_TRUE(View->CloseAllPositions()) << name;
             const String log = TakeLog();
@@ -368,10 +283,8 @@ TEST_F(TPositionViewClosesTest, NoSecondActionWhileOneWaits) {
     InMessage = [&](Integer number, Pointer data) {
         tryAll();
         if (number == ChannelMessage::CopyPrice) return;
-        auto& record = *static_cast<TOrderTakeActionRecord*>(data);
-        const std::unique_ptr<TCustomPositionDataControl> list(
-            ObjectAs<TCustomPositionDataControl>(record.Order));
-        record.Result = true;
+        const bool isOne = number == ChannelMessage::TakeOrderAction;
+        Question(data, isOne ? OneQuestion : AllQuestion).Result = true;
     };
     Actions.InTake = tryAll;
     View->CopySymbol(0);
@@ -393,36 +306,35 @@ TEST_F(TPositionViewClosesTest, CopySymbol) {
     };
     constexpr struct {
         const char* Name;
-        TPositionFigures Figures;
-        StringView Quantity;
+        StringView Figures, Quantity;
     } cases[] = {
-        {"available", {.Quantity = 300, .TodayPendSellQty = 100}, u"200"},
-        {"below 0", {.Quantity = 300, .TodayPendSellQty = 400}, u"0"},
-        {"short", {.Quantity = -300}, u"0"},
-        {"above the limit", {.Quantity = 3e9}, u"2000000000"},
-        {"sided", {.Side = TSide::Short, .Quantity = 300}, u"300"},
+        {"available", u"qty=300 psell=100", u"200"},
+        {"below 0", u"qty=300 psell=400", u"0"},
+        {"short", u"qty=-300", u"0"},
+        {"large", u"qty=3e9", u"2000000000"},
+        {"sided", u"short qty=300", u"300"},
+    };
+    const auto copied = [](StringView account, StringView quantity, StringView price) {
+        return u"clear|sell|account " + String(account) + u"|symbol 00700|quantity " +
+               String(quantity) + u"|price " + String(price) + u"|message 18016\n";
     };
     for (const auto& row : cases) {
         Hold(u"A1", u"00700", row.Figures);
         Show(u"");
         Show(u"A1");
         View->CopySymbol(0);
-        EXPECT_EQ(TakeLog(), u"clear|sell|account A1|symbol 00700|quantity " +
-                                 String(row.Quantity) + u"|price 10|message 18016\n")
-            << row.Name;
+        EXPECT_EQ(TakeLog(), copied(u"A1", row.Quantity, u"10")) << row.Name;
     }
     for (const Integer row : {-1, 1}) View->CopySymbol(row);
     EXPECT_EQ(TakeLog(), u"");
-    Services().Positions().FeedPosition(u"A1", u"00700", {.Quantity = 300}); // no ticker
+    HoldBare(u"00700", u"qty=300");
     View->CopySymbol(0);
-    EXPECT_EQ(TakeLog(), u"clear|sell|account A1|symbol 00700|quantity 300|price 0|"
-                         u"message 18016\n");
+    EXPECT_EQ(TakeLog(), copied(u"A1", u"300", u"0")) << "no ticker, no price";
     Hold(u"M1", u"00700", 300.0);
     Hold(u"S1", u"00700", 200.0);
     Show(u"M1", /*aggregated=*/true);
     View->CopySymbol(0);
-    EXPECT_EQ(TakeLog(), u"clear|sell|account M1|symbol 00700|quantity 500|price 10|"
-                         u"message 18016\n");
+    EXPECT_EQ(TakeLog(), copied(u"M1", u"500", u"10"));
 }
 
 } // namespace

@@ -8,51 +8,12 @@ namespace {
 namespace A = PositionViewAttribute;
 
 // Every figure another one, so that no getter passes for its neighbour.
-constexpr TPositionFigures Base{.Quantity = 300.0,
-                                .BODQuantity = 100.0,
-                                .ShortQuantity = 40.0,
-                                .BODShortQuantity = 7.0,
-                                .TodayBuyQty = 200.0,
-                                .TodayBuyAmount = 2600.0,
-                                .TodaySellQty = 50.0,
-                                .TodaySellAmount = 800.0,
-                                .TodayPendBuyQty = 11.0,
-                                .TodayPendSellQty = 13.0,
-                                .WithdrawQty = 3.0,
-                                .DepositQty = 5.0,
-                                .CoveredQty = 17.0,
-                                .BODPrice = 10.0,
-                                .ProdType = StockProductType,
-                                .Nominal = 15.0,
-                                .PClose = 9.0,
-                                .InitPL = 1234.5,
-                                .RealPL = 100.125,
-                                .ExePL = 65.5,
-                                .AvgPriceFIFN = 21.0,
-                                .AvgPriceMixed = 22.0,
-                                .AvgPriceIn = 23.0,
-                                .CustodianQty = 19.0,
-                                .PendCustodianQty = 29.0};
-constexpr TPositionFigures OfSub{.Side = TPositionSide::Short,
-                                 .Quantity = 100.0,
-                                 .BODQuantity = 60.0,
-                                 .ShortQuantity = 10.0,
-                                 .TodayBuyQty = 20.0,
-                                 .TodayBuyAmount = 260.0,
-                                 .TodaySellQty = 30.0,
-                                 .TodaySellAmount = 450.0,
-                                 .TodayPendBuyQty = 1.0,
-                                 .TodayPendSellQty = 2.0,
-                                 .WithdrawQty = 1.0,
-                                 .DepositQty = 4.0,
-                                 .CoveredQty = 3.0,
-                                 .CustodianQty = 1.0};
-
-TPositionFigures With(TPositionFigures figures, TPositionSide side, Integer type) {
-    figures.Side = side;
-    figures.ProdType = type;
-    return figures;
-}
+constexpr StringView Base =
+    u"qty=300 start=100 sqty=40 sstart=7 buy=200 paid=2600 sell=50 got=800 pbuy=11 psell=13 out=3 "
+    u"in=5 cover=17 at=10 type=1 nominal=15 close=9 init=1234.5 real=100.125 exe=65.5 fifn=21 "
+    u"mixed=22 avgin=23 held=19 pheld=29";
+constexpr StringView OfSub = u"short qty=100 start=60 sqty=10 buy=20 paid=260 sell=30 got=450 "
+                             u"pbuy=1 psell=2 out=1 in=4 cover=3 held=1";
 
 struct TPositionViewColumnsTest : TPositionViewTest {
     TPositionViewColumnsTest() {
@@ -66,11 +27,13 @@ struct TPositionViewColumnsTest : TPositionViewTest {
             SetField(symbol, Field::PreviousClose, 9.0);
         }
     }
+    const String LongFuture = String(Base) + u" long type=2";
+    const String ShortFuture = String(Base) + u" short type=2";
     enum TRow : Integer { Net, Long, Short };
     void ShowThreeSides() {
         Hold(u"A1", u"00700", Base);
-        Hold(u"A1", u"HSIF", With(Base, TPositionSide::Long, ProductType::Futures));
-        Hold(u"A1", u"AU12", With(Base, TPositionSide::Short, ProductType::Futures));
+        Hold(u"A1", u"HSIF", LongFuture);
+        Hold(u"A1", u"AU12", ShortFuture);
         Deliver();
         Show(u"A1");
         View->SetConvertCurrency(u"USD");
@@ -90,72 +53,57 @@ struct TColumn {
     StringView Net, Long, Short, Sum; // 00700, HSIF, AU12 and the sum of M1 and S1
 };
 constexpr TColumn Columns[] = {
-    {"symbol", 0, u"'00700' | 00700", u"'HSIF' | HSIF", u"'AU12' | AU12", u"'00700' | 00700"},
-    {"last", 3, u"12 | 12 8/$/T", u"12 | 12 8/$/T", u"12 | 12 8/$/T", u"12 | 12 8/$/T"},
-    {"long", 4, u"300 | 300 4/$/T", u"300 | --", u"#0 | --", u"400 | 400 4/$/T"},
-    {"account", 10, u"'A1' | A1", u"'A1' | A1", u"'A1' | A1", u"'M1' | M1"},
-    {"side", 11, u"'' | ", u"'Long' | Long", u"'Short' | Short", u"'' | "},
-    {"exchange", 20, u"'Hong Kong' | Hong Kong", u"'Hong Kong Futures' | Hong Kong Futures",
-     u"'Shanghai Futures' | Shanghai Futures", u"'Hong Kong' | Hong Kong"},
-    {"name", 21, u"'Tencent' | Tencent", u"'Hang Seng future' | Hang Seng future",
-     u"'Gold future' | Gold future", u"'Tencent' | Tencent"},
-    {"currency", 23, u"'HKD' | HKD", u"'HKD' | HKD", u"'RMB' | RMB", u"'HKD' | HKD"},
-    {"expiry", 29, u"'' | ", u"'' | ", u"'' | ", u"'' | "},
-    {"close", 31, u"9 | 9 8/$/T", u"9 | 9 8/$/T", u"9 | 9 8/$/T", u"9 | 9 8/$/T"},
-    {"available", 35, u"287 | 287 4/$/T", u"300 | 300 4/$/T", u"300 | 300 4/$/T",
-     u"385 | 385 4/$/T"},
-    {"average", 42, u"22 | 22 2/$/T", u"12 | 12 2/$/T", u"12 | 12 2/$/T", u"#0 | --"},
-    {"principal", 46, u"'' | ", u"'Speculation' | Speculation", u"'Speculation' | Speculation",
-     u"'' | "},
-    {"bought", 51, u"300 | 300 4/$/T", u"300 | 300 4/$/T", u"300 | 300 4/$/T", u"380 | 380 4/$/T"},
-    {"sold", 61, u"50 | 50 4/$/T", u"50 | 50 4/$/T", u"50 | 50 4/$/T", u"80 | 80 4/$/T"},
-    {"average buy", 81, u"12 | 12 2/$/T", u"12 | 12 2/$/T", u"12 | 12 2/$/T", u"#0 | --"},
-    {"average sell", 91, u"16 | 16 2/$/T", u"16 | 16 2/$/T", u"16 | 16 2/$/T", u"#0 | --"},
-    {"net", 95, u"260 | 260 4/$/T", u"260 | 260 4/$/T", u"260 | 260 4/$/T", u"350 | 350 4/$/T"},
-    {"held short", 101, u"40 | 40 4//T", u"40 | 40 4//T", u"40 | 40 4//T", u"50 | 50 4//T"},
-    {"realised", 189, u"100.125 | 100.125 3/$/F", u"#0 | --", u"#0 | --", u"#0 | --"},
-    {"value", 405, u"3120 | 3120 3/$/F", u"156000 | 156000 3/$/F", u"3120000 | 3120000 3/$/F",
-     u"4200 | 4200 3/$/F"},
-    {"converted value", 406, u"390 | 390 3/$/F", u"19500 | 19500 3/$/F", u"487500 | 487500 3/$/F",
-     u"525 | 525 3/$/F"},
+    {"symbol", 0, u"'00700'", u"'HSIF'", u"'AU12'", u"'00700'"},
+    {"last", 3, u"12 8/$/T", u"12 8/$/T", u"12 8/$/T", u"12 8/$/T"},
+    {"long", 4, u"300 4/$/T", u"300 | --", u"#0 | --", u"400 4/$/T"},
+    {"account", 10, u"'A1'", u"'A1'", u"'A1'", u"'M1'"},
+    {"side", 11, u"''", u"'Long'", u"'Short'", u"''"},
+    {"exchange", 20, u"'Hong Kong'", u"'Hong Kong Futures'", u"'Shanghai Futures'", u"'Hong Kong'"},
+    {"name", 21, u"'Tencent'", u"'Hang Seng future'", u"'Gold future'", u"'Tencent'"},
+    {"currency", 23, u"'HKD'", u"'HKD'", u"'RMB'", u"'HKD'"},
+    {"expiry", 29, u"''", u"''", u"''", u"''"},
+    {"close", 31, u"9 8/$/T", u"9 8/$/T", u"9 8/$/T", u"9 8/$/T"},
+    {"available", 35, u"287 4/$/T", u"300 4/$/T", u"300 4/$/T", u"385 4/$/T"},
+    {"average", 42, u"22 2/$/T", u"12 2/$/T", u"12 2/$/T", u"#0 | --"},
+    {"principal", 46, u"''", u"'Speculation'", u"'Speculation'", u"''"},
+    {"bought", 51, u"300 4/$/T", u"300 4/$/T", u"300 4/$/T", u"380 4/$/T"},
+    {"sold", 61, u"50 4/$/T", u"50 4/$/T", u"50 4/$/T", u"80 4/$/T"},
+    {"average buy", 81, u"12 2/$/T", u"12 2/$/T", u"12 2/$/T", u"#0 | --"},
+    {"average sell", 91, u"16 2/$/T", u"16 2/$/T", u"16 2/$/T", u"#0 | --"},
+    {"net", 95, u"260 4/$/T", u"260 4/$/T", u"260 4/$/T", u"350 4/$/T"},
+    {"held short", 101, u"40 4//T", u"40 4//T", u"40 4//T", u"50 4//T"},
+    {"realised", 189, u"100.125 3/$/F", u"#0 | --", u"#0 | --", u"#0 | --"},
+    {"value", 405, u"3120 3/$/F", u"156000 3/$/F", u"3120000 3/$/F", u"4200 3/$/F"},
+    {"converted value", 406, u"390 3/$/F", u"19500 3/$/F", u"487500 3/$/F", u"525 3/$/F"},
     {"margin ratio", 408, u"0.625 | 62.5 7//T", u"#0 | --", u"0.25 | 25 7//T", u"#0 | --"},
-    {"unrealised", 446, u"1199.875 | 1199.875 3/$/F", u"#0 | --", u"#0 | --", u"#0 | --"},
+    {"unrealised", 446, u"1199.875 3/$/F", u"#0 | --", u"#0 | --", u"#0 | --"},
     {"short", 470, u"#0 | --", u"#0 | --", u"300 | --", u"#0 | --"},
-    {"bought today", 479, u"200 | 200 4/$/T", u"200 | 200 4/$/T", u"200 | 200 4/$/T",
-     u"220 | 220 4/$/T"},
-    {"sold today", 480, u"50 | 50 4/$/T", u"50 | 50 4/$/T", u"50 | 50 4/$/T", u"80 | 80 4/$/T"},
-    {"pending buy", 481, u"11 | 11 4//T", u"11 | 11 4//T", u"11 | 11 4//T", u"12 | 12 4//T"},
-    {"pending sell", 482, u"13 | 13 4/$/T", u"13 | 13 4/$/T", u"13 | 13 4/$/T", u"15 | 15 4/$/T"},
-    {"deposited", 483, u"5 | 5 4//T", u"5 | 5 4//T", u"5 | 5 4//T", u"9 | 9 4//T"},
-    {"withdrawn", 484, u"3 | 3 4//T", u"3 | 3 4//T", u"3 | 3 4//T", u"4 | 4 4//T"},
-    {"size", 504, u"0 | --", u"50 | 50 4/$/T", u"1000 | 1000 4/$/T", u"0 | --"},
+    {"bought today", 479, u"200 4/$/T", u"200 4/$/T", u"200 4/$/T", u"220 4/$/T"},
+    {"sold today", 480, u"50 4/$/T", u"50 4/$/T", u"50 4/$/T", u"80 4/$/T"},
+    {"pending buy", 481, u"11 4//T", u"11 4//T", u"11 4//T", u"12 4//T"},
+    {"pending sell", 482, u"13 4/$/T", u"13 4/$/T", u"13 4/$/T", u"15 4/$/T"},
+    {"deposited", 483, u"5 4//T", u"5 4//T", u"5 4//T", u"9 4//T"},
+    {"withdrawn", 484, u"3 4//T", u"3 4//T", u"3 4//T", u"4 4//T"},
+    {"size", 504, u"0 | --", u"50 4/$/T", u"1000 4/$/T", u"0 | --"},
     // (15 - 12) x 300 x the size
-    {"profit", 607, u"1300 | 1300 3/$/F", u"45000 | 45000 3/$/F", u"-900000 | -900000 3/$/F",
-     u"#0 | --"},
-    {"net amount", 617, u"1800 | 1800 3//T", u"1800 | 1800 3//T", u"1800 | 1800 3//T",
-     u"1610 | 1610 3//T"},
-    {"net traded", 618, u"150 | 150 4//T", u"150 | 150 4//T", u"150 | 150 4//T", u"140 | 140 4//T"},
-    {"converted accept value", 896, u"243.75 | 243.75 3//T", u"#0 | --", u"121875 | 121875 3//T",
-     u"#0 | --"},
-    {"accept value", 997, u"1950 | 1950 3//T", u"#0 | --", u"780000 | 780000 3//T", u"#0 | --"},
-    {"covered", 1105, u"17 | 17 4/$/T", u"17 | --", u"17 | 17 4/$/T", u"20 | 20 4/$/T"},
-    {"moved", 1302, u"2 | 2 4/$/T", u"2 | 2 4/$/T", u"2 | 2 4/$/T", u"5 | 5 4/$/T"},
-    {"average buy today", 3101, u"13 | 13 2/$/T", u"13 | 13 2/$/T", u"13 | 13 2/$/T",
-     u"13 | 13 2/$/T"},
-    {"average sell today", 3102, u"16 | 16 2/$/T", u"16 | 16 2/$/T", u"16 | 16 2/$/T",
-     u"15.625 | 15.625 2/$/T"},
-    {"paid today", 3116, u"2600 | 2600 3//T", u"2600 | 2600 3//T", u"2600 | 2600 3//T",
-     u"2860 | 2860 3//T"},
-    {"received today", 3119, u"800 | 800 3//T", u"800 | 800 3//T", u"800 | 800 3//T",
-     u"1250 | 1250 3//T"},
-    {"start", 9014, u"100 | 100 4/$/T", u"100 | 100 4/$/T", u"100 | 100 4/$/T", u"160 | 160 4/$/T"},
-    {"custody", 10000, u"-19 | -19 4//T", u"-19 | -19 4//T", u"-19 | -19 4//T", u"-20 | -20 4//T"},
-    {"net with custody", 10001, u"279 | 279 4//T", u"279 | 279 4//T", u"279 | 279 4//T",
-     u"370 | 370 4//T"},
-    {"left from start", 10002, u"0 | --", u"100 | 100 4/$/T", u"-100 | -100 4/$/T", u"0 | --"},
-    {"opened", 10003, u"#0 | --", u"200 | 200 4/$/T", u"50 | 50 4/$/T", u"#0 | --"},
-    {"closed", 10004, u"#0 | --", u"50 | 50 4/$/T", u"200 | 200 4/$/T", u"#0 | --"},
-    {"no column", 9999, u"'' | ", u"'' | ", u"'' | ", u"'' | "},
+    {"profit", 607, u"1300 3/$/F", u"45000 3/$/F", u"-900000 3/$/F", u"#0 | --"},
+    {"net amount", 617, u"1800 3//T", u"1800 3//T", u"1800 3//T", u"1610 3//T"},
+    {"net traded", 618, u"150 4//T", u"150 4//T", u"150 4//T", u"140 4//T"},
+    {"converted accept value", 896, u"243.75 3//T", u"#0 | --", u"121875 3//T", u"#0 | --"},
+    {"accept value", 997, u"1950 3//T", u"#0 | --", u"780000 3//T", u"#0 | --"},
+    {"covered", 1105, u"17 4/$/T", u"17 | --", u"17 4/$/T", u"20 4/$/T"},
+    {"moved", 1302, u"2 4/$/T", u"2 4/$/T", u"2 4/$/T", u"5 4/$/T"},
+    {"average buy today", 3101, u"13 2/$/T", u"13 2/$/T", u"13 2/$/T", u"13 2/$/T"},
+    {"average sell today", 3102, u"16 2/$/T", u"16 2/$/T", u"16 2/$/T", u"15.625 2/$/T"},
+    {"paid today", 3116, u"2600 3//T", u"2600 3//T", u"2600 3//T", u"2860 3//T"},
+    {"received today", 3119, u"800 3//T", u"800 3//T", u"800 3//T", u"1250 3//T"},
+    {"start", 9014, u"100 4/$/T", u"100 4/$/T", u"100 4/$/T", u"160 4/$/T"},
+    {"custody", 10000, u"-19 4//T", u"-19 4//T", u"-19 4//T", u"-20 4//T"},
+    {"net with custody", 10001, u"279 4//T", u"279 4//T", u"279 4//T", u"370 4//T"},
+    {"left from start", 10002, u"0 | --", u"100 4/$/T", u"-100 4/$/T", u"0 | --"},
+    {"opened", 10003, u"#0 | --", u"200 4/$/T", u"50 4/$/T", u"#0 | --"},
+    {"closed", 10004, u"#0 | --", u"50 4/$/T", u"200 4/$/T", u"#0 | --"},
+    {"no column", 9999, u"''", u"''", u"''", u"''"},
 };
 
 TEST_F(TPositionViewColumnsTest, EveryColumnOfEverySide) {
@@ -178,20 +126,20 @@ TEST_F(TPositionViewColumnsTest, EveryColumnOfASum) {
 
 TEST_F(TPositionViewColumnsTest, ASumOfSidedRecordsHasTheSideOfTheFirst) {
     SpyOnFormatter();
-    Hold(u"M1", u"AU12", With(Base, TPositionSide::Short, ProductType::Futures));
-    Hold(u"S1", u"AU12", With(Base, TPositionSide::Long, ProductType::Futures));
+    Hold(u"M1", u"AU12", ShortFuture);
+    Hold(u"S1", u"AU12", LongFuture);
     Show(u"M1", /*aggregated=*/true);
     constexpr std::pair<Integer, StringView> cells[] = {
         {A::AveragePrice, u"#0 | --"},
         {A::RealisedPL, u"#0 | --"},
         {A::TotalPL, u"#0 | --"},
-        {A::Side, u"'Short' | Short"},
+        {A::Side, u"'Short'"},
         {4, u"#0 | --"},
         {470, u"600 | --"},
-        {10002, u"-200 | -200 4/$/T"},
-        {10003, u"100 | 100 4/$/T"},
-        {10004, u"400 | 400 4/$/T"},
-        {46, u"'Speculation' | Speculation"},
+        {10002, u"-200 4/$/T"},
+        {10003, u"100 4/$/T"},
+        {10004, u"400 4/$/T"},
+        {46, u"'Speculation'"},
     };
     for (const auto& [attribute, cell] : cells) EXPECT_EQ(Cell(0, attribute), cell) << attribute;
 }
@@ -204,11 +152,11 @@ TEST_F(TPositionViewColumnsTest, ShortRecordsTurnNegativeBySetting) {
     constexpr std::pair<Integer, StringView> cells[] = {{95, u"260 | -260 4/$/T"},
                                                         {1105, u"17 | -17 4/$/T"},
                                                         {9014, u"100 | -100 4/$/T"},
-                                                        {101, u"40 | 40 4//T"},
-                                                        {10001, u"279 | 279 4//T"}};
+                                                        {101, u"40 4//T"},
+                                                        {10001, u"279 4//T"}};
     for (const auto& [attribute, cell] : cells) EXPECT_EQ(Cell(Short, attribute), cell);
-    EXPECT_EQ(Cell(Net, 95), u"260 | 260 4/$/T");
-    EXPECT_EQ(Cell(Long, 95), u"260 | 260 4/$/T");
+    EXPECT_EQ(Cell(Net, 95), u"260 4/$/T");
+    EXPECT_EQ(Cell(Long, 95), u"260 4/$/T");
 }
 
 TEST_F(TPositionViewColumnsTest, TextsOfTheRealFormatter) {
@@ -221,11 +169,7 @@ TEST_F(TPositionViewColumnsTest, TextsOfTheRealFormatter) {
                     u"| -19 | ");
     EXPECT_EQ(Kinded(View->GetValue(Net, A::RealisedPL)), u"100.13") << "as the cell shows it";
     EXPECT_EQ(Kinded(View->GetValue(Net, A::UnrealisedPL)), u"1199.88");
-    Hold(u"A1", u"HSIF",
-         TPositionFigures{.Side = TPositionSide::Long,
-                          .Quantity = 1.0,
-                          .TodayBuyQty = 3.0,
-                          .TodayBuyAmount = 1.0});
+    Hold(u"A1", u"HSIF", u"long qty=1 buy=3 paid=1");
     EXPECT_EQ(Kinded(View->GetValue(Long, A::TotalPL)), u"-16.6666666666667") << "not rounded";
     EXPECT_EQ(View->GetDisplayValue(Long, A::TotalPL), u"-16.67");
 }
@@ -256,7 +200,7 @@ struct TBorder {
     Double TPositionFigures::*Figure;
     StringView Shown;
     bool WholeIfHidden = false; // the raw value is then whole 0, otherwise a Double
-    TPositionFigures Others = {};
+    StringView Others = {};
 };
 using F = TPositionFigures;
 constexpr StringView FarFromZero = u"S.....S";
@@ -273,25 +217,10 @@ constexpr TBorder Borders[] = {
     {"average buy by trades", 81, &F::TodayBuyQty, Above, true},
     {"average sell by start", 91, &F::BODQuantity, Below, true},
     {"average sell by trades", 91, &F::TodaySellQty, Above, true},
-    {"average long by start",
-     42,
-     &F::BODQuantity,
-     FarFromZero,
-     true,
-     {.Side = TPositionSide::Long}},
-    {"average long by trades",
-     42,
-     &F::TodayBuyQty,
-     FarFromZero,
-     true,
-     {.Side = TPositionSide::Long}},
-    {"average short", 42, &F::BODQuantity, u"SSS.SSS", true, {.Side = TPositionSide::Short}},
-    {"average short by trades",
-     42,
-     &F::TodaySellQty,
-     u"SSS.SSS",
-     true,
-     {.Side = TPositionSide::Short}},
+    {"average long by start", 42, &F::BODQuantity, FarFromZero, true, u"long"},
+    {"average long by trades", 42, &F::TodayBuyQty, FarFromZero, true, u"long"},
+    {"average short", 42, &F::BODQuantity, u"SSS.SSS", true, u"short"},
+    {"average short by trades", 42, &F::TodaySellQty, u"SSS.SSS", true, u"short"},
     {"bought today", 479, &F::TodayBuyQty, Above},
     {"sold today", 480, &F::TodaySellQty, Above},
     {"pending buy", 481, &F::TodayPendBuyQty, Above},
@@ -301,10 +230,10 @@ constexpr TBorder Borders[] = {
     {"net amount by sells", 617, &F::TodaySellQty, Above},
     {"net traded by buys", 618, &F::TodayBuyQty, Above},
     {"net traded by sells", 618, &F::TodaySellQty, Above},
-    {"covered", 1105, &F::CoveredQty, FarFromZero, false, {.BODQuantity = 1.0}},
-    {"covered by start", 1105, &F::BODQuantity, FarFromZero, false, {.CoveredQty = 5.0}},
-    {"covered by buys", 1105, &F::TodayBuyQty, Above, false, {.CoveredQty = 5.0}},
-    {"covered by sells", 1105, &F::TodaySellQty, Above, false, {.CoveredQty = 5.0}},
+    {"covered", 1105, &F::CoveredQty, FarFromZero, false, u"start=1"},
+    {"covered by start", 1105, &F::BODQuantity, FarFromZero, false, u"cover=5"},
+    {"covered by buys", 1105, &F::TodayBuyQty, Above, false, u"cover=5"},
+    {"covered by sells", 1105, &F::TodaySellQty, Above, false, u"cover=5"},
     {"moved by deposits", 1302, &F::DepositQty, Above},
     {"moved by withdrawals", 1302, &F::WithdrawQty, Above},
     {"average buy today", 3101, &F::TodayBuyQty, FarFromZero, true},
@@ -313,9 +242,9 @@ constexpr TBorder Borders[] = {
     {"received today", 3119, &F::TodaySellQty, Above},
     {"custody", 10000, &F::CustodianQty, FarFromZero},
     {"net with custody", 10001, &F::CustodianQty, u"SSSSSSS"},
-    {"left from start", 10002, &F::BODQuantity, FarFromZero, false, {.Side = TPositionSide::Long}},
-    {"opened", 10003, &F::TodayBuyQty, u"SSSSSSS", false, {.Side = TPositionSide::Long}},
-    {"closed", 10004, &F::TodayBuyQty, u"SSSSSSS", false, {.Side = TPositionSide::Short}},
+    {"left from start", 10002, &F::BODQuantity, FarFromZero, false, u"long"},
+    {"opened", 10003, &F::TodayBuyQty, u"SSSSSSS", false, u"long"},
+    {"closed", 10004, &F::TodayBuyQty, u"SSSSSSS", false, u"short"},
 };
 
 TEST_F(TPositionViewColumnsTest, Borders) {
@@ -328,7 +257,7 @@ TEST_F(TPositionViewColumnsTest, Borders) {
         String expectedKinds;
         std::size_t place = 0;
         for (const Double value : {-2e-7, -1e-7, -5e-8, 0.0, 5e-8, 1e-7, 2e-7}) {
-            TPositionFigures figures = border.Others;
+            TPositionFigures figures = Figures(border.Others);
             figures.*border.Figure = value;
             Hold(u"A1", u"00700", figures); // in place: the row stays until it is told
             const bool isShown = View->GetDisplayValue(0, border.Attribute) != u"--";
@@ -356,68 +285,18 @@ TEST_F(TPositionViewColumnsTest, TradesThatCancelShowNoNetQuantity) {
 TEST_F(TPositionViewColumnsTest, AverageAndTotalRecipes) {
     struct TCase {
         const char* Name;
-        TPositionFigures Figures;
-        StringView Bought, Sold, AverageBuy, AverageSell;
+        StringView Figures, Bought, Sold, AverageBuy, AverageSell;
     };
     constexpr TCase cases[] = {
-        {"start and trades",
-         {.BODQuantity = 100, .TodayBuyQty = 100, .TodayBuyAmount = 1200, .BODPrice = 10},
-         u"200",
-         u"#0",
-         u"11",
-         u"#0"},
-        {"start without price",
-         {.BODQuantity = 100, .TodayBuyQty = 100, .TodayBuyAmount = 1200, .PClose = 9},
-         u"200",
-         u"#0",
-         u"10.5",
-         u"#0"},
-        {"start price near zero",
-         {.BODQuantity = 100, .BODPrice = 1e-7, .PClose = 9},
-         u"100",
-         u"#0",
-         u"9",
-         u"#0"},
-        {"start price just above",
-         {.BODQuantity = 100, .BODPrice = 2e-7, .PClose = 9},
-         u"100",
-         u"#0",
-         u"2E-7",
-         u"#0"},
-        {"short from start",
-         {.BODQuantity = -100, .TodaySellQty = 50, .TodaySellAmount = 500, .BODPrice = 13},
-         u"#0",
-         u"150",
-         u"#0",
-         u"12"},
-        {"short from start, bought",
-         {.BODQuantity = -100, .TodayBuyQty = 50, .TodayBuyAmount = 600, .BODPrice = 13},
-         u"50",
-         u"100",
-         u"12",
-         u"13"},
-        {"bought back below the start",
-         {.BODQuantity = 100, .TodayBuyQty = -100, .BODPrice = 10},
-         u"0",
-         u"#0",
-         u"#0",
-         u"#0"},
-        {"sold below the start",
-         {.BODQuantity = -100, .TodaySellQty = -100, .BODPrice = 10},
-         u"#0",
-         u"0",
-         u"#0",
-         u"#0"},
-        {"trades alone",
-         {.TodayBuyQty = 4,
-          .TodayBuyAmount = 10,
-          .TodaySellQty = 2,
-          .TodaySellAmount = 7,
-          .BODPrice = 99},
-         u"4",
-         u"2",
-         u"2.5",
-         u"3.5"},
+        {"start and trades", u"start=100 at=10 buy=100 paid=1200", u"200", u"#0", u"11", u"#0"},
+        {"no start price", u"start=100 close=9 buy=100 paid=1200", u"200", u"#0", u"10.5", u"#0"},
+        {"start price near zero", u"start=100 at=1e-7 close=9", u"100", u"#0", u"9", u"#0"},
+        {"start price above", u"start=100 at=2e-7 close=9", u"100", u"#0", u"2E-7", u"#0"},
+        {"short start", u"start=-100 at=13 sell=50 got=500", u"#0", u"150", u"#0", u"12"},
+        {"short, bought", u"start=-100 at=13 buy=50 paid=600", u"50", u"100", u"12", u"13"},
+        {"bought below the start", u"start=100 at=10 buy=-100", u"0", u"#0", u"#0", u"#0"},
+        {"sold below the start", u"start=-100 at=10 sell=-100", u"#0", u"0", u"#0", u"#0"},
+        {"trades", u"buy=4 paid=10 sell=2 got=7 at=99", u"4", u"2", u"2.5", u"3.5"},
     };
     Hold(u"A1", u"00700", 1.0);
     Show(u"A1");

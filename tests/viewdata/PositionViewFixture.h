@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/rtl/Numbers.h"
+#include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
 #include "tests/support/ServicesFixture.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
@@ -20,6 +22,54 @@ inline String Kinded(const Variant& value) {
     case Variant::TKind::Text: return u'\'' + value.ToText() + u'\'';
     default: return u"another kind";
     }
+}
+
+struct TNamedFigure {
+    StringView Name;
+    Double TPositionFigures::*Figure;
+    Double (TCustomPositionData::*Getter)() const;
+};
+#define QUORIN_FIGURE(NAME, FIGURE)                                                                \
+    { NAME, &TPositionFigures::FIGURE, &TCustomPositionData::Get##FIGURE }
+// The quantities and amounts of a position, then what can't be summed.
+inline constexpr TNamedFigure Quantities[] = {
+    QUORIN_FIGURE(u"qty", Quantity),          QUORIN_FIGURE(u"start", BODQuantity),
+    QUORIN_FIGURE(u"sqty", ShortQuantity),    QUORIN_FIGURE(u"sstart", BODShortQuantity),
+    QUORIN_FIGURE(u"buy", TodayBuyQty),       QUORIN_FIGURE(u"paid", TodayBuyAmount),
+    QUORIN_FIGURE(u"sell", TodaySellQty),     QUORIN_FIGURE(u"got", TodaySellAmount),
+    QUORIN_FIGURE(u"pbuy", TodayPendBuyQty),  QUORIN_FIGURE(u"psell", TodayPendSellQty),
+    QUORIN_FIGURE(u"out", WithdrawQty),       QUORIN_FIGURE(u"in", DepositQty),
+    QUORIN_FIGURE(u"cover", CoveredQty),      QUORIN_FIGURE(u"held", CustodianQty),
+    QUORIN_FIGURE(u"pheld", PendCustodianQty)};
+inline constexpr TNamedFigure Prices[] = {
+    QUORIN_FIGURE(u"at", BODPrice),       QUORIN_FIGURE(u"nominal", Nominal),
+    QUORIN_FIGURE(u"close", PClose),      QUORIN_FIGURE(u"init", InitPL),
+    QUORIN_FIGURE(u"real", RealPL),       QUORIN_FIGURE(u"exe", ExePL),
+    QUORIN_FIGURE(u"fifn", AvgPriceFIFN), QUORIN_FIGURE(u"mixed", AvgPriceMixed),
+    QUORIN_FIGURE(u"avgin", AvgPriceIn)};
+#undef QUORIN_FIGURE
+
+// "long qty=300 start=100 at=10": a side, the product type behind "type" and figures by name.
+inline TPositionFigures Figures(StringView text) {
+    TPositionFigures figures;
+    for (const StringView word : Split(text, u' ')) {
+        const std::size_t sign = word.find(u'=');
+        const StringView name = word.substr(0, sign);
+        const Double value = sign < word.size() ? ToDoubleOr(word.substr(sign + 1), -7e77) : 0.0;
+        bool isKnown = name == u"long" || name == u"short" || name == u"type" || word.empty();
+        if (name == u"long") figures.Side = TPositionSide::Long;
+        if (name == u"short") figures.Side = TPositionSide::Short;
+        if (name == u"type") figures.ProdType = static_cast<Integer>(value);
+        const auto take = [&](const TNamedFigure& figure) {
+            if (figure.Name != name) return;
+            figures.*figure.Figure = value;
+            isKnown = true;
+        };
+        for (const TNamedFigure& figure : Quantities) take(figure);
+        for (const TNamedFigure& figure : Prices) take(figure);
+        EXPECT_TRUE(isKnown) << ToUtf8(word);
+    }
+    return figures;
 }
 
 // The position service of the test: the embedded one, or what the test's own hooks put before it.
@@ -198,19 +248,31 @@ struct TPositionViewTest : TServicesFixture {
         figures.Ticker = &Item(symbol);
         return Services().Positions().FeedPosition(account, symbol, figures);
     }
+    TEmbeddedPositionData& Hold(StringView account, StringView symbol, StringView figures) {
+        return Hold(account, symbol, Figures(figures));
+    }
     TEmbeddedPositionData& Hold(StringView account, StringView symbol, Double quantity) {
         return Hold(account, symbol, TPositionFigures{.Quantity = quantity});
     }
+    // Without a ticker.
+    TEmbeddedPositionData& HoldBare(StringView symbol, StringView figures) {
+        return Services().Positions().FeedPosition(u"A1", symbol, Figures(figures));
+    }
     void Deliver() { Services().Deliver(); }
 
-    // The value and the text of a cell, "$" for the row's symbol.
+    // The value of a cell, and " | " with its text where that says something else. What the spy
+    // adds to the number follows it; "$" stands for the row's symbol there.
     String Cell(Integer row, Integer attribute) {
+        const Variant value = View->GetValue(row, attribute);
         String text = View->GetDisplayValue(row, attribute);
         const TCustomPositionData* record = View->Record(row);
         const std::size_t place =
             record != nullptr ? text.find(u'/' + record->GetSymbol() + u'/') : String::npos;
         if (place != String::npos) text.replace(place + 1, record->GetSymbol().size(), u"$");
-        return Kinded(View->GetValue(row, attribute)) + u" | " + text;
+        const String plain = value.ToText();
+        if (text == plain) return Kinded(value);
+        if (text.starts_with(plain + u' ')) return Kinded(value) + text.substr(plain.size());
+        return Kinded(value) + u" | " + text;
     }
 
     // The signals since the last time, in order: R rows, S summary, I account information.

@@ -9,8 +9,6 @@
 namespace quorin {
 namespace {
 
-using TSide = TPositionSide;
-
 struct TPositionViewPricingTest : TPositionViewTest {
     // "1=10,16=500": texts of fields; those of a quote that are not named are absent.
     void Quote(StringView symbol, StringView fields) {
@@ -38,123 +36,85 @@ TEST_F(TPositionViewPricingTest, Middle) {
 TEST_F(TPositionViewPricingTest, MarkingPrice) {
     struct TCase {
         const char* Name;
-        bool OptionsPrice, MiddlePrice, Open;
-        TSide Side;
-        Integer Type;
+        StringView Settings; // o: option's side, m: middle, c: the market is closed
+        StringView Record;   // its nominal is 7, its previous close 5
         StringView Quote;
-        Double Price; // the nominal is 7, the previous close 5
+        Double Price;
     };
     constexpr StringView quote = u"1=4,2=6,3=9,16=100,19=200";
-    constexpr Integer option = ProductType::Options;
-    constexpr Integer future = ProductType::Futures;
     constexpr TCase cases[] = {
-        {"settings off, long", false, false, true, TSide::Long, option, quote, 7},
-        {"settings off, short", false, false, true, TSide::Short, option, quote, 7},
-        {"option long: bid", true, false, true, TSide::Long, option, quote, 4},
-        {"option short: ask", true, false, true, TSide::Short, option, quote, 6},
-        {"option net", true, true, true, TSide::Net, option, quote, 7},
-        {"option goes before middle", true, true, true, TSide::Long, option, quote, 4},
-        {"future is no option", true, false, true, TSide::Long, future, quote, 7},
-        {"closed", true, false, false, TSide::Long, option, quote, 7},
-        {"closed, middle long", true, true, false, TSide::Long, option, quote, 5},
-        {"closed, middle short", true, true, false, TSide::Short, option, quote, 6},
-        {"no bid quantity", true, true, true, TSide::Long, option, u"1=4,3=9,19=200", 7},
-        {"bid quantity 0", true, true, true, TSide::Long, option, u"1=4,3=9,16=0", 7},
-        {"bid quantity below 0", true, true, true, TSide::Long, option, u"1=4,3=9,16=-1", 7},
-        {"bid quantity a fraction", true, true, true, TSide::Long, option, u"1=4,3=9,16=1.5", 7},
-        {"bid quantity no number", true, true, true, TSide::Long, option, u"1=4,3=9,16=x", 7},
-        {"bid quantity of 33 bits", true, true, true, TSide::Long, option, u"1=4,16=5000000000", 4},
-        {"bid quantity of 64 bits", true, true, true, TSide::Long, option,
-         u"1=4,16=9223372036854775807", 4},
-        {"bid quantity too wide", true, true, true, TSide::Long, option,
-         u"1=4,16=9223372036854775808", 7},
-        {"bid absent", true, true, true, TSide::Long, option, u"2=6,3=9,16=100", 7},
-        {"bid 0", true, true, true, TSide::Long, option, u"1=0,3=9,16=100", 7},
-        {"bid below 0", true, true, true, TSide::Long, option, u"1=-4,3=9,16=100", 7},
-        {"bid tiny", true, true, true, TSide::Long, option, u"1=0.00000001,16=100", 1e-8},
-        {"ask no number", true, true, true, TSide::Short, option, u"2=x,3=9,19=200", 7},
-        {"ask quantity absent", true, true, true, TSide::Short, option, u"2=6,3=9,16=100", 7},
-        {"ask quantity of 33 bits", true, false, true, TSide::Short, option, u"2=6,19=5000000000",
-         6},
-        {"middle, future long", false, true, true, TSide::Long, future, u"1=6,3=9", 6},
-        {"middle, option long", false, true, true, TSide::Long, option, u"1=6,3=9", 6},
-        {"middle, bid absent: the lower", false, true, true, TSide::Long, future, u"3=9", 5},
-        {"middle, ask absent: the higher", false, true, true, TSide::Short, future, u"3=9", 9},
-        {"middle, ask no number", false, true, true, TSide::Short, future, u"2=x,3=9", 9},
-        {"middle, ask 0: the lower", false, true, true, TSide::Short, future, u"2=0,3=9", 5},
-        {"middle, net", false, true, true, TSide::Net, future, quote, 7},
-        {"middle, stock", false, true, true, TSide::Long, StockProductType, quote, 7},
+        {"settings off, long", u"", u"long type=3", quote, 7},
+        {"settings off, short", u"", u"short type=3", quote, 7},
+        {"option long: bid", u"o", u"long type=3", quote, 4},
+        {"option short: ask", u"o", u"short type=3", quote, 6},
+        {"option net", u"om", u"type=3", quote, 7},
+        {"option goes before middle", u"om", u"long type=3", quote, 4},
+        {"future is no option", u"o", u"long type=2", quote, 7},
+        {"closed", u"oc", u"long type=3", quote, 7},
+        {"closed, middle long", u"omc", u"long type=3", quote, 5},
+        {"closed, middle short", u"omc", u"short type=3", quote, 6},
+        {"no bid quantity", u"om", u"long type=3", u"1=4,3=9,19=200", 7},
+        {"bid quantity 0", u"om", u"long type=3", u"1=4,3=9,16=0", 7},
+        {"bid quantity below 0", u"om", u"long type=3", u"1=4,3=9,16=-1", 7},
+        {"bid quantity a fraction", u"om", u"long type=3", u"1=4,3=9,16=1.5", 7},
+        {"bid quantity no number", u"om", u"long type=3", u"1=4,3=9,16=x", 7},
+        {"bid quantity of 33 bits", u"om", u"long type=3", u"1=4,16=5000000000", 4},
+        {"bid quantity of 64 bits", u"om", u"long type=3", u"1=4,16=9223372036854775807", 4},
+        {"bid quantity too wide", u"om", u"long type=3", u"1=4,16=9223372036854775808", 7},
+        {"bid absent", u"om", u"long type=3", u"2=6,3=9,16=100", 7},
+        {"bid 0", u"om", u"long type=3", u"1=0,3=9,16=100", 7},
+        {"bid below 0", u"om", u"long type=3", u"1=-4,3=9,16=100", 7},
+        {"bid tiny", u"om", u"long type=3", u"1=0.00000001,16=100", 1e-8},
+        {"ask no number", u"om", u"short type=3", u"2=x,3=9,19=200", 7},
+        {"ask quantity absent", u"om", u"short type=3", u"2=6,3=9,16=100", 7},
+        {"ask quantity of 33 bits", u"o", u"short type=3", u"2=6,19=5000000000", 6},
+        {"middle, future long", u"m", u"long type=2", u"1=6,3=9", 6},
+        {"middle, option long", u"m", u"long type=3", u"1=6,3=9", 6},
+        {"middle, bid absent: the lower", u"m", u"long type=2", u"3=9", 5},
+        {"middle, ask absent: the higher", u"m", u"short type=2", u"3=9", 9},
+        {"middle, ask no number", u"m", u"short type=2", u"2=x,3=9", 9},
+        {"middle, ask 0: the lower", u"m", u"short type=2", u"2=0,3=9", 5},
+        {"middle, net", u"m", u"type=2", quote, 7},
+        {"middle, stock", u"m", u"long type=1", quote, 7},
     };
     for (const TCase& row : cases) {
-        Settle(row.OptionsPrice, row.MiddlePrice);
-        Services().Market().SetMarketState(u"HKFE", u"", row.Open ? 1 : 0);
-        EXPECT_EQ(View->IsMarketOpen(u"HKFE"), row.Open);
+        const bool isOpen = row.Settings.find(u'c') == StringView::npos;
+        Settle(row.Settings.find(u'o') != StringView::npos,
+               row.Settings.find(u'm') != StringView::npos);
+        Services().Market().SetMarketState(u"HKFE", u"", isOpen ? 1 : 0);
+        EXPECT_EQ(View->IsMarketOpen(u"HKFE"), isOpen);
         Quote(u"TCHC", row.Quote);
-        TPositionFigures figures{
-            .Side = row.Side, .Quantity = 1, .ProdType = row.Type, .Nominal = 7, .PClose = 5};
+        const String figures = String(row.Record) + u" qty=1 nominal=7 close=5";
         EXPECT_EQ(View->GetPLPrice(&Hold(u"A1", u"TCHC", figures)), row.Price) << row.Name;
-        figures.Ticker = nullptr;
-        TEmbeddedPositionData bare(u"TCHC", u"A1");
-        bare.SetFigures(figures);
-        EXPECT_EQ(View->GetPLPrice(&bare), 7) << row.Name << ", without a ticker";
+        EXPECT_EQ(View->GetPLPrice(&HoldBare(u"TCHC", figures)), 7) << row.Name << ", no ticker";
     }
     EXPECT_FALSE(View->IsMarketOpen(u"NOWHERE"));
+    Settle(false, true);
     SetConfig(ConfigKey::MiddlePLPrice, u"0"); // read when the view is made, and only then
-    EXPECT_EQ(
-        View->GetPLPrice(&Hold(
-            u"A1", u"TCHC",
-            TPositionFigures{.Side = TSide::Long, .ProdType = future, .Nominal = 7, .PClose = 12})),
-        9)
-        << "the median of 9, 12 and the bid of 4";
+    Quote(u"TCHC", quote);
+    EXPECT_EQ(View->GetPLPrice(&Hold(u"A1", u"TCHC", u"long type=2 nominal=7 close=12")), 9);
 }
 
 TEST_F(TPositionViewPricingTest, AverageCost) {
     constexpr Double untouched = -77.0;
     struct TCase {
         const char* Name;
-        TPositionFigures Figures;
+        StringView Figures;
         Double Price; // untouched: False
     };
     constexpr TCase cases[] = {
-        {"net", {.BODQuantity = 100, .BODPrice = 10}, untouched},
-        {"long",
-         {.Side = TSide::Long,
-          .BODQuantity = 100,
-          .TodayBuyQty = 100,
-          .TodayBuyAmount = 1200,
-          .TodaySellQty = 5,
-          .BODPrice = 10},
-         11},
-        {"long without start price",
-         {.Side = TSide::Long,
-          .BODQuantity = 100,
-          .TodayBuyQty = 100,
-          .TodayBuyAmount = 1200,
-          .BODPrice = 1e-7,
-          .PClose = 9},
-         10.5},
-        {"short",
-         {.Side = TSide::Short,
-          .BODQuantity = 100,
-          .TodayBuyQty = 5,
-          .TodaySellQty = 50,
-          .TodaySellAmount = 700,
-          .BODPrice = 13},
-         2000.0 / 150.0},
-        {"short without start price",
-         {.Side = TSide::Short,
-          .BODQuantity = 100,
-          .TodaySellQty = 100,
-          .TodaySellAmount = 1200,
-          .PClose = 9},
-         10.5},
-        {"long of 5e-8", {.Side = TSide::Long, .BODQuantity = 5e-8, .BODPrice = 10}, untouched},
-        {"long of 1e-7", {.Side = TSide::Long, .TodayBuyQty = 1e-7}, untouched},
-        {"long of 2e-7", {.Side = TSide::Long, .BODQuantity = 2e-7, .BODPrice = 10}, 10},
-        {"long below 0", {.Side = TSide::Long, .BODQuantity = -2, .BODPrice = 10}, 10},
-        {"long of 0", {.Side = TSide::Long, .TodayBuyAmount = 5}, untouched},
-        {"short of 5e-8", {.Side = TSide::Short, .BODQuantity = 5e-8, .BODPrice = 10}, 10},
-        {"short of 0", {.Side = TSide::Short, .TodaySellAmount = 5}, untouched},
+        {"net", u"start=100 at=10", untouched},
+        {"long", u"long start=100 at=10 buy=100 paid=1200 sell=5", 11},
+        {"long, no start price", u"long start=100 at=1e-7 close=9 buy=100 paid=1200", 10.5},
+        {"short", u"short start=100 at=13 buy=5 sell=50 got=700", 2000.0 / 150.0},
+        {"short, no start price", u"short start=100 close=9 sell=100 got=1200", 10.5},
+        {"long of 5e-8", u"long start=5e-8 at=10", untouched},
+        {"long of 1e-7", u"long buy=1e-7", untouched},
+        {"long of 2e-7", u"long start=2e-7 at=10", 10},
+        {"long below 0", u"long start=-2 at=10", 10},
+        {"long of 0", u"long paid=5", untouched},
+        {"short of 5e-8", u"short start=5e-8 at=10", 10},
+        {"short of 0", u"short got=5", untouched},
     };
     for (const TCase& row : cases) {
         Double price = untouched;
@@ -167,74 +127,59 @@ TEST_F(TPositionViewPricingTest, AverageCost) {
 TEST_F(TPositionViewPricingTest, ProfitAndContractSize) {
     struct TCase {
         const char* Name;
-        TSide Side;
-        StringView Size; // field 504
-        Double Profit, ContractSize;
+        StringView Figures, Size; // the latter is field 504
+        Double Profit, BareProfit, ContractSize;
     };
     constexpr TCase cases[] = {
-        {"net has no cost", TSide::Net, u"50", 7.0 * 3 * 50, 50},
-        {"long", TSide::Long, u"50", 2.0 * 3 * 50, 50},
-        {"short", TSide::Short, u"50", -2.0 * 3 * 50, 50},
-        {"no size", TSide::Long, u"", 2.0 * 3, 0},
-        {"size no number", TSide::Long, u"lots", 2.0 * 3, 0},
-        {"size 0", TSide::Long, u"0", 0, 0},
+        {"net has no cost", u"qty=3 nominal=7 buy=1 paid=5", u"50", 1050, 21, 50},
+        {"long", u"long qty=3 nominal=7 buy=1 paid=5", u"50", 300, 6, 50},
+        {"short", u"short qty=3 nominal=7 sell=1 got=5", u"50", -300, -6, 50},
+        {"no cost", u"short qty=3 nominal=7", u"50", -1050, -21, 50},
+        {"no size", u"long qty=3 nominal=7 buy=1 paid=5", u"", 6, 6, 0},
+        {"size no number", u"long qty=3 nominal=7 buy=1 paid=5", u"lots", 6, 6, 0},
+        {"size 0", u"long qty=3 nominal=7 buy=1 paid=5", u"0", 0, 6, 0},
     };
     for (const TCase& row : cases) {
-        TPositionFigures figures{.Side = row.Side,
-                                 .Quantity = 3,
-                                 .TodayBuyQty = 1,
-                                 .TodayBuyAmount = 5,
-                                 .TodaySellQty = 1,
-                                 .TodaySellAmount = 5,
-                                 .Nominal = 7};
-        if (row.Size.empty()) {
+        const auto& [name, figures, size, profit, bareProfit, contractSize] = row;
+        if (size.empty()) {
             Item(u"HSIF").ClearField(Field::ContractSize);
         } else {
-            Item(u"HSIF").SetField(Field::ContractSize, row.Size);
+            Item(u"HSIF").SetField(Field::ContractSize, size);
         }
-        TEmbeddedPositionData& record = Hold(u"A1", u"HSIF", figures);
-        EXPECT_EQ(View->GetPL(&record), row.Profit) << row.Name;
-        EXPECT_EQ(View->GetConstractSize(&record), row.ContractSize) << row.Name;
-        record.SetFigures(figures); // without a ticker: one unit
-        const Double units = row.Side == TSide::Net ? 21 : row.Side == TSide::Short ? -6 : 6;
-        EXPECT_EQ(View->GetPL(&record), units) << row.Name;
-        EXPECT_EQ(View->GetConstractSize(&record), row.ContractSize) << row.Name;
+        TEmbeddedPositionData* record = &Hold(u"A1", u"HSIF", figures);
+        EXPECT_EQ(View->GetPL(record), profit) << name;
+        EXPECT_EQ(View->GetConstractSize(record), contractSize) << name;
+        record = &HoldBare(u"HSIF", figures);
+        EXPECT_EQ(View->GetPL(record), bareProfit) << name << ", no ticker: one unit";
+        EXPECT_EQ(View->GetConstractSize(record), contractSize) << name;
     }
 }
 
 TEST_F(TPositionViewPricingTest, LeftFromStart) {
     struct TCase {
         const char* Name;
-        StringView Symbol;
-        TSide Side;
-        Double Start, Bought, Sold, Left;
+        StringView Symbol, Figures;
+        Double Left;
     };
     constexpr TCase cases[] = {
-        {"net", u"AU12", TSide::Net, 100, 30, 50, 0},
-        {"nothing at the start", u"AU12", TSide::Long, 0, 30, 50, 0},
-        {"long on SHFE", u"AU12", TSide::Long, 100, 30, 50, 50},
-        {"short on SHFE", u"AU12", TSide::Short, 100, 30, 50, 70},
-        {"long, more sold", u"HSIF", TSide::Long, 100, 30, 50, 80},
-        {"long, more bought", u"HSIF", TSide::Long, 100, 60, 50, 100},
-        {"short, more sold", u"HSIF", TSide::Short, 100, 30, 50, 100},
-        {"short, more bought", u"HSIF", TSide::Short, 100, 60, 50, 90},
-        {"start of 5e-8", u"HSIF", TSide::Long, 5e-8, 0, 1, 5e-8 - 1},
-        {"unknown symbol", u"GHOST", TSide::Long, 100, 30, 50, 80},
+        {"net", u"AU12", u"start=100 buy=30 sell=50", 0},
+        {"nothing at the start", u"AU12", u"long buy=30 sell=50", 0},
+        {"long on SHFE", u"AU12", u"long start=100 buy=30 sell=50", 50},
+        {"short on SHFE", u"AU12", u"short start=100 buy=30 sell=50", 70},
+        {"long, more sold", u"HSIF", u"long start=100 buy=30 sell=50", 80},
+        {"long, more bought", u"HSIF", u"long start=100 buy=60 sell=50", 100},
+        {"short, more sold", u"HSIF", u"short start=100 buy=30 sell=50", 100},
+        {"short, more bought", u"HSIF", u"short start=100 buy=60 sell=50", 90},
+        {"start of 5e-8", u"HSIF", u"long start=5e-8 sell=1", 5e-8 - 1},
+        {"unknown symbol", u"GHOST", u"long start=100 buy=30 sell=50", 80},
     };
     for (const TCase& row : cases) {
-        const TPositionFigures figures{.Side = row.Side,
-                                       .BODQuantity = row.Start,
-                                       .TodayBuyQty = row.Bought,
-                                       .TodaySellQty = row.Sold};
-        TEmbeddedPositionData& record = Hold(u"A1", row.Symbol, figures);
-        EXPECT_EQ(View->GetLastQty(&record), row.Left) << row.Name;
-        record.SetFigures(figures);
-        EXPECT_EQ(View->GetLastQty(&record), row.Left) << row.Name << ", without a ticker";
+        EXPECT_EQ(View->GetLastQty(&Hold(u"A1", row.Symbol, row.Figures)), row.Left) << row.Name;
+        EXPECT_EQ(View->GetLastQty(&HoldBare(row.Symbol, row.Figures)), row.Left)
+            << row.Name << ", no ticker";
     }
     // The ticker's exchange goes before the record's, but not while nothing has arrived.
-    TEmbeddedPositionData& gold =
-        Hold(u"A1", u"AU12",
-             {.Side = TSide::Long, .BODQuantity = 100, .TodayBuyQty = 30, .TodaySellQty = 50});
+    TEmbeddedPositionData& gold = Hold(u"A1", u"AU12", u"long start=100 buy=30 sell=50");
     constexpr std::pair<Integer, Double> byStatus[] = {
         {ItemStatus::Waiting, 50}, {ItemStatus::Ready, 80}, {ItemStatus::NoData, 80}};
     Item(u"AU12").SetField(Field::Exchange, u"shfe");
@@ -281,8 +226,7 @@ TEST_F(TPositionViewPricingTest, AcceptValue) {
     };
     for (const TCase& row : cases) {
         Item(u"GHOST").SetStatus(row.GhostStatus);
-        TEmbeddedPositionData& record =
-            Hold(row.Account, row.Symbol, {.Quantity = 5, .ShortQuantity = 2});
+        TEmbeddedPositionData& record = Hold(row.Account, row.Symbol, u"qty=5 sqty=2");
         Double ratio = untouched;
         EXPECT_EQ(View->GetProductMargin(&record, ratio), row.Ratio != untouched) << row.Name;
         EXPECT_EQ(ratio, row.Ratio) << row.Name;
