@@ -314,16 +314,6 @@ TEST_F(TSpinEditTest, LeaveInsideALeaveIsIgnored) {
     }
 }
 
-TEST_F(TSpinEditTest, FocusAskedForInTheExitStays) {
-    Trace.ActsOn = "exit";
-    Trace.Act = [this] { Edit->SetFocus(); };
-    Do(u"other");
-    EXPECT_TRUE(Edit->Focused());
-    EXPECT_FALSE(Other->Focused());
-    Do(u"other");
-    EXPECT_TRUE(Other->Focused());
-}
-
 TEST_F(TSpinEditTest, OnlyWhatShowsAndIsEnabledTakesTheFocus) {
     using TSwitch = void (TControl::*)(bool);
     struct TCase {
@@ -356,15 +346,15 @@ TEST_F(TSpinEditTest, SurvivesBeingFreedInAnyHandler) {
         StringView Script;
     };
     const TCase cases[] = {
-        {"down", u"type:55"},     {"press", u"type:55"},       {"change", u"type:55"},
-        {"up", u"type:55"},       {"down", u"paste:5"},        {"press", u"paste:5"},
-        {"change", u"paste:5"},   {"change", u"delete"},       {"change", u"all cut"},
-        {"change", u"up"},        {"change", u"press"},        {"change", u"press tick:400"},
-        {"change", u"value:5"},   {"change", u"escape"},       {"wheel", u"wheel:120"},
-        {"change", u"wheel:120"}, {"mousedown", u"click:0"},   {"click", u"click:0"},
-        {"mouseup", u"click:0"},  {"mouseup", u"press leave"}, {"validate", u"other"},
-        {"validate", u"return"},  {"change", u"max leave"},    {"exit", u"hide"},
-        {"exit", u"unparent"},    {"exit", u"exit"},           {"enter", u"other click:0"},
+        {"down", u"type:55"},        {"press", u"type:55"},       {"change", u"type:55"},
+        {"up", u"type:55"},          {"down", u"paste:5"},        {"press", u"paste:5"},
+        {"change", u"paste:5"},      {"change", u"delete"},       {"change", u"all cut"},
+        {"change", u"up"},           {"change", u"press"},        {"change", u"value:5"},
+        {"change", u"escape"},       {"wheel", u"wheel:120"},     {"change", u"wheel:120"},
+        {"mousedown", u"click:0"},   {"click", u"click:0"},       {"mouseup", u"click:0"},
+        {"mouseup", u"press leave"}, {"validate", u"other"},      {"validate", u"return"},
+        {"change", u"max leave"},    {"exit", u"hide"},           {"exit", u"unparent"},
+        {"exit", u"exit"},           {"enter", u"other click:0"},
     };
     for (const TCase& row : cases) {
         SCOPED_TRACE(row.Event + (' ' + ToUtf8(row.Script)));
@@ -393,20 +383,6 @@ TEST_F(TSpinEditTest, KeysTakeNoMemoryButTheText) {
     const std::size_t before = AllocationCount();
     use();
     EXPECT_EQ(AllocationCount(), before);
-}
-
-TEST_F(TSpinEditTest, TellsOfItsEnd) {
-    struct TWatcher : TObject {
-        void Gone(TObject* sender) { Sender = sender; }
-        TObject* Sender = nullptr;
-    } watcher;
-    const TObject* address = Edit.get();
-    Edit->AddFreeListener(MakeEvent<&TWatcher::Gone>(&watcher), &watcher);
-    Edit.reset();
-    EXPECT_EQ(watcher.Sender, address);
-    EXPECT_EQ(Form.ControlCount(), 1);
-    Other->Enter(); // the focus was free
-    EXPECT_TRUE(Other->Focused());
 }
 
 } // namespace
