@@ -9,18 +9,31 @@ namespace quorin {
 namespace {
 
 // A form with a field that holds "ab" and has the focus, and a list for its popup.
-struct TPopupEditTest : testing::Test {
+struct TPopupEditTest : testing::Test, TEditPerson {
     TPopupEditTest() {
         Edit->SetParent(&Form);
         Edit->Properties().SetPopupControl(List.get());
-        Edit->SetText(u"ab");
+        Start(u"ab");
+    }
+    void Start(StringView text) {
+        Form.Show();
         Edit->Enter();
+        Edit->Properties().SetPopupControl(List.get());
+        Edit->SetText(text);
         Edit->SetSelStart(99);
+        Do(u"exit"); // nothing is entered any more
         Trace.Take();
     }
-    void Stroke(Word key, TShiftState shift = TShiftState::None) {
-        Edit->PressKey(key, shift);
-        if (Edit) Edit->ReleaseKey(key, shift);
+
+    TcxCustomEdit* Edited() override { return Edit.get(); }
+    bool DoWord(StringView name, StringView argument) override {
+        if (name == u"write") return Edit->SetText(argument), true;
+        if (name == u"dropdown") return Edit->DropDown(), true;
+        if (name == u"caret") return Edit->SetSelStart(ToIntegerOr(argument, 0)), true;
+        if (name == u"hidewindow") return List->Parent()->Hide(), true;
+        if (name == u"hide") return Form.Hide(), true;
+        if (name == u"nocontrol") return Edit->Properties().SetPopupControl(nullptr), true;
+        return TEditPerson::DoWord(name, argument);
     }
 
     TControl Form;
@@ -30,55 +43,37 @@ struct TPopupEditTest : testing::Test {
 };
 
 TEST_F(TPopupEditTest, EventsComeInOrder) {
-    using T = TPopupEditTest;
     struct TCase {
         const char* Name;
-        void (*Act)(T&);
+        StringView Script;
         const char* Events;
         StringView Text;
     };
+    // clang-format off
     const TCase cases[] = {
-        {"types", [](T& t) { t.Edit->TypeText(u"c"); }, "down67 pressc change:abc up67", u"abc"},
-        {"any text", [](T& t) { t.Edit->TypeText(u"\u8178"); },
-         "down229 press\u8178 change:ab\u8178 up229", u"ab\u8178"},
-        {"full width stays", [](T& t) { t.Edit->TypeText(u"\uFF15"); },
-         "down229 press\uFF15 change:ab\uFF15 up229", u"ab\uFF15"},
-        {"pastes one line", [](T& t) { t.Edit->Paste(u" c\r\nd"); },
-         "down86 press#22 change:ab c up86", u"ab c"},
-        {"write", [](T& t) { t.Edit->SetText(u"x"); }, "change:x", u"x"},
-        {"equal write", [](T& t) { t.Edit->SetText(u"ab"); }, "", u"ab"},
-        {"editing text", [](T& t) { t.Edit->SetEditingText(u"x"); }, "", u"x"},
-        {"escape",
-         [](T& t) {
-             t.Edit->TypeText(u"c");
-             t.Stroke(Key::Escape);
-         },
-         "down67 pressc change:abc up67 down27 press#27 change:ab up27", u"ab"},
-        {"return",
-         [](T& t) {
-             t.Edit->TypeText(u"c\r");
-             t.Stroke(Key::Escape); // nothing left to take back
-         },
-         "down67 pressc change:abc up67 down13 press#13 validate'abc' up13 "
-         "down27 press#27 up27",
-         u"abc"},
-        {"leaves edited",
-         [](T& t) {
-             t.Trace.OnValidate = [](Variant& text, String&, Boolean&) { text = Variant(u"AB"); };
-             t.Stroke(Key::Back);
-             t.Edit->Leave();
-             t.Trace.OnValidate = nullptr;
-         },
-         "down8 press#8 change:a up8 validate'a' change:AB exit", u"AB"},
-        {"button", [](T& t) { t.Edit->PressButton(); }, "mousedown", u"ab"},
+        {"types", u"type:c", "down67 pressc change:abc up67", u"abc"},
+        {"any text", u"type:\u8178", "down229 press\u8178 change:ab\u8178 up229", u"ab\u8178"},
+        {"full width stays", u"type:\uFF15", "down229 press\uFF15 change:ab\uFF15 up229", u"ab\uFF15"},
+        {"pastes one line", u"paste:\tc\r\nd", "down86 press#22 change:ab\tc up86", u"ab\tc"},
+        {"write", u"write:x", "change:x", u"x"},
+        {"equal write", u"write:ab", "", u"ab"},
+        {"editing text", u"text:x", "", u"x"},
+        {"escape", u"type:c escape", "down67 pressc change:abc up67 down27 press#27 change:ab up27", u"ab"},
+        {"return", u"type:c return escape",
+         "down67 pressc change:abc up67 down13 press#13 validate'abc' up13 down27 press#27 up27", u"abc"},
+        {"leaves edited", u"back leave", "down8 press#8 change:a up8 validate'a' change:AB exit", u"AB"},
+        {"button", u"press release", "mousedown mouseup", u"ab"},
+        {"click", u"click:1", "mousedown click mouseup", u"ab"},
+        {"wheel", u"wheel:120", "wheel", u"ab"},
+    };
+    // clang-format on
+    Trace.OnValidate = [](Variant& text, String&, Boolean&) {
+        if (text == Variant(u"a")) text = Variant(u"AB");
     };
     for (const TCase& row : cases) {
         SCOPED_TRACE(row.Name);
-        Edit->Enter();
-        Edit->SetText(u"ab");
-        Edit->Perform(CM_EXIT, 0, 0); // nothing entered any more
-        Trace.Take();
-        row.Act(*this);
+        Start(u"ab");
+        Do(row.Script);
         EXPECT_EQ(Trace.Take(), row.Events);
         EXPECT_EQ(Edit->Text(), row.Text);
     }
@@ -87,117 +82,73 @@ TEST_F(TPopupEditTest, EventsComeInOrder) {
 TEST_F(TPopupEditTest, CaretStaysInsideTheTextAndOutsideOfPairs) {
     // Two units that are one character between "a" and "b".
     constexpr StringView text = u"a\U0001F4C8b";
-    using T = TPopupEditTest;
     struct TCase {
         const char* Name;
-        Integer From;
-        void (*Act)(T&);
+        StringView Script;
         StringView Text;
         Integer SelStart;
         Integer SelLength;
     };
     const TCase cases[] = {
-        {"before the text", -5, [](T&) {}, text, 0, 0},
-        {"behind the text", 9, [](T&) {}, text, 4, 0},
-        {"inside the pair", 2, [](T&) {}, text, 1, 0},
-        {"right", 1, [](T& t) { t.Stroke(Key::Right); }, text, 3, 0},
-        {"left", 3, [](T& t) { t.Stroke(Key::Left); }, text, 1, 0},
-        {"left at the start", 0, [](T& t) { t.Stroke(Key::Left); }, text, 0, 0},
-        {"home", 3, [](T& t) { t.Stroke(Key::Home); }, text, 0, 0},
-        {"to the end", 1, [](T& t) { t.Stroke(Key::End, TShiftState::Shift); }, text, 1, 3},
-        {"all", 1, [](T& t) { t.Stroke(u'A', TShiftState::Ctrl); }, text, 0, 4},
-        {"selection falls together", 0,
-         [](T& t) {
-             t.Edit->SetSelLength(3);
-             t.Stroke(Key::Right);
-         },
-         text, 3, 0},
-        {"back", 3, [](T& t) { t.Stroke(Key::Back); }, u"ab", 1, 0},
-        {"delete", 1, [](T& t) { t.Stroke(Key::Delete); }, u"ab", 1, 0},
-        {"selection by half a pair", 0, [](T& t) { t.Edit->SetSelLength(2); }, text, 0, 1},
-        {"types a pair", 3, [](T& t) { t.Edit->TypeText(u"\U0001F4C9"); },
-         u"a\U0001F4C8\U0001F4C9b", 5, 0},
-        {"replaces", 0,
-         [](T& t) {
-             t.Edit->SetSelLength(3);
-             t.Edit->TypeText(u"x");
-         },
-         u"xb", 1, 0},
-        {"shorter text", 4, [](T& t) { t.Edit->SetEditingText(u"x"); }, u"x", 1, 0},
-        {"pair under the caret", 1, [](T& t) { t.Edit->SetEditingText(u"\U0001F4C8"); },
-         u"\U0001F4C8", 0, 0},
+        {"before the text", u"caret:-5", text, 0, 0},
+        {"behind the text", u"caret:9", text, 4, 0},
+        {"inside the pair", u"caret:2", text, 1, 0},
+        {"click inside the pair", u"click:2", text, 1, 0},
+        {"right", u"caret:1 right", text, 3, 0},
+        {"left", u"caret:3 left", text, 1, 0},
+        {"left at the start", u"caret:0 left", text, 0, 0},
+        {"right at the end", u"end right", text, 4, 0},
+        {"home", u"home", text, 0, 0},
+        {"selects to the end", u"caret:1 shift+end", text, 1, 3},
+        {"selects to the left", u"shift+left shift+left", text, 1, 3},
+        {"selects all", u"ctrl+a", text, 0, 4},
+        {"selection falls together", u"caret:0 select:3 right", text, 3, 0},
+        {"selection by half a pair", u"caret:0 select:2", text, 0, 1},
+        {"back", u"caret:3 back", u"ab", 1, 0},
+        {"delete", u"caret:1 delete", u"ab", 1, 0},
+        {"types a pair", u"caret:3 type:\U0001F4C9", u"a\U0001F4C8\U0001F4C9b", 5, 0},
+        {"replaces", u"caret:0 select:3 type:x", u"xb", 1, 0},
+        {"shorter text", u"caret:4 text:x", u"x", 1, 0},
+        {"pair under the caret", u"caret:1 text:\U0001F4C8", u"\U0001F4C8", 0, 0},
     };
     for (const TCase& row : cases) {
         SCOPED_TRACE(row.Name);
-        Edit->SetText(text);
-        Edit->SetSelStart(row.From);
-        row.Act(*this);
+        Start(text);
+        Do(row.Script);
         EXPECT_EQ(Edit->Text(), row.Text);
         EXPECT_EQ(Edit->SelStart(), row.SelStart);
         EXPECT_EQ(Edit->SelLength(), row.SelLength);
     }
-    Trace.OnPress = [](Char& key) { key = KeyChar::None; };
+    Edit->ReleaseButton();
     Trace.Take();
+    Trace.OnPress = [](Char& key) { key = KeyChar::None; };
     Edit->TypeText(u"\U0001F4C9"); // used up with its first half
     EXPECT_EQ(Trace.Take(), "down229 press\uFFFD up229");
 }
 
 TEST_F(TPopupEditTest, OpensAndCloses) {
-    using T = TPopupEditTest;
-    struct TCase {
-        const char* Name;
-        void (*Act)(T&);
-    };
-    const TCase ways[] = {
-        {"F4", [](T& t) { t.Stroke(Key::F4); }},
-        {"Alt and down", [](T& t) { t.Stroke(Key::Down, TShiftState::Alt); }},
-        {"button",
-         [](T& t) {
-             t.Edit->PressButton();
-             t.Edit->ReleaseButton();
-         }},
-        {"program", [](T& t) { t.Edit->DropDown(); }},
-    };
-    const TCase ends[] = {
-        {"F4", [](T& t) { t.Stroke(Key::F4); }},
-        {"Alt and up", [](T& t) { t.Stroke(Key::Up, TShiftState::Alt); }},
-        {"escape", [](T& t) { t.Stroke(Key::Escape); }},
-        {"return", [](T& t) { t.Stroke(Key::Return); }},
-        {"parent of the list hides", [](T& t) { t.List->Parent()->Hide(); }},
-        {"leave", [](T& t) { t.Edit->Leave(); }},
-        {"form hides", [](T& t) { t.Form.Hide(); }},
-        {"exit by message", [](T& t) { t.Edit->Perform(CM_EXIT, 0, 0); }},
-        {"other control",
-         [](T& t) {
-             t.Edit->Properties().SetPopupControl(nullptr);
-             EXPECT_EQ(t.List->Parent(), nullptr);
-         }},
-    };
-    for (const TCase& way : ways) {
-        for (const TCase& end : ends) {
-            SCOPED_TRACE(way.Name);
-            SCOPED_TRACE(end.Name);
-            Form.Show();
-            Edit->Properties().SetPopupControl(List.get());
-            Edit->Enter();
+    for (const StringView way : {u"f4", u"alt+down", u"press release", u"dropdown"}) {
+        for (const StringView end : {u"f4", u"alt+up", u"press release", u"escape", u"return",
+                                     u"leave", u"exit", u"hide", u"hidewindow", u"nocontrol"}) {
+            SCOPED_TRACE(ToUtf8(way) + ", " + ToUtf8(end));
+            Start(u"ab");
             EXPECT_FALSE(List->Showing());
-            way.Act(*this);
-            EXPECT_TRUE(Edit->DroppedDown());
-            EXPECT_TRUE(List->Showing());
+            Do(way);
+            EXPECT_TRUE(Edit->DroppedDown() && List->Showing());
             List->Enter(); // the field keeps its focus
             EXPECT_TRUE(Edit->Focused() && List->Focused());
-            end.Act(*this);
+            Do(end);
             EXPECT_FALSE(Edit->DroppedDown());
-            EXPECT_FALSE(List->Showing() && List->Parent() != nullptr);
-            EXPECT_FALSE(List->Focused() && List->Parent() != nullptr);
+            EXPECT_FALSE(List->Focused());
+            EXPECT_EQ(List->Parent() == nullptr, end == u"nocontrol");
         }
     }
-    Edit->Properties().SetPopupControl(nullptr);
-    Edit->DropDown();
+    Start(u"ab");
+    Do(u"nocontrol dropdown");
     EXPECT_FALSE(Edit->DroppedDown());
-    Edit->Properties().SetPopupControl(List.get());
+    Start(u"ab");
     Edit->SetEnabled(false);
-    Edit->DropDown();
+    Do(u"dropdown press");
     EXPECT_FALSE(Edit->DroppedDown());
 }
 
@@ -289,17 +240,6 @@ TEST_F(TPopupEditTest, SurvivesBeingFreedWhileItIsOpen) {
     Edit->Leave();
     EXPECT_EQ(Edit, nullptr);
     EXPECT_EQ(List->Parent(), nullptr);
-}
-
-TEST_F(TPopupEditTest, ParentsMakeNoRing) {
-    TControl panel;
-    panel.SetParent(&Form);
-    Edit->SetParent(&panel);
-    Form.SetParent(&panel);
-    panel.SetParent(&panel);
-    EXPECT_EQ(Form.Parent(), nullptr);
-    EXPECT_EQ(panel.Parent(), &Form);
-    EXPECT_FALSE(Edit->Focused()); // moved without the focus
 }
 
 } // namespace
