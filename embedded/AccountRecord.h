@@ -41,6 +41,7 @@ public:
         FFed = FFigures = figures;
         FMoves = {};
     }
+    const TBalanceFigures& Figures() const { return FFigures; }
     // What the host said before anything moved.
     const TBalanceFigures& Fed() const { return FFed; }
     // Shows the fed figures with what has moved since; false when that shows nothing new.

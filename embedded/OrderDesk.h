@@ -19,13 +19,13 @@ class TEmbeddedSubscribeAdapter;
 
 // Everything an order says.
 struct TOrderValues {
-    String Account;
-    String Symbol;
+    String Account = {};
+    String Symbol = {};
     Double Quantity = 0.0;
     Double Price = 0.0;
     Integer BuySell = OrderSide::Buy;
     Integer Flags = 0; // bits of OrderFlag
-    TDictionary<String, String> ExtraValues;
+    TDictionary<String, String> ExtraValues = {};
 
     bool IsBuy() const { return BuySell == OrderSide::Buy; }
     bool IsMarket() const { return (Flags & OrderFlag::Market) != 0; }
