@@ -100,17 +100,22 @@ void TEmbeddedServices::FeedChinaConnect(const TAccountFiles& files) {
 
 void TEmbeddedServices::Deliver() {
     FConfig.Commit();
+    FLedger.Settle();
+    FDesk.Book();
+    FLedger.Revalue(); // with what was booked, which may bring records in further currencies
     FCurrencies.Deliver();
     FProducts.Deliver();
-    FAccounts.Deliver();
     FMarket.Deliver();
     FItems.Deliver();
+    FLedger.Revalue(); // with the prices that came
+    FAccounts.Deliver();
     FPositions.Deliver();
+    FDesk.Deliver();
 }
 
 Integer TEmbeddedServices::CountAll() const {
     return SumRegistrations(FConfig, FLanguage, FChannels, FItems, FMarket, FAccounts, FPositions,
-                            FCurrencies, FProducts) -
+                            FCurrencies, FProducts, FDesk) -
            FPositions.FollowedItemCount();
 }
 

@@ -1,5 +1,6 @@
 #include "embedded/PositionService.h"
 
+#include "embedded/MarketUniverse.h"
 #include "embedded/PositionValuation.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
@@ -14,11 +15,6 @@ namespace {
 bool IsListed(const TCustomPositionData& position) {
     return position.GetQuantity() != 0.0 || position.GetTodayBuyQty() != 0.0 ||
            position.GetTodaySellQty() != 0.0;
-}
-
-TProductMarks MarksOf(const TCustomSubItem& item) {
-    return {item.GetFieldDouble(Field::LastPrice), item.GetFieldDouble(Field::PreviousClose),
-            item.GetFieldDouble(Field::ContractSize)};
 }
 
 String MasterOf(const String& accountCode) {
@@ -75,9 +71,8 @@ void TEmbeddedPositionAdapter::GetPositionList(StringView Account,
 
 TCustomPositionData* TEmbeddedPositionAdapter::GetPosition(StringView Account,
                                                            StringView Symbol) const {
-    const TRecords* records = FAccounts.Find(Account);
-    const auto* record = records != nullptr ? records->Find(Symbol) : nullptr;
-    return record != nullptr && IsListed(**record) ? record->get() : nullptr;
+    TEmbeddedPositionData* record = FindRecord(Account, Symbol);
+    return record != nullptr && IsListed(*record) ? record : nullptr;
 }
 
 Boolean TEmbeddedPositionAdapter::GetMarketValue(StringView Symbol, Double NetQuantity,
@@ -92,6 +87,14 @@ Boolean TEmbeddedPositionAdapter::GetMarketValue(StringView Symbol, Double NetQu
 
 TEmbeddedPositionData& TEmbeddedPositionAdapter::FeedPosition(StringView account, StringView symbol,
                                                               const TPositionFigures& figures) {
+    TEmbeddedPositionData& record = Store(account, symbol, figures);
+    FChanges.Obtain(account).AddOrSetValue(symbol, &record);
+    FFed.Add(&record);
+    return record;
+}
+
+TEmbeddedPositionData& TEmbeddedPositionAdapter::Store(StringView account, StringView symbol,
+                                                       const TPositionFigures& figures) {
     auto& record = FAccounts.Obtain(account).Obtain(symbol);
     THolding& holding = Hold(symbol);
     if (record == nullptr) {
@@ -99,8 +102,59 @@ TEmbeddedPositionData& TEmbeddedPositionAdapter::FeedPosition(StringView account
         holding.Records.Add(record.get());
     }
     record->SetFigures(figures.FollowsPrice ? Valued(figures, *holding.Item) : figures);
-    FChanges.Obtain(account).AddOrSetValue(symbol, record.get());
     return *record;
+}
+
+TEmbeddedPositionData* TEmbeddedPositionAdapter::FindRecord(StringView account,
+                                                            StringView symbol) const {
+    const TRecords* records = FAccounts.Find(account);
+    const auto* record = records != nullptr ? records->Find(symbol) : nullptr;
+    return record != nullptr ? record->get() : nullptr;
+}
+
+const TPositionFigures* TEmbeddedPositionAdapter::FindFigures(StringView account,
+                                                              StringView symbol) const {
+    const TEmbeddedPositionData* record = FindRecord(account, symbol);
+    return record != nullptr ? &record->Figures() : nullptr;
+}
+
+TPositionFigures TEmbeddedPositionAdapter::FiguresOf(StringView account, StringView symbol) const {
+    if (const TPositionFigures* known = FindFigures(account, symbol)) return *known;
+    TPositionFigures figures;
+    figures.FollowsPrice = true;
+    if (const TEmbeddedMarketData* product = FItems.Item(symbol).Record()) {
+        figures.ProdType = product->GetProductType();
+        if (product->Exchange().IsSided) figures.Side = TPositionSide::Long;
+    }
+    return figures;
+}
+
+bool TEmbeddedPositionAdapter::IsSided(StringView account, StringView symbol) const {
+    return FiguresOf(account, symbol).Side != TPositionSide::Net;
+}
+
+void TEmbeddedPositionAdapter::FollowPrice(StringView account, StringView symbol) {
+    const TEmbeddedPositionData* record = FindRecord(account, symbol);
+    if (record == nullptr || record->Figures().FollowsPrice) return;
+    TPositionFigures figures = record->Figures();
+    quorin::FollowPrice(figures);
+    FeedPosition(account, symbol, figures);
+}
+
+void TEmbeddedPositionAdapter::BookTrade(StringView account, StringView symbol,
+                                         const TPositionTrade& trade) {
+    TPositionFigures figures = FiguresOf(account, symbol);
+    quorin::BookTrade(figures, trade);
+    FChanges.Obtain(account).AddOrSetValue(symbol, &Store(account, symbol, figures));
+}
+
+void TEmbeddedPositionAdapter::Pend(StringView account, StringView symbol, bool isBuy,
+                                    Double quantity) {
+    TPositionFigures figures = FiguresOf(account, symbol);
+    Double& pending = isBuy ? figures.TodayPendBuyQty : figures.TodayPendSellQty;
+    pending = WithoutDust(pending + quantity);
+    TEmbeddedPositionData& record = Store(account, symbol, figures);
+    (IsListed(record) ? FChanges : FPended).Obtain(account).AddOrSetValue(symbol, &record);
 }
 
 TEmbeddedPositionAdapter::THolding& TEmbeddedPositionAdapter::Hold(StringView symbol) {
@@ -150,6 +204,7 @@ void TEmbeddedPositionAdapter::Deliver() {
     const TDeliverySerial serial = FDeliveries.Begin();
     TChanges changes = std::exchange(FChanges, {});
     TChanges moved = std::exchange(FMoved, {});
+    FPended.Clear();
     DeliverChanges(serial, changes);
     DeliverToMasters(serial, changes);
     if (moved.IsEmpty()) return;
