@@ -18,6 +18,7 @@ constexpr StringView QuestionLabel = u"question";
 constexpr StringView AnswerLabel = u"answer";
 constexpr StringView YesText = u"yes";
 constexpr StringView NoText = u"no";
+constexpr StringView LineGap = u"; "; // between the lines of a question in the audit list
 constexpr StringView Prompt = u"yes or no? ";
 
 constexpr Integer AnswerNo = 0;
@@ -49,10 +50,17 @@ void TConsoleHost::ShowMessage(StringView text) {
 
 Integer TConsoleHost::Confirm(StringView text, Integer) {
     PrintLines(*FMessages, QuestionLabel, text);
-    if (FAnswers == TAnswerBy::User) return AskUser() ? ConfirmYes : AnswerNo;
+    if (FDesk != nullptr) FDesk->NoteQuestion(ReplaceAll(text, u"\n", LineGap));
+    const bool isYes = Answer();
+    if (FDesk != nullptr) FDesk->NoteAnswer(isYes ? YesText : NoText);
+    return isYes ? ConfirmYes : AnswerNo;
+}
+
+bool TConsoleHost::Answer() {
+    if (FAnswers == TAnswerBy::User) return AskUser();
     const bool isYes = FAnswers == TAnswerBy::Yes;
     PrintLines(*FMessages, AnswerLabel, isYes ? YesText : NoText);
-    return isYes ? ConfirmYes : AnswerNo;
+    return isYes;
 }
 
 bool TConsoleHost::AskUser() {
@@ -67,7 +75,7 @@ bool TConsoleHost::AskUser() {
 }
 
 Boolean TConsoleHost::ChannelMessage(Integer number, Pointer data) {
-    return FDesk.Answer(number, data);
+    return FOrders.Answer(number, data);
 }
 
 } // namespace quorin

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "embedded/Host.h"
-#include "terminal/console/OrderDesk.h"
+#include "terminal/console/OrderDialog.h"
 
 #include <istream>
 #include <ostream>
@@ -15,14 +15,16 @@ String LabelledLine(StringView label, StringView text);
 enum class TAnswerBy : Byte { No, Yes, User };
 
 // The console as a host: prints messages and questions, each with a label, and has questions
-// answered with no until told otherwise. Orders and favourites go through its order desk.
+// answered with no until told otherwise. Orders and favourites go through its order dialog.
 class TConsoleHost : public THost {
 public:
     explicit TConsoleHost(std::ostream& messages) : FMessages(&messages) {}
 
     // From here on prints there; a user's answers are lines of `input`: y or n, the end is a no.
     void TalkOn(std::ostream& messages, TAnswerBy answers, std::istream& input);
-    const TOrderDesk& Desk() const { return FDesk; }
+    // Notes questions and answers there from here on; nil: nowhere.
+    void SetDesk(TOrderDesk* desk) { FDesk = desk; }
+    const TOrderDialog& Orders() const { return FOrders; }
 
     void ShowMessage(StringView text) override;
     Integer Confirm(StringView text, Integer defaultAnswer) override;
@@ -30,12 +32,14 @@ public:
     Boolean ChannelMessage(Integer number, Pointer data) override;
 
 private:
+    bool Answer();
     bool AskUser();
 
     std::ostream* FMessages;
     TAnswerBy FAnswers = TAnswerBy::No;
     std::istream* FInput = nullptr;
-    TOrderDesk FDesk{*this};
+    TOrderDesk* FDesk = nullptr;
+    TOrderDialog FOrders{*this};
 };
 
 } // namespace quorin

@@ -26,6 +26,7 @@ TConsoleSession::TConsoleSession(const TConsoleOptions& options,
                                                  .SettingsPath = options.Settings,
                                                  .Language = options.Language,
                                                  .Switches = options.Switches}) {
+    FHost.SetDesk(&FServices.Desk());
     // Prices are shown by their ticks from the first frame on.
     FServices.Market().SetSpreadTablesAtOnce(true);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
+#include "terminal/console/AuditText.h"
 #include "terminal/console/ScriptScreen.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/services/AccountAdapter.h"
@@ -258,6 +259,25 @@ void CopyPrice(TScriptScreen& screen, const TScriptArguments& arguments, std::os
     screen.Market().List().CopyPrice(record, arguments.Number(2));
 }
 
+void Orders(TScriptScreen& screen, const TScriptArguments&, std::ostream&) {
+    screen.ShowOrders();
+}
+
+void Cancel(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    const Integer number = arguments.Number(1);
+    if (screen.Desk().FindOrder(number) == nullptr) {
+        Fail(u"there is no order " + IntegerToText(number));
+    }
+    PrintResult(out, screen.Desk().CancelOrder(number), DoneText);
+}
+
+void Audit(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
+    const TOrderAudit& audit = screen.Desk().Audit();
+    for (Integer index = 0; index < audit.Count(); ++index) {
+        Print(out, u"audit", AuditLine(audit[index], screen.Desk()));
+    }
+}
+
 // The rest.
 
 void Step(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
@@ -339,6 +359,9 @@ constexpr TScriptCommand Commands[] = {
     {"move FROM TO", "moves a market row", Move},
     {"batchmode on|off", "how rows that come on screen are followed", BatchMode},
     {"showposition on|off", "positions in the market lists", ShowPosition},
+    {"orders", "shows all orders of the day", Orders},
+    {"cancel NUMBER", "cancels what is left of an order, by its number", Cancel},
+    {"audit", "lists everything that happened to orders", Audit},
     {"step COUNT", "goes so many deliveries on", Step},
     {"set KEY VALUE", "changes a setting, KEY or SECTION/KEY; \"\" takes it away", Set},
     {"language N", "0 English, 1 Traditional, 2 Simplified Chinese", Language},

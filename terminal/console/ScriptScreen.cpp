@@ -3,6 +3,7 @@
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
+#include "terminal/console/AuditText.h"
 #include "terminal/console/ListText.h"
 #include "terminal/console/TextWidth.h"
 #include "terminal/forms/TerminalKeys.h"
@@ -15,6 +16,7 @@ namespace quorin {
 namespace {
 
 constexpr StringView HeadLabel = u"head";
+constexpr StringView ReportLabel = u"report";
 constexpr StringView EntryLabel = u"entry";
 constexpr StringView TitleGap = u"  ";
 constexpr Integer RowNumberWidth = 3;
@@ -33,7 +35,7 @@ void Print(std::ostream& out, StringView label, StringView text) {
 } // namespace
 
 TScriptScreen::TScriptScreen(TConsoleSession& session)
-    : FSession(session), FMarket(&session.Watch()), FLastList(FMarket),
+    : FSession(session), FOrders(session.Services().Desk()), FMarket(&session.Watch()), FLastList(FMarket),
       FExchange(session.Head().Exchange) {
     Watch().ShowPositions(true);
     FUnderlyer.ShowPositions(true);
@@ -85,6 +87,7 @@ void TScriptScreen::Follow() {
 
 void TScriptScreen::PrintChanges(std::ostream& out) {
     Follow();
+    PrintReports(out);
     TFrameHead head = FSession.Head();
     head.Exchange = Title();
     PrintLine(out, HeadLabel, FPrintedHead, HeadText(head));
@@ -92,9 +95,21 @@ void TScriptScreen::PrintChanges(std::ostream& out) {
     if (FHasPositions) {
         PrintList(out, FPrintedPositions, FPositions, FPositions.View().RowCount());
     }
-    PrintLine(out, EntryLabel, FPrintedEntry, FSession.Host().Desk().Entry().Text());
+    if (FHasOrders) PrintList(out, FPrintedOrders, FOrders, FOrders.View().RowCount());
+    PrintLine(out, EntryLabel, FPrintedEntry, FSession.Host().Orders().Entry().Text());
     FMarket->NoteShown();
     FPositions.NoteShown();
+}
+
+// Questions and answers were printed when they were asked.
+void TScriptScreen::PrintReports(std::ostream& out) {
+    const TOrderAudit& audit = Desk().Audit();
+    for (; FReported < audit.Count(); ++FReported) {
+        const TOrderAuditEntry& entry = audit[FReported];
+        const bool isPrinted =
+            entry.Kind == TOrderAuditKind::Question || entry.Kind == TOrderAuditKind::Answer;
+        if (!isPrinted) Print(out, ReportLabel, AuditLine(entry, Desk()));
+    }
 }
 
 void TScriptScreen::PrintLine(std::ostream& out, StringView label, String& printed, String line) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "terminal/console/ConsoleSession.h"
+#include "terminal/forms/OrdersForm.h"
 #include "terminal/forms/PositionForm.h"
 #include "terminal/forms/UnderlyerForm.h"
 
@@ -8,13 +9,15 @@
 
 namespace quorin {
 
-// What the user of a script looks at: a market list, below it the positions and the working orders
-// once they were asked for, and order entry. Prints what has changed on it and nothing else.
+// What the user of a script looks at: a market list, below it the positions and the orders once they
+// were asked for, and order entry. Prints what has changed on it and nothing else, and before that
+// reports what has happened to orders.
 class TScriptScreen {
 public:
     explicit TScriptScreen(TConsoleSession& session);
 
     TConsoleSession& Session() { return FSession; }
+    TOrderDesk& Desk() { return FSession.Services().Desk(); }
 
     // The market list that is shown: the watch or the underlyer's.
     TMarketListForm& Market() { return *FMarket; }
@@ -29,6 +32,7 @@ public:
     void ShowWatch(StringView exchange);
     void ShowUnderlyer(const TUnderlyerChoice& choice, StringView title);
     void ShowPositions();
+    void ShowOrders() { FHasOrders = true; }
     void ShowAccount(StringView account);
     // The exchange of the market list; empty for the favourites.
     String Exchange() const;
@@ -45,15 +49,19 @@ private:
     };
 
     String Title() const;
+    void PrintReports(std::ostream& out);
     void PrintLine(std::ostream& out, StringView label, String& printed, String line);
     void PrintList(std::ostream& out, TPrinted& printed, TListForm& list, Integer rows);
 
     TConsoleSession& FSession;
     TUnderlyerForm FUnderlyer;
     TPositionForm FPositions;
+    TOrdersForm FOrders;
     TMarketListForm* FMarket;
     TListForm* FLastList;
     bool FHasPositions = false;
+    bool FHasOrders = false;
+    Integer FReported = 0; // lines of the audit list
     String FAccount;
     String FExchange; // of the watch
     String FUnderlyerTitle;
@@ -61,6 +69,7 @@ private:
     String FPrintedEntry;
     TPrinted FPrintedMarket{u"market", {}, {}};
     TPrinted FPrintedPositions{u"position", {}, {}};
+    TPrinted FPrintedOrders{u"order", {}, {}};
 };
 
 } // namespace quorin

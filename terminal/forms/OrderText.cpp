@@ -31,9 +31,18 @@ String QuantityText(Double quantity, StringView symbol) {
 }
 
 String OrderPriceText(const TOrderValues& order) {
-    if ((order.Flags & OrderFlag::Market) != 0) return InterfaceText(TerminalKey::Res_AtMarket);
+    if (order.IsMarket()) return InterfaceText(TerminalKey::Res_AtMarket);
     return TCustomFormatter::GetInstance()->FormatValue(order.Price, DisplayDataType::MarketPrice,
                                                         order.Symbol, /*Flag=*/true, nullptr);
+}
+
+String AveragePriceText(Double price, StringView symbol) {
+    return TCustomFormatter::GetInstance()->FormatValue(price, DisplayDataType::AveragePrice, symbol,
+                                                        /*Flag=*/true, nullptr);
+}
+
+String ReasonText(TOrderReason reason) {
+    return reason == TOrderReason::None ? String() : InterfaceText(ReasonKey(reason));
 }
 
 String SymbolText(StringView symbol) {

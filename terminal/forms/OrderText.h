@@ -12,6 +12,10 @@ String SideText(Integer side);
 String QuantityText(Double quantity, StringView symbol);
 // The price as prices of the symbol are shown; of an order at the market a word for it.
 String OrderPriceText(const TOrderValues& order);
+// A price that was worked out, as those of the symbol are shown.
+String AveragePriceText(Double price, StringView symbol);
+// Why an order was refused or cancelled; empty for no reason.
+String ReasonText(TOrderReason reason);
 // The symbol with its name.
 String SymbolText(StringView symbol);
 

@@ -43,6 +43,7 @@ inline constexpr StringView Res_AddFavoriteQuestion = u"Res_AddFavoriteQuestion"
 inline constexpr StringView Res_NoSymbolToAdd = u"Res_NoSymbolToAdd";
 inline constexpr StringView Res_Favourites = u"Res_Favourites";
 inline constexpr StringView Res_OrderNumber = u"Res_OrderNumber";
+inline constexpr StringView Res_Reason = u"Res_Reason";
 inline constexpr StringView Res_Filled = u"Res_Filled";
 } // namespace TerminalKey
 

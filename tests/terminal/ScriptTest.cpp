@@ -1,49 +1,22 @@
 #include "platform/rtl/Utf.h"
 #include "terminal/console/ScriptCommands.h"
-#include "terminal/console/ScriptSession.h"
+#include "tests/terminal/ScriptPlay.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 
 namespace quorin {
 namespace {
 
-// Scripts on the venue with the shipped data.
-struct TScriptTest : testing::Test {
-    struct TRun {
-        Integer Wrong = 0;
-        std::string Out;
-        std::string Errors;
-    };
-    TRun Run(const std::string& script) {
-        std::istringstream lines(script);
-        std::ostringstream out;
-        std::ostringstream errors;
-        TRun run;
-        {
-            const auto session = OpenSession(Options, QUORIN_DATA_DIR, errors);
-            session->Host().TalkOn(out, Answers, Typed);
-            TScriptScreen screen(*session);
-            run.Wrong = RunScript(screen, ReadScript(lines), "s.txt", out, errors);
-        }
-        run.Out = out.str();
-        run.Errors = errors.str();
-        return run;
-    }
-    // What the lines behind the first, "watch SEHK", have printed.
-    std::string Behind(const std::string& script) {
-        const std::string out = Run("watch SEHK\n" + script).Out;
-        return out.substr(out.find("> 2 "));
-    }
+// What the lines behind a first one, "watch SEHK", have printed.
+std::string Behind(const std::string& script) {
+    TScriptPlay play;
+    const std::string out = play.Run("watch SEHK\n" + script);
+    return out.substr(out.find("> 2 "));
+}
 
-    TConsoleOptions Options;
-    TAnswerBy Answers = TAnswerBy::No;
-    std::istringstream Typed;
-};
-
-TEST_F(TScriptTest, WrongLinesAreReportedAndTheScriptGoesOn) {
+TEST(ScriptTest, WrongLinesAreReportedAndTheScriptGoesOn) {
     const struct {
         const char* Line;
         const char* Reason;
@@ -79,16 +52,17 @@ TEST_F(TScriptTest, WrongLinesAreReportedAndTheScriptGoesOn) {
         expected += "s.txt:" + at + ": " + row.Reason + "\n";
         echo += "> " + at + " " + row.Line + "\n";
     }
-    const TRun run = Run("watch SEHK\n" + script + "step 1\n");
-    EXPECT_EQ(run.Errors, expected);
-    EXPECT_EQ(run.Wrong, static_cast<Integer>(std::size(cases)));
-    const std::size_t behind = run.Out.find("> 2 ");
-    EXPECT_EQ(run.Out.substr(behind, echo.size()), echo);
-    EXPECT_EQ(run.Out.find("> 21 step 1\n  head     SEHK  M88001  09:30:00.250  #1\n"),
+    TScriptPlay play;
+    const std::string out = play.Run("watch SEHK\n" + script + "step 1\n");
+    EXPECT_EQ(play.Errors.str(), expected);
+    EXPECT_EQ(play.Wrong, static_cast<Integer>(std::size(cases)));
+    const std::size_t behind = out.find("> 2 ");
+    EXPECT_EQ(out.substr(behind, echo.size()), echo);
+    EXPECT_EQ(out.find("> 21 step 1\n  head     SEHK  M88001  09:30:00.250  #1\n"),
               behind + echo.size());
 }
 
-TEST_F(TScriptTest, OnlyWhatChangedIsPrinted) {
+TEST(ScriptTest, OnlyWhatChangedIsPrinted) {
     EXPECT_EQ(Behind("watch SEHK\nbatchmode off\n"), "> 2 watch SEHK\n> 3 batchmode off\n");
     const std::string moved = Behind("move 1 0\n");
     EXPECT_NE(moved.find("\n  market     0 00011 "), std::string::npos) << moved;
@@ -100,7 +74,7 @@ TEST_F(TScriptTest, OnlyWhatChangedIsPrinted) {
                        "  market     0-19 gone\n");
 }
 
-TEST_F(TScriptTest, CellShowsTheKindOfItsValue) {
+TEST(ScriptTest, CellShowsTheKindOfItsValue) {
     EXPECT_EQ(Behind("cell 0 0\ncell 0 31\ncell 0 3\ncell 0 77777\n"),
               "> 2 cell 0 0\n  cell     text \"00005\" | \"00005\"\n"
               "> 3 cell 0 31\n  cell     real 100.4 | \"100.4\"\n"
@@ -111,7 +85,7 @@ TEST_F(TScriptTest, CellShowsTheKindOfItsValue) {
     EXPECT_EQ(position.substr(position.find("> 4")), "> 4 cell 2 3\n  cell     whole 0 | \"-\"\n");
 }
 
-TEST_F(TScriptTest, RowsAreThoseOfTheListShownLast) {
+TEST(ScriptTest, RowsAreThoseOfTheListShownLast) {
     const std::string cells = Behind("account P50001\npositions\ncell 1 0\nwatch SEHK\ncell 1 0\n");
     const std::size_t position = cells.find("> 4 cell 1 0\n  cell     text \"00700\"");
     const std::size_t market = cells.find("> 6 cell 1 0\n  cell     text \"00011\"");
@@ -119,14 +93,14 @@ TEST_F(TScriptTest, RowsAreThoseOfTheListShownLast) {
     EXPECT_NE(market, std::string::npos) << cells;
 }
 
-TEST_F(TScriptTest, LanguageAndSettingsReachTheScreen) {
+TEST(ScriptTest, LanguageAndSettingsReachTheScreen) {
     const std::string out = Behind("language 2\nset QtyThousandPeriod n\nstep 1\n");
     EXPECT_NE(out.find("  market       代码 "), std::string::npos);
     EXPECT_NE(out.find("汇丰控股"), std::string::npos);
     EXPECT_EQ(out.find(",000 "), std::string::npos) << "no groups";
 }
 
-TEST_F(TScriptTest, EveryCommandIsInTheHelp) {
+TEST(ScriptTest, EveryCommandIsInTheHelp) {
     const std::string help = ScriptHelp();
     for (const TScriptCommand& command : ScriptCommands()) {
         EXPECT_NE(help.find(std::string("  ") + command.Pattern + "\n"), std::string::npos);

@@ -8,10 +8,10 @@ namespace quorin {
 
 // Answers what the lists ask of the application around orders: it words the question, has the host
 // put it to the user and does what he agreed to. A question is one text, its lines apart by "\n".
-class TOrderDesk {
+class TOrderDialog {
 public:
     // `host` asks and tells; it must live longer.
-    explicit TOrderDesk(THost& host) : FHost(host) {}
+    explicit TOrderDialog(THost& host) : FHost(host) {}
 
     // As THost::ChannelMessage; False for messages that are about something else.
     Boolean Answer(Integer number, Pointer data);

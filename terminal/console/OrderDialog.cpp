@@ -1,4 +1,4 @@
-#include "terminal/console/OrderDesk.h"
+#include "terminal/console/OrderDialog.h"
 
 #include "platform/rtl/Text.h"
 #include "terminal/console/ListText.h"
@@ -14,7 +14,7 @@
 
 namespace quorin {
 
-Boolean TOrderDesk::Answer(Integer number, Pointer data) {
+Boolean TOrderDialog::Answer(Integer number, Pointer data) {
     if (number == ChannelMessage::AddFavoritePrice) {
         AddFavorite();
         return true;
@@ -35,14 +35,14 @@ Boolean TOrderDesk::Answer(Integer number, Pointer data) {
     }
 }
 
-bool TOrderDesk::Ask(StringView message, StringView question) {
+bool TOrderDialog::Ask(StringView message, StringView question) {
     const String text =
         message.empty() ? String(question) : String(message) + u"\n" + String(question);
     return FHost.Confirm(text, ConfirmYes) == ConfirmYes;
 }
 
 // An order without a quantity comes from a quick order that wants to be confirmed.
-void TOrderDesk::TakeOrder(TOrderTakeActionRecord& record) {
+void TOrderDialog::TakeOrder(TOrderTakeActionRecord& record) {
     auto* order = ObjectAs<TEmbeddedClientOrder>(record.Order);
     TCustomOrderActionManager* manager = TCustomOrderActionManager::GetInstance();
     if (order == nullptr || manager == nullptr) return;
@@ -52,7 +52,7 @@ void TOrderDesk::TakeOrder(TOrderTakeActionRecord& record) {
     record.Result = manager->TakeOrderAction(nullptr, order, record.Action, /*Flag=*/true);
 }
 
-void TOrderDesk::CloseAll(TOrderTakeActionRecord& record) {
+void TOrderDialog::CloseAll(TOrderTakeActionRecord& record) {
     std::unique_ptr<TObject> received(std::exchange(record.Order, nullptr));
     auto* list = ObjectAs<TBaseDataControl>(received.get());
     if (list == nullptr) return;
@@ -69,7 +69,7 @@ void TOrderDesk::CloseAll(TOrderTakeActionRecord& record) {
     record.Result = Ask({}, rows + question);
 }
 
-void TOrderDesk::Copy(Integer number, const TCopyOrderRecord& record) {
+void TOrderDialog::Copy(Integer number, const TCopyOrderRecord& record) {
     const auto* order = ObjectAs<TEmbeddedClientOrder>(record.Order);
     if (order == nullptr) return;
     if (number == ChannelMessage::CopyOrder) {
@@ -79,7 +79,7 @@ void TOrderDesk::Copy(Integer number, const TCopyOrderRecord& record) {
     }
 }
 
-void TOrderDesk::AddFavorite() {
+void TOrderDialog::AddFavorite() {
     const String symbol = FEntry.Values().Symbol;
     if (symbol.empty()) {
         FHost.ShowMessage(InterfaceText(TerminalKey::Res_NoSymbolToAdd));

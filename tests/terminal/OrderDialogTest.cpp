@@ -15,8 +15,8 @@ namespace {
 constexpr StringView Holder = u"A1";
 
 // One share in lots of 400 with a quote, one without anything, and an account that is short of it.
-struct TOrderDeskTest : testing::Test {
-    TOrderDeskTest() {
+struct TOrderDialogTest : testing::Test {
+    TOrderDialogTest() {
         Services.Market().AddExchange({u"SEHK", u"HKD", u"", MarketOpen});
         Services.Market().AddCategory({1, {u"Shares"}});
         Services.Market().AddSeries({u"S", u"SEHK", 1, {u"S"}});
@@ -36,7 +36,7 @@ struct TOrderDeskTest : testing::Test {
         Positions = std::make_unique<TPositionForm>();
         Positions->Control().SetAccount(Holder);
     }
-    ~TOrderDeskTest() override {
+    ~TOrderDialogTest() override {
         Watch.reset();
         Positions.reset();
         EXPECT_EQ(Services.RegistrationCount(), 0); // lists of a question among them
@@ -74,7 +74,7 @@ struct TOrderDeskTest : testing::Test {
     std::unique_ptr<TPositionForm> Positions;
 };
 
-TEST_F(TOrderDeskTest, QuickOrderIsAskedForInOneLot) {
+TEST_F(TOrderDialogTest, QuickOrderIsAskedForInOneLot) {
     Confirm(u"ConfirmationPlaceOrd");
     EXPECT_FALSE(Watch->List().BuyBestAskOrder(0));
     EXPECT_EQ(TakeSaid(),
@@ -96,7 +96,7 @@ TEST_F(TOrderDeskTest, QuickOrderIsAskedForInOneLot) {
                           "  answer   yes\n");
 }
 
-TEST_F(TOrderDeskTest, CloseIsAskedForWithItsOwnQuantity) {
+TEST_F(TOrderDialogTest, CloseIsAskedForWithItsOwnQuantity) {
     Confirm(u"ConfirmationClosePosition");
     AnswerBy(TAnswerBy::Yes);
     EXPECT_TRUE(Positions->Control().CloseToBest(0));
@@ -106,7 +106,7 @@ TEST_F(TOrderDeskTest, CloseIsAskedForWithItsOwnQuantity) {
     EXPECT_EQ(TakenCount(), 1);
 }
 
-TEST_F(TOrderDeskTest, CloseAllShowsTheListAndFreesIt) {
+TEST_F(TOrderDialogTest, CloseAllShowsTheListAndFreesIt) {
     Confirm(u"ConfirmationClosePosition");
     for (const TAnswerBy answer : {TAnswerBy::No, TAnswerBy::Yes}) {
         AnswerBy(answer);
@@ -122,7 +122,7 @@ TEST_F(TOrderDeskTest, CloseAllShowsTheListAndFreesIt) {
     }
 }
 
-TEST_F(TOrderDeskTest, UserIsAskedUntilHeAnswers) {
+TEST_F(TOrderDialogTest, UserIsAskedUntilHeAnswers) {
     const struct {
         const char* Name;
         const char* Typed;
@@ -148,8 +148,8 @@ TEST_F(TOrderDeskTest, UserIsAskedUntilHeAnswers) {
     }
 }
 
-TEST_F(TOrderDeskTest, ListsCopyIntoOrderEntry) {
-    const auto text = [this] { return ToUtf8(Host.Desk().Entry().Text()); };
+TEST_F(TOrderDialogTest, ListsCopyIntoOrderEntry) {
+    const auto text = [this] { return ToUtf8(Host.Orders().Entry().Text()); };
     EXPECT_EQ(text(), "");
     Watch->List().CopyPrice(0, Field::BestAsk);
     EXPECT_EQ(text(), "Account -, -, quantity -, 00005 HSBC Holdings, price 100.60");
@@ -162,7 +162,7 @@ TEST_F(TOrderDeskTest, ListsCopyIntoOrderEntry) {
     EXPECT_EQ(TakenCount(), 0);
 }
 
-TEST_F(TOrderDeskTest, FavouriteIsTheSymbolOfOrderEntry) {
+TEST_F(TOrderDialogTest, FavouriteIsTheSymbolOfOrderEntry) {
     AnswerBy(TAnswerBy::Yes);
     Watch->List().AddFavoritePrice();
     EXPECT_EQ(TakeSaid(),
@@ -179,7 +179,7 @@ TEST_F(TOrderDeskTest, FavouriteIsTheSymbolOfOrderEntry) {
     EXPECT_TRUE(Services.Market().IsFavorite(u"00005"));
 }
 
-TEST_F(TOrderDeskTest, OtherMessagesAreNotTakenIn) {
+TEST_F(TOrderDialogTest, OtherMessagesAreNotTakenIn) {
     TOrderTakeActionRecord record;
     EXPECT_FALSE(Host.ChannelMessage(ChannelMessage::CustomColumn, Pointer(&record)));
     EXPECT_FALSE(Host.ChannelMessage(ChannelMessage::TakeOrderAction, Pointer()));
