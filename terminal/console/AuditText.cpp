@@ -31,7 +31,8 @@ String PriceText(const TOrderAuditEntry& entry, const TOrderDesk& desk) {
 } // namespace
 
 String AuditLine(const TOrderAuditEntry& entry, const TOrderDesk& desk) {
-    const Double seconds = static_cast<Double>(entry.TimeNanos) / static_cast<Double>(NanosPerSecond);
+    const Double seconds =
+        static_cast<Double>(entry.TimeNanos) / static_cast<Double>(NanosPerSecond);
     String line = FitText(IntegerToText(entry.Sequence), NumberWidth, TAlign::Right);
     const auto append = [&line](StringView text) {
         line += u' ';

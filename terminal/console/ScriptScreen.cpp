@@ -35,8 +35,8 @@ void Print(std::ostream& out, StringView label, StringView text) {
 } // namespace
 
 TScriptScreen::TScriptScreen(TConsoleSession& session)
-    : FSession(session), FOrders(session.Services().Desk()), FMarket(&session.Watch()), FLastList(FMarket),
-      FExchange(session.Head().Exchange) {
+    : FSession(session), FOrders(session.Services().Desk()), FMarket(&session.Watch()),
+      FLastList(FMarket), FExchange(session.Head().Exchange) {
     Watch().ShowPositions(true);
     FUnderlyer.ShowPositions(true);
     FUnderlyer.View().SetVisibleRowCapacity(Watch().View().VisibleRowCapacity());

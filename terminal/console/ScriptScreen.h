@@ -9,9 +9,9 @@
 
 namespace quorin {
 
-// What the user of a script looks at: a market list, below it the positions and the orders once they
-// were asked for, and order entry. Prints what has changed on it and nothing else, and before that
-// reports what has happened to orders.
+// What the user of a script looks at: a market list, below it the positions and the orders once
+// they were asked for, and order entry. Prints what has changed on it and nothing else, and before
+// that reports what has happened to orders.
 class TScriptScreen {
 public:
     explicit TScriptScreen(TConsoleSession& session);

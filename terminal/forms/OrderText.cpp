@@ -37,7 +37,8 @@ String OrderPriceText(const TOrderValues& order) {
 }
 
 String AveragePriceText(Double price, StringView symbol) {
-    return TCustomFormatter::GetInstance()->FormatValue(price, DisplayDataType::AveragePrice, symbol,
+    return TCustomFormatter::GetInstance()->FormatValue(price, DisplayDataType::AveragePrice,
+                                                        symbol,
                                                         /*Flag=*/true, nullptr);
 }
 

@@ -109,11 +109,26 @@ TEST(OptionsTest, HelpNamesTheOptions) {
     EXPECT_FALSE(line.Options.has_value());
     EXPECT_EQ(line.ExitStatus, 0);
     EXPECT_EQ(line.Error, "");
-    for (const char* option :
-         {"--text", "--replay", "--poll", "--exchange", "--frames", "--rows", "--settings",
-          "--sides", "--trades", "--seed", "--universe", "--language", "--logged-out",
-          "--market-ready", "--accounts-ready", "--single-currency", "--no-china-connect", "--script",
-          "--answer", "underlyer EXCHANGE SERIES"}) {
+    for (const char* option : {"--text",
+                               "--replay",
+                               "--poll",
+                               "--exchange",
+                               "--frames",
+                               "--rows",
+                               "--settings",
+                               "--sides",
+                               "--trades",
+                               "--seed",
+                               "--universe",
+                               "--language",
+                               "--logged-out",
+                               "--market-ready",
+                               "--accounts-ready",
+                               "--single-currency",
+                               "--no-china-connect",
+                               "--script",
+                               "--answer",
+                               "underlyer EXCHANGE SERIES"}) {
         EXPECT_NE(line.Output.find(option), std::string::npos) << option;
     }
 }

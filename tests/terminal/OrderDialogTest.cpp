@@ -64,7 +64,13 @@ struct TOrderDialogTest : testing::Test {
         Said.str("");
         return said;
     }
-    Integer TakenCount() { return Services.Orders().TakenOrders().Count(); }
+    Integer TakenCount() {
+        Integer count = 0;
+        for (const TDeskOrder& order : Services.Desk().Orders()) {
+            if (order.State != TOrderState::Refused) ++count;
+        }
+        return count;
+    }
 
     std::ostringstream Said;
     std::istringstream Typed;
@@ -88,7 +94,7 @@ TEST_F(TOrderDialogTest, QuickOrderIsAskedForInOneLot) {
               "  question Account A1: Sell 400 (one lot) of 00005 HSBC Holdings at market?\n"
               "  answer   yes\n");
     ASSERT_EQ(TakenCount(), 1);
-    EXPECT_EQ(Services.Orders().TakenOrders()[0].Quantity, 400.0);
+    EXPECT_EQ(Services.Desk().Orders()[0].Values.Quantity, 400.0);
 
     Services.Language().SetLanguage(TAppLanguage::TraditionalChinese);
     Watch->List().BuyMarketOrder(1); // without a lot size, and without a name of its own

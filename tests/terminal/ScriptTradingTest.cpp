@@ -16,10 +16,11 @@ namespace {
 const std::filesystem::path FirstTrades =
     std::filesystem::path(QUORIN_DATA_DIR) / "scripts" / "first-trades.txt";
 
-// What an account holds of a symbol by the fills, on top of what it held before the first.
+// What an account holds of a symbol: what the files say, and the fills on top of it.
 struct THeld {
     Double Quantity = 0.0;
-    Double Spent = 0.0; // on all of it, at the price of the day's beginning and of the fills
+    Double Short = 0.0; // beside it
+    Double Spent = 0.0; // on all that was ever bought, less what was sold
 };
 using THeldBySymbol = std::map<String, THeld>;
 
@@ -39,8 +40,11 @@ THeldBySymbol HeldAtStart(StringView account) {
         // Without a price of its own the day begins at the previous close.
         const Double price =
             record.GetBODPrice() != 0.0 ? record.GetBODPrice() : record.GetPClose();
-        held[entry.Key] = {record.GetQuantity(),
-                           record.GetQuantity() * price * ContractSize(entry.Key)};
+        const Double start = record.GetBODQuantity() - record.GetBODShortQuantity();
+        const Double spent =
+            start * price + record.GetTodayBuyAmount() - record.GetTodaySellAmount();
+        held[entry.Key] = {record.GetQuantity(), record.GetShortQuantity(),
+                           spent * ContractSize(entry.Key)};
     }
     return held;
 }
@@ -49,8 +53,7 @@ void AddFills(THeldBySymbol& held, const TOrderAudit& audit, StringView account)
     for (Integer index = 0; index < audit.Count(); ++index) {
         const TOrderAuditEntry& entry = audit[index];
         if (entry.Kind != TOrderAuditKind::Fill || entry.Account != account) continue;
-        const Double quantity =
-            entry.BuySell == OrderSide::Buy ? entry.Quantity : -entry.Quantity;
+        const Double quantity = entry.BuySell == OrderSide::Buy ? entry.Quantity : -entry.Quantity;
         held[entry.Symbol].Quantity += quantity;
         held[entry.Symbol].Spent += quantity * entry.Price * ContractSize(entry.Symbol);
     }
@@ -68,7 +71,8 @@ void ExpectShown(TPositionForm& positions, const THeldBySymbol& held) {
         ASSERT_EQ(rows.count(symbol), isOpen ? 1u : 0u) << ToUtf8(symbol);
         if (!isOpen) continue;
         const Integer row = rows[symbol];
-        EXPECT_EQ(positions.Value(row, PositionAttribute::NetQuantity), Variant(figures.Quantity));
+        EXPECT_EQ(positions.Value(row, PositionAttribute::NetQuantity),
+                  Variant(figures.Quantity - figures.Short));
         const Double value = positions.Value(row, PositionAttribute::MarketValue).ToDouble();
         const Double result = positions.Value(row, PositionAttribute::TotalPL).ToDouble();
         EXPECT_NEAR(result, value - figures.Spent, 0.005) << ToUtf8(symbol);
@@ -104,10 +108,10 @@ TEST(ScriptTradingTest, QuickOrderFillsAtTheQuoteShown) {
 TEST(ScriptTradingTest, FirstTradesShowTheRightFigures) {
     for (const std::uint64_t seed : {1u, 2u, 7u}) {
         TScriptPlay play(TAnswerBy::Yes, seed);
-        THeldBySymbol held = HeldAtStart(u"T10020");
+        THeldBySymbol held = HeldAtStart(u"P50001");
         const std::string out = play.RunFile(FirstTrades);
         EXPECT_EQ(play.Errors.str(), "") << seed;
-        AddFills(held, play.Screen->Desk().Audit(), u"T10020");
+        AddFills(held, play.Screen->Desk().Audit(), u"P50001");
         EXPECT_GE(FillCount(play.Screen->Desk().Audit()), 8) << seed;
         ExpectShown(play.Screen->Positions(), held);
         TScriptPlay again(TAnswerBy::Yes, seed);
