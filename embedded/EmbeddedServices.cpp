@@ -100,17 +100,19 @@ void TEmbeddedServices::FeedChinaConnect(const TAccountFiles& files) {
 
 void TEmbeddedServices::Deliver() {
     FConfig.Commit();
+    FDesk.Book();
     FCurrencies.Deliver();
     FProducts.Deliver();
     FAccounts.Deliver();
     FMarket.Deliver();
     FItems.Deliver();
     FPositions.Deliver();
+    FDesk.Deliver();
 }
 
 Integer TEmbeddedServices::CountAll() const {
     return SumRegistrations(FConfig, FLanguage, FChannels, FItems, FMarket, FAccounts, FPositions,
-                            FCurrencies, FProducts) -
+                            FCurrencies, FProducts, FDesk) -
            FPositions.FollowedItemCount();
 }
 

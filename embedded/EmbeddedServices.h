@@ -55,6 +55,8 @@ public:
     TEmbeddedLogFile& Log() { return FLog; }
     TEmbeddedSubscribeAdapter& Items() { return FItems; }
     TEmbeddedMarketAdapter& Market() { return FMarket; }
+    // The orders and their audit list.
+    TOrderDesk& Desk() { return FDesk; }
     TEmbeddedOrderActionManager& Orders() { return FOrders; }
     TEmbeddedLoginCtrl& Login() { return FLogin; }
     TEmbeddedAccountAdapter& Accounts() { return FAccounts; }
@@ -69,8 +71,8 @@ public:
     // fault, and then nothing of it is loaded.
     void LoadAccounts(const std::filesystem::path& folder);
 
-    // Delivers all that waits in any service: settings first, then the standing data, then quotes,
-    // then positions.
+    // Books what was traded, then delivers all that waits in any service: settings first, then the
+    // standing data, quotes, positions, and orders last.
     void Deliver();
     // What others have registered in all services together.
     Integer RegistrationCount() const { return CountAll() - FOwnRegistrations; }
@@ -95,12 +97,13 @@ private:
     TEmbeddedDataTypeTable FDataTypes;
     TEmbeddedSeriesComparer FSeriesComparer;
     TEmbeddedOrderAdapter FOrderAdapter;
-    TEmbeddedOrderActionManager FOrders;
     TEmbeddedLoginCtrl FLogin;
     TMarginFeed FMargins{FItems};
     TEmbeddedCurrencyAdapter FCurrencies;
     TEmbeddedAccountAdapter FAccounts{FCurrencies};
     TEmbeddedPositionAdapter FPositions{FItems};
+    TOrderDesk FDesk{FItems, FMarket, FAccounts, FPositions};
+    TEmbeddedOrderActionManager FOrders{FDesk};
     TEmbeddedProductAdapter FProducts;
     TEmbeddedFeatureSwitches FFeatures;
     Integer FOwnRegistrations = 0;

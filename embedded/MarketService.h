@@ -2,6 +2,7 @@
 
 #include "embedded/MarketSessions.h"
 #include "embedded/MarketUniverse.h"
+#include "embedded/OrderMarket.h"
 #include "embedded/Registrations.h"
 #include "embedded/SpreadTable.h"
 #include "embedded/SubscribeService.h"
@@ -83,6 +84,17 @@ public:
     void SetSessions(TMarketSessions sessions) { FSessions = std::move(sessions); }
     const TMarketSessions& Sessions() const { return FSessions; }
 
+    // Who trades against orders; nil, as from the start, for nobody but the quotes of the items.
+    // Not owned.
+    void SetOrderMarket(TOrderMarket* market) { FOrderMarket = market; }
+    TOrderMarket* OrderMarket() const { return FOrderMarket; }
+    // That market tells so when everybody has seen its quotes and it is about to move them: orders
+    // that wait may take from them. One receiver, an empty event for none.
+    void SetQuotesSeenEvent(const TEvent<void()>& event) { FQuotesSeen = event; }
+    void TellQuotesSeen() const {
+        if (FQuotesSeen) FQuotesSeen();
+    }
+
     // A table that can be fetched; see TEmbeddedSpreadTable::Load for what is refused.
     bool AddSpreadTable(StringView code, std::span<const TSpreadBand> bands);
     bool HasSpreadTable(StringView code) const;
@@ -114,6 +126,8 @@ private:
     TEmbeddedSubscribeAdapter& FItems;
     TMarketUniverse FUniverse;
     TMarketSessions FSessions;
+    TOrderMarket* FOrderMarket = nullptr;
+    TEvent<void()> FQuotesSeen;
     TList<String> FFavorites;
     TDictionary<String, bool> FIsFavorite;
     std::deque<TSpreadEntry> FSpreadStore;

@@ -108,6 +108,7 @@ bool TMarketUniverse::AddExchange(const TExchangeRecord& record) {
     exchange.Currency = record.Currency;
     exchange.MarketState = record.MarketState;
     exchange.MarketStatus = record.MarketStatus;
+    exchange.IsSided = record.IsSided;
     FExchanges.Add(&exchange);
     return FByExchange.Add(record.Code, &exchange);
 }

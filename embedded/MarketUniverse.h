@@ -23,6 +23,7 @@ struct TExchangeRecord {
     StringView Currency = {};    // of symbols that say nothing else
     StringView MarketState = {}; // key into the table of market states
     Integer MarketStatus = 0;    // MarketOpen, or anything else
+    bool IsSided = false;        // a position is long or short, and closed before it is turned
 };
 
 struct TCategoryRecord {
@@ -106,6 +107,7 @@ struct TMarketExchange {
     String Currency;
     String MarketState;
     Integer MarketStatus = 0;
+    bool IsSided = false;
     TList<TEmbeddedSeriesData*> Series;
     TList<TEmbeddedMarketData*> Records;
 };
@@ -127,6 +129,7 @@ public:
     // The name of that language, or the plain one where it is empty; see TAppLanguage.
     const String& Name(Integer language) const;
     const String& SpreadCode() const { return *FSpreadCode; }
+    const TMarketExchange& Exchange() const { return *FExchange; }
     const String& TickSize() const { return *FTickSize; }
     Double LotSize() const { return FLotSize; }
     Double ContractSize() const { return FContractSize; }

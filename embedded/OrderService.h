@@ -1,22 +1,11 @@
 #pragma once
 
-#include "platform/rtl/TDictionary.h"
+#include "embedded/OrderDesk.h"
 #include "viewdata/services/LoginCtrl.h"
 #include "viewdata/services/OrderActionManager.h"
 #include "viewdata/services/OrderAdapter.h"
 
 namespace quorin {
-
-// Everything an order says.
-struct TOrderValues {
-    String Account;
-    String Symbol;
-    Double Quantity = 0.0;
-    Double Price = 0.0;
-    Integer BuySell = OrderSide::Buy;
-    Integer Flags = 0; // bits of OrderFlag
-    TDictionary<String, String> ExtraValues;
-};
 
 class TEmbeddedClientOrder : public TCustomClientOrder {
     QUORIN_CLASS(TEmbeddedClientOrder, TCustomClientOrder)
@@ -45,19 +34,18 @@ public:
     std::unique_ptr<TCustomClientOrder> CreateClientOrder() override;
 };
 
-// Takes orders and keeps a copy of each; nothing matches them.
+// Hands orders to the desk.
 class TEmbeddedOrderActionManager : public TCustomOrderActionManager {
 public:
-    // Takes an order of this family that is complete: a known account, a known symbol, a quantity
-    // above 0 and within MaxOrderQuantity, one of the two sides.
+    // `desk` must live longer.
+    explicit TEmbeddedOrderActionManager(TOrderDesk& desk) : FDesk(desk) {}
+
+    // Takes an order of this family that the desk takes, see there. Calls nobody back.
     Boolean TakeOrderAction(TObject* Owner, TCustomClientOrder* Order, Integer Action,
                             Boolean Flag) override;
 
-    // What was taken, in order.
-    const TList<TOrderValues>& TakenOrders() const { return FTakenOrders; }
-
 private:
-    TList<TOrderValues> FTakenOrders;
+    TOrderDesk& FDesk;
 };
 
 class TEmbeddedLoginCtrl : public TCustomLoginCtrl {

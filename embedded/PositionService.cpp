@@ -1,5 +1,6 @@
 #include "embedded/PositionService.h"
 
+#include "embedded/MarketUniverse.h"
 #include "embedded/PositionValuation.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
@@ -75,9 +76,8 @@ void TEmbeddedPositionAdapter::GetPositionList(StringView Account,
 
 TCustomPositionData* TEmbeddedPositionAdapter::GetPosition(StringView Account,
                                                            StringView Symbol) const {
-    const TRecords* records = FAccounts.Find(Account);
-    const auto* record = records != nullptr ? records->Find(Symbol) : nullptr;
-    return record != nullptr && IsListed(**record) ? record->get() : nullptr;
+    TEmbeddedPositionData* record = FindRecord(Account, Symbol);
+    return record != nullptr && IsListed(*record) ? record : nullptr;
 }
 
 Boolean TEmbeddedPositionAdapter::GetMarketValue(StringView Symbol, Double NetQuantity,
@@ -92,6 +92,13 @@ Boolean TEmbeddedPositionAdapter::GetMarketValue(StringView Symbol, Double NetQu
 
 TEmbeddedPositionData& TEmbeddedPositionAdapter::FeedPosition(StringView account, StringView symbol,
                                                               const TPositionFigures& figures) {
+    TEmbeddedPositionData& record = Store(account, symbol, figures);
+    FChanges.Obtain(account).AddOrSetValue(symbol, &record);
+    return record;
+}
+
+TEmbeddedPositionData& TEmbeddedPositionAdapter::Store(StringView account, StringView symbol,
+                                                       const TPositionFigures& figures) {
     auto& record = FAccounts.Obtain(account).Obtain(symbol);
     THolding& holding = Hold(symbol);
     if (record == nullptr) {
@@ -99,8 +106,52 @@ TEmbeddedPositionData& TEmbeddedPositionAdapter::FeedPosition(StringView account
         holding.Records.Add(record.get());
     }
     record->SetFigures(figures.FollowsPrice ? Valued(figures, *holding.Item) : figures);
-    FChanges.Obtain(account).AddOrSetValue(symbol, record.get());
     return *record;
+}
+
+TEmbeddedPositionData* TEmbeddedPositionAdapter::FindRecord(StringView account,
+                                                            StringView symbol) const {
+    const TRecords* records = FAccounts.Find(account);
+    const auto* record = records != nullptr ? records->Find(symbol) : nullptr;
+    return record != nullptr ? record->get() : nullptr;
+}
+
+const TPositionFigures* TEmbeddedPositionAdapter::FindFigures(StringView account,
+                                                              StringView symbol) const {
+    const TEmbeddedPositionData* record = FindRecord(account, symbol);
+    return record != nullptr ? &record->Figures() : nullptr;
+}
+
+TPositionFigures TEmbeddedPositionAdapter::FiguresOf(StringView account, StringView symbol) const {
+    if (const TPositionFigures* known = FindFigures(account, symbol)) return *known;
+    TPositionFigures figures;
+    figures.FollowsPrice = true;
+    if (const TEmbeddedMarketData* product = FItems.Item(symbol).Record()) {
+        figures.ProdType = product->GetProductType();
+        if (product->Exchange().IsSided) figures.Side = TPositionSide::Long;
+    }
+    return figures;
+}
+
+bool TEmbeddedPositionAdapter::IsSided(StringView account, StringView symbol) const {
+    return FiguresOf(account, symbol).Side != TPositionSide::Net;
+}
+
+void TEmbeddedPositionAdapter::BookTrade(StringView account, StringView symbol,
+                                         const TPositionTrade& trade) {
+    TPositionFigures figures = FiguresOf(account, symbol);
+    FollowPrice(figures);
+    quorin::BookTrade(figures, trade);
+    FeedPosition(account, symbol, figures);
+}
+
+void TEmbeddedPositionAdapter::Pend(StringView account, StringView symbol, bool isBuy,
+                                    Double quantity) {
+    TPositionFigures figures = FiguresOf(account, symbol);
+    Double& pending = isBuy ? figures.TodayPendBuyQty : figures.TodayPendSellQty;
+    pending = WithoutDust(pending + quantity);
+    TEmbeddedPositionData& record = Store(account, symbol, figures);
+    if (IsListed(record)) FChanges.Obtain(account).AddOrSetValue(symbol, &record);
 }
 
 TEmbeddedPositionAdapter::THolding& TEmbeddedPositionAdapter::Hold(StringView symbol) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded/KeyedRegistrations.h"
+#include "embedded/PositionBooking.h"
 #include "embedded/PositionRecord.h"
 #include "embedded/SubscribeService.h"
 #include "viewdata/services/PositionAdapter.h"
@@ -37,6 +38,17 @@ public:
     // Opens, changes or closes a position. Its record stays the service's.
     TEmbeddedPositionData& FeedPosition(StringView account, StringView symbol,
                                         const TPositionFigures& figures);
+    // What is known of a position, listed or not; nil where there is no record.
+    const TPositionFigures* FindFigures(StringView account, StringView symbol) const;
+    // Whether a position is long or short and must be closed before it is turned round. A record
+    // says so itself; what was never held goes by the exchange.
+    bool IsSided(StringView account, StringView symbol) const;
+    // Books a trade; the service values the position from here on. Opens what is not held: on the
+    // side of the trade where positions are sided, net elsewhere.
+    void BookTrade(StringView account, StringView symbol, const TPositionTrade& trade);
+    // Adds to what pending orders buy or sell, or takes away from it. A position that has nothing
+    // else stays unlisted.
+    void Pend(StringView account, StringView symbol, bool isBuy, Double quantity);
     // A price moved that values the open positions in this product.
     void FeedPriceMove(StringView symbol);
     // Every callback gets the accounts that concern it: its own, the master's sub-accounts, or all
@@ -55,6 +67,10 @@ private:
     using TChanges = TDictionary<String, TPositionDictionary>; // by account
 
     THolding& Hold(StringView symbol);
+    TEmbeddedPositionData* FindRecord(StringView account, StringView symbol) const;
+    TEmbeddedPositionData& Store(StringView account, StringView symbol,
+                                 const TPositionFigures& figures);
+    TPositionFigures FiguresOf(StringView account, StringView symbol) const;
     void ItemsUpdate(Pointer Sender, Pointer Data);
     void Move(const THolding& holding);
     static TPositionFigures Valued(TPositionFigures figures, TEmbeddedSubItem& item);

@@ -85,6 +85,14 @@ Double TEmbeddedSpreadTable::GetSpreadDown(Double Price, Double& Upper, Double& 
     return Answer(BandDown(position), Upper, Lower);
 }
 
+bool TEmbeddedSpreadTable::IsOnStep(Double price) const {
+    TPosition position{};
+    if (FBands.empty()) return true;
+    if (!ToPosition(price, position) || position.IsBetween) return false;
+    const TBand& band = FBands[BandUp(position)]; // its lower end is a step, wherever others ended
+    return (position.Below - band.From) % band.Step == 0;
+}
+
 Double TEmbeddedSpreadTable::Answer(std::size_t band, Double& upper, Double& lower) const {
     upper = static_cast<Double>(FBands[band].To) / FScale;
     lower = static_cast<Double>(FBands[band].From) / FScale;

@@ -32,6 +32,10 @@ public:
     Double GetSpreadUp(Double Price, Double& Upper, Double& Lower) const override;
     Double GetSpreadDown(Double Price, Double& Upper, Double& Lower) const override;
 
+    // Whether a price lies on a step of its band; a border is one. Below the
+    // first band its step goes on too. False for what is no price, true while nothing is loaded.
+    bool IsOnStep(Double price) const;
+
     // Takes over the bands, lowest first, each beginning where the one before ends. False, and
     // nothing changes, for anything else: no band, a gap, a step that is not above 0, more than 9
     // decimals.

@@ -19,17 +19,25 @@ struct TNameColumns {
     TDataTable::TColumn Name, Language1, Language2;
 };
 
+bool IsYes(const TDataTable& file, TDataTable::TColumn column) {
+    const Integer value = file.Whole(column, 0);
+    if (value != 0 && value != 1) file.Fail(column, "is neither 0 nor 1");
+    return value == 1;
+}
+
 void ReadExchanges(TDataTable file, TMarketUniverse& universe) {
     const auto code = file.Column("code");
     const auto currency = file.Column("currency");
     const auto state = file.Column("state");
     const auto status = file.Column("status");
+    const auto sided = file.Column("sided");
     while (file.Next()) {
         TExchangeRecord record;
         record.Code = file.Code(code);
         record.Currency = file.Text(currency);
         record.MarketState = file.Text(state);
         record.MarketStatus = file.Whole(status, 0);
+        record.IsSided = IsYes(file, sided);
         if (!universe.AddExchange(record)) file.Fail(code, "is there already");
     }
 }

@@ -35,13 +35,16 @@ TVenue::TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
     FDay.Advance(TimeNanos());
     TakeIncidents();
     FItems.SetFeed(this);
+    FMarket.SetOrderMarket(this);
 }
 
 TVenue::~TVenue() {
     if (FItems.Feed() == this) FItems.SetFeed(nullptr);
+    if (FMarket.OrderMarket() == this) FMarket.SetOrderMarket(nullptr);
 }
 
 void TVenue::Step() {
+    if (FMarket.OrderMarket() == this) FMarket.TellQuotesSeen();
     ++FStep;
     if (FDay.Advance(TimeNanos())) EnterSessions();
     TakeIncidents();
@@ -135,7 +138,8 @@ void TVenue::MoveAny(Integer budget) {
 bool TVenue::CanMove(const TVenueSymbol& symbol) const {
     return symbol.Kind != TVenueKind::None && !symbol.IsStopped &&
            FDay.Exchanges()[symbol.Exchange].IsQuoting &&
-           symbol.LastStep != static_cast<std::uint32_t>(FStep);
+           symbol.LastStep != static_cast<std::uint32_t>(FStep) &&
+           symbol.RestingStep != static_cast<std::uint32_t>(FStep);
 }
 
 void TVenue::Update(TVenueSymbol& symbol) {
@@ -145,10 +149,14 @@ void TVenue::Update(TVenueSymbol& symbol) {
     // Nothing trades in the step that may be the first to show a book.
     const TVenueDay::TExchange& exchange = FDay.Exchanges()[symbol.Exchange];
     FQuotes.Update(symbol, exchange.IsOpen && !exchange.IsChanged, TimeNanos());
+    Show(symbol, symbol.Tape.Count() != trades);
+}
+
+void TVenue::Show(TVenueSymbol& symbol, bool hasTraded) {
     if (symbol.Item == nullptr) return;
     const TPriceLadder& ladder = FBoard.LadderOf(symbol);
     TVenueFieldWriter::WriteBook(symbol, ladder, IsShown(symbol));
-    if (symbol.Tape.Count() != trades) FWriter.WriteTrades(symbol, ladder);
+    if (hasTraded) FWriter.WriteTrades(symbol, ladder);
     FItems.Touch(*symbol.Item);
 }
 

@@ -28,11 +28,12 @@ struct TVenueOptions {
 //
 //   TVenue venue(services.Items(), services.Market(), {.Seed = 7});
 //   while (...) { venue.Step(); services.Deliver(); }
-class TVenue final : public TItemFeed {
+class TVenue final : public TItemFeed, public TOrderMarket {
 public:
-    // Becomes the feed of the items until it dies, and sets the market states of the start. The
-    // hours are the adapter's sessions, which must not change after that; symbols that come into
-    // the universe later have no market. Adapters must live longer.
+    // Becomes the feed of the items and the market that orders trade against until it dies, and
+    // sets the market states of the start. The hours are the adapter's sessions, which must not
+    // change after that; symbols that come into the universe later have no market. Adapters must
+    // live longer.
     TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
            const TVenueOptions& options);
     TVenue(const TVenue&) = delete;
@@ -43,11 +44,16 @@ public:
     // most UpdatesPerStep updates, but for what an exchange that changes its state rewrites.
     void Step();
     // Nanoseconds after midnight, of the last step; the start before the first one.
-    Int64 TimeNanos() const { return FOptions.StartNanos + FStep * FOptions.StepNanos; }
+    Int64 TimeNanos() const override { return FOptions.StartNanos + FStep * FOptions.StepNanos; }
     // How many steps there were.
     Int64 StepNumber() const { return FStep; }
     // How often a symbol has traded or was quoted anew.
     Int64 UpdateCount() const { return FUpdateCount; }
+
+    // Takes whole lots level by level and prints each trade; what is left over below one lot trades
+    // at the best price then, beside the book. Nothing trades while the exchange is closed or the
+    // symbol is stopped. The symbol rests in the next step, so that what was taken is seen.
+    void Take(const TOrderWish& wish, TList<TOrderTrade>& trades) override;
 
     // What the symbol is worth by the venue's own reckoning, around which it is quoted; 0.0 for
     // what has no market.
@@ -72,6 +78,8 @@ private:
     bool IsShown(const TVenueSymbol& symbol) const;
     bool CanMove(const TVenueSymbol& symbol) const;
     void WriteAll(const TVenueSymbol& symbol);
+    void Show(TVenueSymbol& symbol, bool hasTraded);
+    bool MayTake(const TVenueSymbol& symbol) const;
 
     TEmbeddedSubscribeAdapter& FItems;
     TEmbeddedMarketAdapter& FMarket;

@@ -27,10 +27,6 @@ constexpr TLevelFields AskFields[] = {
     {Field::AskPrice5, Field::AskQuantity5},
 };
 
-Double LotSizeOf(const TVenueSymbol& symbol) {
-    return symbol.Record->LotSize() > 0.0 ? symbol.Record->LotSize() : 1.0;
-}
-
 void WriteSide(const TVenueSymbol& symbol, const TPriceLadder& ladder, const TBookSide& side,
                const TLevelFields (&fields)[TBookSide::Depth], Integer shown) {
     TEmbeddedSubItem& item = *symbol.Item;
@@ -48,6 +44,10 @@ void WriteSide(const TVenueSymbol& symbol, const TPriceLadder& ladder, const TBo
 }
 
 } // namespace
+
+Double LotSizeOf(const TVenueSymbol& symbol) {
+    return symbol.Record->LotSize() > 0.0 ? symbol.Record->LotSize() : 1.0;
+}
 
 void TVenueFieldWriter::WriteBook(const TVenueSymbol& symbol, const TPriceLadder& ladder,
                                   bool isShown) {

@@ -7,6 +7,9 @@ namespace quorin {
 // The state of a stopped symbol, in the table of market states.
 inline constexpr StringView StoppedState = u"HA";
 
+// Units in a lot; one where it is not known.
+Double LotSizeOf(const TVenueSymbol& symbol);
+
 // Writes live items; keeps the texts that it makes on the way for their room.
 class TVenueFieldWriter {
 public:

@@ -71,10 +71,11 @@ struct TVenueSymbol {
     TVenuePrice Close = 0;
     TTick LimitHigh = TPriceLadder::MaxTick;
     TTick LimitLow = -TPriceLadder::MaxTick;
-    std::uint32_t Process = 0;  // of a root, and of what follows one
-    std::uint32_t Terms = 0;    // of an option or a spread, in their lists
-    std::uint32_t LastStep = 0; // of the last update
-    Integer MaxLots = 1;        // of a level as it comes
+    std::uint32_t Process = 0;     // of a root, and of what follows one
+    std::uint32_t Terms = 0;       // of an option or a spread, in their lists
+    std::uint32_t LastStep = 0;    // of the last update
+    std::uint32_t RestingStep = 0; // in which it stays as orders have left it
+    Integer MaxLots = 1;           // of a level as it comes
     std::uint16_t Ladder = 0;
     std::uint16_t Exchange = 0;
     TVenueKind Kind = TVenueKind::None;

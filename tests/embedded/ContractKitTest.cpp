@@ -242,7 +242,7 @@ TEST_F(ContractKitTest, Orders) {
     TEmbeddedAccountDriver accounts(FServices.Accounts()); // the service looks accounts up
     ExpectCaught(u"Orders", cases, [this](TOrderFault fault, TContractReport& report) {
         TFaultyOrders orders(fault);
-        TFaultyActions actions(fault);
+        TFaultyActions actions(FServices.Desk(), fault);
         TEmbeddedOrderDriver driver(orders, actions, FServices.Login());
         CheckOrders(driver, report);
     });

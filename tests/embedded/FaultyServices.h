@@ -351,7 +351,8 @@ private:
 
 class TFaultyActions : public TEmbeddedOrderActionManager {
 public:
-    explicit TFaultyActions(TOrderFault fault) : FFault(fault) {}
+    TFaultyActions(TOrderDesk& desk, TOrderFault fault)
+        : TEmbeddedOrderActionManager(desk), FFault(fault) {}
     Boolean TakeOrderAction(TObject* Owner, TCustomClientOrder* Order, Integer Action,
                             Boolean Flag) override {
         if (FFault == TOrderFault::TakesAll || FFault == TOrderFault::TakesNone) {

@@ -92,6 +92,7 @@ TEST(LanguageFilesTest, EveryKeyOfTheProgramsHasATextInEveryLanguage) {
     std::set<std::string> keys = FindInSource("viewdata/services/ResourceKeys.h", pattern);
     EXPECT_GT(keys.size(), 80u);
     keys.merge(FindInSource("terminal/forms/TerminalKeys.h", pattern));
+    keys.merge(FindInSource("embedded/OrderKeys.h", pattern));
     const std::string table = ToUtf8(Const_ResourceStringTag);
     for (const char* language : Languages) {
         std::vector<std::string> missing;

@@ -2,8 +2,6 @@
 
 #include "tests/support/ServicesFixture.h"
 
-#include <cmath>
-
 namespace quorin {
 namespace {
 
@@ -26,7 +24,7 @@ protected:
         return TCustomOrderActionManager::GetInstance()->TakeOrderAction(nullptr, order, action,
                                                                          /*Flag=*/true);
     }
-    const TList<TOrderValues>& Taken() { return Services().Orders().TakenOrders(); }
+    const std::deque<TDeskOrder>& Orders() { return Services().Desk().Orders(); }
 
     std::unique_ptr<TCustomClientOrder> FOrder;
 };
@@ -39,8 +37,8 @@ TEST_F(OrderTest, WhatIsTakenOutlivesTheOrder) {
     ASSERT_TRUE(Take(FOrder.get()));
     FOrder->Clear();
 
-    ASSERT_EQ(Taken().Count(), 1);
-    const TOrderValues& taken = Taken()[0];
+    ASSERT_EQ(Orders().size(), 1u);
+    const TOrderValues& taken = Orders()[0].Values;
     EXPECT_EQ(taken.Account, u"ACC");
     EXPECT_EQ(taken.Symbol, u"00700");
     EXPECT_EQ(taken.Quantity, 100.0);
@@ -67,42 +65,14 @@ TEST_F(OrderTest, ClearLeavesNothing) {
     EXPECT_TRUE(order->Values().ExtraValues.IsEmpty());
 }
 
-TEST_F(OrderTest, WhatIsTakenAndWhatRefused) {
-    struct TCase {
-        const char* Name;
-        StringView Account;
-        StringView Symbol;
-        Double Quantity;
-        bool IsTaken;
-    };
-    const TCase cases[] = {
-        {"complete", u"ACC", u"00700", 100.0, true},
-        {"part of a unit", u"ACC", u"00700", 0.5, true},
-        {"the largest", u"ACC", u"00700", MaxOrderQuantity, true},
-        {"above the largest", u"ACC", u"00700", MaxOrderQuantity + 1.0, false},
-        {"no quantity", u"ACC", u"00700", 0.0, false},
-        {"quantity below zero", u"ACC", u"00700", -1.0, false},
-        {"quantity that is no number", u"ACC", u"00700", std::nan(""), false},
-        {"no account", u"", u"00700", 100.0, false},
-        {"unknown account", u"OTHER", u"00700", 100.0, false},
-        {"no symbol", u"ACC", u"", 100.0, false},
-        {"unknown symbol", u"ACC", u"NONE", 100.0, false},
-    };
-    Integer taken = 0;
-    for (const TCase& row : cases) {
-        Prepare(row.Account, row.Symbol, row.Quantity);
-        EXPECT_EQ(Take(FOrder.get()), row.IsTaken) << row.Name;
-        taken += row.IsTaken ? 1 : 0;
-        EXPECT_EQ(Taken().Count(), taken) << row.Name;
-    }
-}
-
 TEST_F(OrderTest, OtherActionsAndNoOrderAreRefused) {
     EXPECT_FALSE(Take(nullptr));
     EXPECT_FALSE(Take(FOrder.get(), OrderAction::Place + 1));
-    FOrder->SetBuySell(OrderSide::Sell + 1);
-    EXPECT_FALSE(Take(FOrder.get())) << "neither side";
-    EXPECT_TRUE(Taken().IsEmpty());
+    EXPECT_TRUE(Orders().empty());
+    const TOrderAudit& audit = Services().Desk().Audit();
+    ASSERT_EQ(audit.Count(), 2);
+    EXPECT_EQ(audit[1].Kind, TOrderAuditKind::Refusal);
+    EXPECT_EQ(audit[1].Reason, TOrderReason::NotAnOrder);
 }
 
 TEST_F(OrderTest, LoginIsASwitch) {

@@ -4,8 +4,6 @@
 #include "viewdata/position/PositionDataControl.h"
 #include "viewdata/services/ResourceKeys.h"
 
-#include <vector>
-
 namespace quorin {
 
 namespace {
@@ -27,34 +25,29 @@ constexpr TColumn Columns[] = {
     {A::SymbolCode, ResourceKey::Res_Symbol, 80, false},
 };
 
-struct TOwnedColumns {
-    std::vector<std::unique_ptr<TColumnInfo>> Infos;
-    TColumnList List;
-};
-
-TOwnedColumns& Shared() {
-    static TOwnedColumns columns;
+TCloseAllColumns& Shared() {
+    static TCloseAllColumns columns;
     return columns;
 }
 
 } // namespace
 
-void MakeCloseAllColumns() {
-    TOwnedColumns& shared = Shared();
-    if (!shared.List.IsEmpty()) return;
+void TCloseAllColumns::Make() {
+    if (!FList.IsEmpty()) return;
     for (const TColumn& column : Columns) {
-        shared.Infos.push_back(TColumnInfo::AddColumn(
-            column.Attribute, column.Caption, column.Width, StringView(), column.IsQuantity));
-        shared.List.Add(shared.Infos.back().get());
+        FColumns.push_back(TColumnInfo::AddColumn(column.Attribute, column.Caption, column.Width,
+                                                  StringView(), column.IsQuantity));
+        FList.Add(FColumns.back().get());
     }
 }
 
-const TColumnList* CloseAllColumns() {
-    return Shared().List.IsEmpty() ? nullptr : &Shared().List;
+const TColumnList* TCustomCloseAllPositionDataControl::GetColList() {
+    return Shared().List();
 }
 
-const TColumnList* TCustomCloseAllPositionDataControl::GetColList() {
-    return CloseAllColumns();
+TCustomPositionDataControl::TCloseAllQuestion TCustomPositionDataControl::AskCloseAll() {
+    Shared().Make();
+    return {CreateComponent<TCustomCloseAllPositionDataControl>(), String()};
 }
 
 } // namespace quorin

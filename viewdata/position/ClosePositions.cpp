@@ -2,8 +2,8 @@
 #include "platform/rtl/Text.h"
 #include "viewdata/frame/OrderActions.h"
 #include "viewdata/frame/ServiceTexts.h"
-#include "viewdata/position/CloseAllColumns.h"
 #include "viewdata/position/PositionDataControl.h"
+#include "viewdata/position/PositionRecipes.h"
 #include "viewdata/services/ChannelMessages.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/Formatter.h"
@@ -38,25 +38,18 @@ Boolean IsNet(const TCustomPositionData& record) {
     return record.GetSide() == TPositionSide::Net;
 }
 
+void MarkAsClosing(TCustomClientOrder& order) {
+    order.SetExtraValue(ClosePositionFlagKey, ClosePositionFlagValue);
+}
+
 } // namespace
 
-// The ticker serves in any state but waiting; the market record where it leaves the exchange open.
 Double TCustomPositionDataControl::GetAvailableQty(TCustomPositionData* Position) {
     if (Position == nullptr) return 0.0;
     const TCustomPositionData& record = *Position;
     const Integer type = record.GetProdType();
     if (type == ProductType::Futures || type == ProductType::Options) return record.GetQuantity();
-
-    String exchange;
-    const TCustomSubItem* ticker = record.GetTicker();
-    if (ticker != nullptr && ticker->GetStatus() != ItemStatus::Waiting) {
-        ticker->GetFieldString(Field::Exchange, exchange);
-    }
-    if (exchange.empty()) {
-        if (const TCustomMarketData* data = Market().FindMarketData(record.GetSymbol())) {
-            exchange = data->GetExchange();
-        }
-    }
+    const String exchange = TradingExchange(record);
     if (!FT1SettelementMarket.ContainsKey(UpperCase(exchange))) {
         return record.GetQuantity() - record.GetTodayPendSellQty();
     }
@@ -81,30 +74,38 @@ Boolean TCustomPositionDataControl::CheckClosePositionQty(TCustomPositionData* P
                nullptr, text, StringView(), nullptr, nullptr, ConfirmYes) == ConfirmYes;
 }
 
+Boolean TCustomPositionDataControl::Closes(TCloseStyle style, const TCustomPositionData& record) {
+    return style == TCloseStyle::AnyRecord || IsNet(record);
+}
+
 Boolean TCustomPositionDataControl::CloseToBest(Integer RecordIndex) {
-    return CloseRow(RecordIndex, TClosePrice::Best);
+    return CloseRow(RecordIndex, TClosePrice::Best, TCloseStyle::NetRecords);
 }
 
 Boolean TCustomPositionDataControl::CloseToLast(Integer RecordIndex) {
-    return CloseRow(RecordIndex, TClosePrice::Last);
+    return CloseRow(RecordIndex, TClosePrice::Last, TCloseStyle::NetRecords);
 }
 
 Boolean TCustomPositionDataControl::CloseToMarket(Integer RecordIndex) {
-    return CloseRow(RecordIndex, TClosePrice::Market);
+    return CloseRow(RecordIndex, TClosePrice::Market, TCloseStyle::NetRecords);
 }
 
-Boolean TCustomPositionDataControl::CloseRow(Integer RecordIndex, TClosePrice price) {
+// The question lets rows come and go: the order is for the row that was asked for or for none.
+Boolean TCustomPositionDataControl::CloseRow(Integer RecordIndex, TClosePrice price,
+                                             TCloseStyle style) {
     if (FMyOrder == nullptr || FIsActionPending) return false;
     const TScopedValue pending(FIsActionPending, true);
+    const String symbol = FDataList.Has(RecordIndex) ? FDataList[RecordIndex] : String();
     if (!CheckClosePositionQty(RecordIndex)) return false;
     const TCustomPositionData* record = RecordAt(RecordIndex);
-    if (record == nullptr) return false;
+    if (record == nullptr || FDataList[RecordIndex] != symbol) return false;
 
     TCustomClientOrder& order = *FMyOrder;
     order.Clear();
     if (price == TClosePrice::Market) SetMarketFlag(order);
-    if (IsNet(*record) && !FillCloseOrder(*record, price)) return false;
-    if (!(order.GetQuantity() > 0.0)) return false; // a sided record stops here
+    if (Closes(style, *record) && !FillCloseOrder(*record, price)) return false;
+    if (!(order.GetQuantity() > 0.0)) return false; // what the style does not close stops here
+    if (style == TCloseStyle::AnyRecord) MarkAsClosing(order);
     if (!FClosePositionConfirmation) return TakeOrder(order);
     return ConfirmOrder(order, OrderSource::PositionList,
                         InterfaceText(ResourceKey::Res_Conf_ClosePos));
@@ -132,6 +133,10 @@ Boolean TCustomPositionDataControl::FillCloseOrder(const TCustomPositionData& re
 }
 
 Boolean TCustomPositionDataControl::CloseAllPositions() {
+    return CloseAll(TCloseStyle::NetRecords);
+}
+
+Boolean TCustomPositionDataControl::CloseAll(TCloseStyle style) {
     if (FMyOrder == nullptr || FIsActionPending) return false;
     const TScopedValue pending(FIsActionPending, true);
     TList<TCustomPositionData*> open;
@@ -144,8 +149,9 @@ Boolean TCustomPositionDataControl::CloseAllPositions() {
     }
     if (FClosePositionConfirmation && !ConfirmCloseAll()) return false;
     for (const TCustomPositionData* record : open) {
-        if (!IsNet(*record)) continue;
+        if (!Closes(style, *record)) continue;
         FillBatchOrder(*record);
+        if (style == TCloseStyle::AnyRecord) MarkAsClosing(*FMyOrder);
         TakeOrder(*FMyOrder);
     }
     return true;
@@ -170,13 +176,12 @@ Boolean TCustomPositionDataControl::CollectOpenPositions(TList<TCustomPositionDa
 }
 
 Boolean TCustomPositionDataControl::ConfirmCloseAll() {
-    MakeCloseAllColumns();
-    auto list = CreateComponent<TCustomCloseAllPositionDataControl>();
-    list->SetAccount(FAccount);
-    // Whoever receives the message frees the list.
+    TCloseAllQuestion question = AskCloseAll();
+    question.List->SetAccount(FAccount);
     TOrderTakeActionRecord record;
-    record.Order = list.release();
+    record.Order = question.List.release(); // whoever receives the message frees it
     record.Source = OrderSource::PositionList;
+    record.Message = std::move(question.Message);
     TCustomGlobalChannelManager::GetInstance()->SendChannelMessage(
         ChannelMessage::CloseAllPositions, Pointer(&record));
     return record.Result;

@@ -2,7 +2,6 @@
 #include "viewdata/position/PositionAttributes.h"
 #include "viewdata/position/PositionDataControl.h"
 #include "viewdata/position/PositionRecipes.h"
-#include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/Formatter.h"
 #include "viewdata/services/PositionAdapter.h"
@@ -52,17 +51,6 @@ Variant MarketValue(const TCustomPositionData& record) {
     Double value = 0.0;
     if (!FindMarketValue(record, value)) return 0;
     return value;
-}
-
-// In the base currency; as it is for a product without a currency.
-Double InBaseCurrency(const TCustomPositionData& record, Double value) {
-    const String currency = CurrencyCode(record);
-    if (currency.empty()) return value;
-    return value * TCustomCurrencyAdapter::GetInstance()->GetCurrencyRatio(currency);
-}
-
-Double RatioOf(StringView currency) {
-    return TCustomCurrencyAdapter::GetInstance()->GetCurrencyRatio(currency);
 }
 
 Double TotalPL(const TCustomPositionData& record) {

@@ -83,8 +83,27 @@ class TCustomPositionDataControl : public TCustomDataControl {
     virtual Boolean Watchable(Integer RecordIndex);
 
 protected:
+    enum class TClosePrice : Byte { Best, Last, Market };
+    enum class TCloseStyle : Byte {
+        NetRecords, // the others are left open
+        AnyRecord,  // each order marked with ClosePositionFlagKey
+    };
+    // What the application is shown before every position is closed.
+    struct TCloseAllQuestion {
+        std::unique_ptr<TCustomPositionDataControl> List;
+        String Message;
+    };
+
     // Nil for a bad row.
     TCustomPositionData* RecordAt(Integer RecordIndex) const;
+    // Appends a row unless the symbol has one; takes a row out if there is one.
+    void TakeIn(const String& symbol, TCustomPositionData* record);
+    void Drop(StringView symbol);
+    // The closes, for descendants that close in another style.
+    Boolean CloseRow(Integer RecordIndex, TClosePrice price, TCloseStyle style);
+    Boolean CloseAll(TCloseStyle style);
+    // A new list, still without an account, and the text that goes with it.
+    virtual TCloseAllQuestion AskCloseAll();
 
     String FAccount;
     TDictionary<String, TCustomPositionData*> FDataDictionary; // records of the rows
@@ -100,14 +119,10 @@ protected:
     Boolean FIsActionPending = false; // an order or copy action is under way
 
 private:
-    enum class TClosePrice : Byte { Best, Last, Market };
-
     void ReadSettlementMarkets();
-    void TakeIn(const String& symbol, TCustomPositionData* record);
-    void Drop(StringView symbol);
     Boolean UsesSpread(const TCustomPositionData& record, Pointer spreads);
 
-    Boolean CloseRow(Integer RecordIndex, TClosePrice price);
+    static Boolean Closes(TCloseStyle style, const TCustomPositionData& record);
     Boolean FillCloseOrder(const TCustomPositionData& record, TClosePrice price);
     void FillBatchOrder(const TCustomPositionData& record);
     Boolean CollectOpenPositions(TList<TCustomPositionData*>& open);

@@ -3,6 +3,7 @@
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
 #include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/Formatter.h"
 
@@ -40,6 +41,26 @@ String ExchangeName(const TCustomPositionData& record) {
 
 String CurrencyName(const TCustomPositionData& record) {
     return TranslatedCode(ResourceTag::Currency, CurrencyCode(record));
+}
+
+String TradingExchange(const TCustomPositionData& record) {
+    String exchange;
+    const TCustomSubItem* ticker = record.GetTicker();
+    if (ticker != nullptr && ticker->GetStatus() != ItemStatus::Waiting) {
+        ticker->GetFieldString(Field::Exchange, exchange);
+    }
+    if (!exchange.empty()) return exchange;
+    const TCustomMarketData* data = Market().FindMarketData(record.GetSymbol());
+    return data != nullptr ? data->GetExchange() : exchange;
+}
+
+Double InBaseCurrency(const TCustomPositionData& record, Double value) {
+    const String currency = CurrencyCode(record);
+    return currency.empty() ? value : value * RatioOf(currency);
+}
+
+Double RatioOf(StringView currency) {
+    return TCustomCurrencyAdapter::GetInstance()->GetCurrencyRatio(currency);
 }
 
 String ExpiryText(const TCustomPositionData& record) {

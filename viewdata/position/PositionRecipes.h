@@ -29,6 +29,14 @@ String CurrencyCode(const TCustomPositionData& record);
 String ExchangeName(const TCustomPositionData& record);
 String CurrencyName(const TCustomPositionData& record);
 
+// The exchange by the ticker, in any state but waiting, or by the market record; empty where
+// neither says.
+String TradingExchange(const TCustomPositionData& record);
+
+// The value in the base currency; as it is for a product without a currency.
+Double InBaseCurrency(const TCustomPositionData& record, Double value);
+Double RatioOf(StringView currency);
+
 // When a future or option expires; empty where it does not say.
 String ExpiryText(const TCustomPositionData& record);
 
