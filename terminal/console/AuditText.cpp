@@ -12,7 +12,7 @@ namespace quorin {
 namespace {
 
 constexpr Integer NumberWidth = 4;
-constexpr Integer KindWidth = 8;
+constexpr Integer KindWidth = 12;
 constexpr StringView OrderMark = u"#";
 constexpr StringView PriceMark = u" @ ";
 constexpr StringView ReasonMark = u": ";

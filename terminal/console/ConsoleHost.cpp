@@ -30,6 +30,15 @@ void PrintLines(std::ostream& out, StringView label, StringView text) {
     }
 }
 
+// For the audit list: the lines one behind the other, without the blanks that make columns.
+String OneLine(StringView text) {
+    String line;
+    for (const Char unit : ReplaceAll(text, u"\n", LineGap)) {
+        if (unit != u' ' || (!line.empty() && line.back() != u' ')) line += unit;
+    }
+    return line;
+}
+
 } // namespace
 
 String LabelledLine(StringView label, StringView text) {
@@ -50,7 +59,7 @@ void TConsoleHost::ShowMessage(StringView text) {
 
 Integer TConsoleHost::Confirm(StringView text, Integer) {
     PrintLines(*FMessages, QuestionLabel, text);
-    if (FDesk != nullptr) FDesk->NoteQuestion(ReplaceAll(text, u"\n", LineGap));
+    if (FDesk != nullptr) FDesk->NoteQuestion(OneLine(text));
     const bool isYes = Answer();
     if (FDesk != nullptr) FDesk->NoteAnswer(isYes ? YesText : NoText);
     return isYes ? ConfirmYes : AnswerNo;

@@ -119,13 +119,14 @@ void TScriptScreen::PrintLine(std::ostream& out, StringView label, String& print
 }
 
 void TScriptScreen::PrintList(std::ostream& out, TPrinted& printed, TListForm& list, Integer rows) {
-    PrintLine(out, printed.Label, printed.Captions,
-              RowNumber(HeaderRow) + ListLine(list, HeaderRow));
+    const auto line = [&](Integer row) {
+        return (printed.HasRowNumbers ? RowNumber(row) : String()) + ListLine(list, row);
+    };
+    PrintLine(out, printed.Label, printed.Captions, line(HeaderRow));
     const auto before = static_cast<Integer>(printed.Rows.size());
     printed.Rows.resize(static_cast<std::size_t>(rows));
     for (Integer row = 0; row < rows; ++row) {
-        PrintLine(out, printed.Label, printed.Rows[static_cast<std::size_t>(row)],
-                  RowNumber(row) + ListLine(list, row));
+        PrintLine(out, printed.Label, printed.Rows[static_cast<std::size_t>(row)], line(row));
     }
     if (rows >= before) return;
     const String last = rows + 1 < before ? u"-" + IntegerToText(before - 1) : String();

@@ -44,6 +44,7 @@ public:
 private:
     struct TPrinted {
         StringView Label;
+        bool HasRowNumbers;
         String Captions;
         std::vector<String> Rows;
     };
@@ -67,9 +68,9 @@ private:
     String FUnderlyerTitle;
     String FPrintedHead;
     String FPrintedEntry;
-    TPrinted FPrintedMarket{u"market", {}, {}};
-    TPrinted FPrintedPositions{u"position", {}, {}};
-    TPrinted FPrintedOrders{u"order", {}, {}};
+    TPrinted FPrintedMarket{u"market", true, {}, {}};
+    TPrinted FPrintedPositions{u"position", true, {}, {}};
+    TPrinted FPrintedOrders{u"order", false, {}, {}};
 };
 
 } // namespace quorin
