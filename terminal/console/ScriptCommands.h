@@ -6,6 +6,7 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace quorin {
 
@@ -26,7 +27,7 @@ struct TScriptCommand {
     void (*Run)(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out);
 };
 
-std::span<const TScriptCommand> ScriptCommands();
+std::vector<TScriptCommand> ScriptCommands();
 
 // Finds the command that the words give and runs it. Raises EScriptError where there is none.
 void RunScriptCommand(TScriptScreen& screen, const std::vector<String>& words, std::ostream& out);
