@@ -21,6 +21,18 @@ void TEmbeddedAccountData::GetFieldString(Integer Attribute, String& Text) const
     }
 }
 
+bool TEmbeddedAccountData::Move(const TBalanceMoves& moves) {
+    if (moves == FMoves) return false;
+    FMoves = moves;
+    MoveFigures(FFed, moves, FFigures);
+    return true;
+}
+
+void TEmbeddedAccountData::Settle() {
+    FFed = FFigures;
+    FMoves = {};
+}
+
 Boolean TEmbeddedAccountData::IsConvertible() const {
     if (FCurrency.empty()) return true;
     const TCustomCurrencyAdapter* currencies = TCustomCurrencyAdapter::GetInstance();
@@ -67,7 +79,11 @@ String TEmbeddedAccount::GetAccountField(StringView Key) const {
 }
 
 TCustomAccountData* TEmbeddedAccount::GetAccountData(StringView Currency) const {
-    const auto* record = FBalances.Find(Currency);
+    return FindBalance(Currency);
+}
+
+TEmbeddedAccountData* TEmbeddedAccount::FindBalance(StringView currency) const {
+    const auto* record = FBalances.Find(currency);
     return record != nullptr ? record->get() : nullptr;
 }
 

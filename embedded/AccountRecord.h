@@ -1,6 +1,6 @@
 #pragma once
 
-#include "embedded/BalanceFigures.h"
+#include "embedded/BalanceMoves.h"
 #include "viewdata/services/Account.h"
 
 #include <memory>
@@ -37,7 +37,16 @@ public:
     TEmbeddedAccountData(StringView account, StringView currency)
         : FAccount(account), FCurrency(currency) {}
 
-    void SetFigures(const TBalanceFigures& figures) { FFigures = figures; }
+    void SetFigures(const TBalanceFigures& figures) {
+        FFed = FFigures = figures;
+        FMoves = {};
+    }
+    // What the host said before anything moved.
+    const TBalanceFigures& Fed() const { return FFed; }
+    // Shows the fed figures with what has moved since; false when that shows nothing new.
+    bool Move(const TBalanceMoves& moves);
+    // What has moved counts as fed from here on.
+    void Settle();
 
     const String& GetAccount() const override { return FAccount; }
     const String& GetCurrency() const override { return FCurrency; }
@@ -67,7 +76,9 @@ public:
 private:
     const String FAccount;
     const String FCurrency;
+    TBalanceFigures FFed;
     TBalanceFigures FFigures;
+    TBalanceMoves FMoves;
 };
 
 // Records of one account by currency; the total record is under the empty code.
@@ -84,6 +95,12 @@ public:
     void SetDetailsLate(const TAccountDetails& details);
     bool HasLateDetails() const { return FLateDetails.has_value(); }
     void LoadDetails();
+    // Each record of figures, the total one among them.
+    template <class Call>
+    void EachBalance(Call call) {
+        for (const auto& item : FBalances) call(*item.Value);
+    }
+    TEmbeddedAccountData* FindBalance(StringView currency) const;
     // True when the account had no record in this currency before.
     bool SetBalance(StringView currency, const TBalanceFigures& figures);
 

@@ -13,7 +13,7 @@ String CustomValueKey(StringView section, StringView key) {
     return String(section) + u'\n' + String(key);
 }
 
-TCustomAccountData* FindBalance(const TBalanceRecords& records, StringView currency) {
+TEmbeddedAccountData* FindBalance(const TBalanceRecords& records, StringView currency) {
     const auto* record = records.Find(currency);
     return record != nullptr ? record->get() : nullptr;
 }
@@ -169,6 +169,7 @@ bool TEmbeddedAccountAdapter::FeedBalance(StringView account, StringView currenc
     TEmbeddedAccount* record = Find(account);
     if (record == nullptr) return false;
     const bool isNew = record->SetBalance(currency, figures);
+    FFedBalances.AddOrSetValue(account, record);
     if (isNew && !currency.empty()) FMultiCurrencies.TouchMultiCurrencyInfo();
     FChanged.AddOrSetValue(account, record);
     return true;
@@ -181,8 +182,50 @@ bool TEmbeddedAccountAdapter::FeedSubAccountData(StringView account, StringView 
     auto& record = FSummedRecords.Obtain(account).Obtain(currency);
     if (record == nullptr) record = std::make_unique<TEmbeddedAccountData>(account, currency);
     record->SetFigures(figures);
+    FFedBalances.AddOrSetValue(account, owner);
     FChanged.AddOrSetValue(account, owner);
     return true;
+}
+
+TList<TEmbeddedAccount*> TEmbeddedAccountAdapter::TakeFedBalances() {
+    TList<TEmbeddedAccount*> accounts;
+    for (const auto& item : FFedBalances) accounts.Add(item.Value);
+    FFedBalances.Clear();
+    return accounts;
+}
+
+TBalanceRecords* TEmbeddedAccountAdapter::SummedRecords(const TEmbeddedAccount& account) {
+    return FSummedRecords.Find(account.GetAccount());
+}
+
+void TEmbeddedAccountAdapter::SettleBalances(TEmbeddedAccount& account) {
+    account.EachBalance([](TEmbeddedAccountData& record) { record.Settle(); });
+    TBalanceRecords* summed = SummedRecords(account);
+    if (summed == nullptr) return;
+    for (const auto& item : *summed) item.Value->Settle();
+}
+
+Double TEmbeddedAccountAdapter::FedCash(const TEmbeddedAccount& account,
+                                        StringView currency) const {
+    const TEmbeddedAccountData* record = account.FindBalance(currency);
+    return record != nullptr ? record->Fed().Value991 : 0.0;
+}
+
+void TEmbeddedAccountAdapter::MoveBalance(TEmbeddedAccount& account, StringView currency,
+                                          const TBalanceMoves& moves) {
+    TEmbeddedAccountData* record = account.FindBalance(currency);
+    if (record == nullptr) {
+        if (!moves.HasOrders()) return;
+        if (account.SetBalance(currency, {}) && !currency.empty()) {
+            FMultiCurrencies.TouchMultiCurrencyInfo();
+        }
+        record = account.FindBalance(currency);
+    }
+    bool isMoved = record->Move(moves);
+    TBalanceRecords* summed = SummedRecords(account);
+    auto* sum = summed != nullptr ? FindBalance(*summed, currency) : nullptr;
+    if (sum != nullptr) isMoved |= sum->Move(moves);
+    if (isMoved) FChanged.AddOrSetValue(account.GetAccount(), &account);
 }
 
 void TEmbeddedAccountAdapter::SetCustomAccountValue(StringView section, StringView key,

@@ -55,6 +55,18 @@ public:
     // AccountType::SummedByService. False for an account that was not fed.
     bool FeedSubAccountData(StringView account, StringView currency,
                             const TBalanceFigures& figures);
+    // For the figures that follow positions and orders. The account also while the list is not
+    // ready; nil for one that was not fed.
+    TEmbeddedAccount* FindAccount(StringView account) const { return Find(account); }
+    // The accounts with figures that were fed since the last call.
+    TList<TEmbeddedAccount*> TakeFedBalances();
+    // What has moved of the account's figures counts as fed.
+    void SettleBalances(TEmbeddedAccount& account);
+    // The cash of a record as it was fed; 0.0 without a record.
+    Double FedCash(const TEmbeddedAccount& account, StringView currency) const;
+    // Shows a record, and the summed one if there is one, with what has moved since they were fed.
+    // A record that is not there is made when orders have moved it.
+    void MoveBalance(TEmbeddedAccount& account, StringView currency, const TBalanceMoves& moves);
     void SetCustomAccountValue(StringView section, StringView key, StringView value);
 
     // From here on the details of accounts that are new wait until somebody asks for them. Off to
@@ -69,6 +81,7 @@ public:
 
 private:
     TEmbeddedAccount* Find(StringView account) const;
+    TBalanceRecords* SummedRecords(const TEmbeddedAccount& account);
     void CountDown();
     void DeliverChanges(TDeliverySerial serial, TAccountDictionary& changed);
     TAccountDictionary LoadDetails();
@@ -78,6 +91,7 @@ private:
     TList<TEmbeddedAccount*> FAccountList;
     TDictionary<String, TBalanceRecords> FSummedRecords; // by account
     TDictionary<String, String> FCustomValues;           // by section and key
+    TDictionary<String, TEmbeddedAccount*> FFedBalances;
     TAccountDictionary FChanged;
     TAccountDictionary FNewSubAccounts;
     TList<TEmbeddedAccount*> FAwaited; // their details were asked for

@@ -100,12 +100,15 @@ void TEmbeddedServices::FeedChinaConnect(const TAccountFiles& files) {
 
 void TEmbeddedServices::Deliver() {
     FConfig.Commit();
+    FLedger.Settle();
     FDesk.Book();
+    FLedger.Revalue(); // with what was booked, which may bring records in further currencies
     FCurrencies.Deliver();
     FProducts.Deliver();
-    FAccounts.Deliver();
     FMarket.Deliver();
     FItems.Deliver();
+    FLedger.Revalue(); // with the prices that came
+    FAccounts.Deliver();
     FPositions.Deliver();
     FDesk.Deliver();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded/AccountFiles.h"
+#include "embedded/AccountLedger.h"
 #include "embedded/AccountService.h"
 #include "embedded/ChannelService.h"
 #include "embedded/ConfigService.h"
@@ -71,8 +72,9 @@ public:
     // fault, and then nothing of it is loaded.
     void LoadAccounts(const std::filesystem::path& folder);
 
-    // Books what was traded, then delivers all that waits in any service: settings first, then the
-    // standing data, quotes, positions, and orders last.
+    // Books what was traded, then delivers all that waits in any service: settings first, then
+    // the standing data and quotes, then accounts and positions, valued at these quotes, and orders
+    // last.
     void Deliver();
     // What others have registered in all services together.
     Integer RegistrationCount() const { return CountAll() - FOwnRegistrations; }
@@ -105,6 +107,8 @@ private:
     TOrderDesk FDesk{FItems, FMarket, FAccounts, FPositions};
     TEmbeddedOrderActionManager FOrders{FDesk};
     TEmbeddedProductAdapter FProducts;
+    TAccountLedger FLedger{
+        {FItems, FAccounts, FPositions, FCurrencies, FProducts, FMargins, FDesk}};
     TEmbeddedFeatureSwitches FFeatures;
     Integer FOwnRegistrations = 0;
 };

@@ -27,13 +27,19 @@ public:
     void Serve() { FItems.SetPrefixFeed(SpanKeyPrefix, this); }
     // The figures of a code, from the next delivery on; earlier ones are replaced.
     void FeedMargin(StringView code, const TMarginFigures& figures);
+    // What one contract needs: the largest of the figures, whatever their sign, under the first of
+    // these codes that has any: the symbol, for an option its series followed by "*", the
+    // underlyer, the series. 0.0 without figures and for nil.
+    Double Requirement(const TEmbeddedMarketData* symbol) const;
     void Requested(TEmbeddedSubItem& item) override;
 
 private:
+    const TMarginFigures* FindFigures(StringView code, StringView suffix = {}) const;
     void Write(TEmbeddedSubItem& item, const TMarginFigures& figures);
 
     TEmbeddedSubscribeAdapter& FItems;
     TDictionary<String, TMarginFigures> FMargins; // by item key
+    mutable String FKey;                          // of the last look-up, for its room
 };
 
 } // namespace quorin

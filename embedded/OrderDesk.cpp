@@ -53,6 +53,7 @@ TOrderReason TOrderDesk::Take(const TOrderValues& values) {
     Note(TOrderAuditKind::Order, order, {values.IsMarket() ? 0.0 : values.Price, values.Quantity});
     FWorking.Add(order.Number);
     FItems.GetSubItem(values.Symbol, LiveDataType, /*Flag=*/true); // what is held has to be valued
+    FPositions.FollowPrice(values.Account, values.Symbol);
     Pend(order.Values, values.Quantity);
     Match(order);
     return TOrderReason::None;

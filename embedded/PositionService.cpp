@@ -17,11 +17,6 @@ bool IsListed(const TCustomPositionData& position) {
            position.GetTodaySellQty() != 0.0;
 }
 
-TProductMarks MarksOf(const TCustomSubItem& item) {
-    return {item.GetFieldDouble(Field::LastPrice), item.GetFieldDouble(Field::PreviousClose),
-            item.GetFieldDouble(Field::ContractSize)};
-}
-
 String MasterOf(const String& accountCode) {
     TCustomAccountAdapter* accounts = TCustomAccountAdapter::GetInstance();
     const TCustomAccount* account =
@@ -94,6 +89,7 @@ TEmbeddedPositionData& TEmbeddedPositionAdapter::FeedPosition(StringView account
                                                               const TPositionFigures& figures) {
     TEmbeddedPositionData& record = Store(account, symbol, figures);
     FChanges.Obtain(account).AddOrSetValue(symbol, &record);
+    FFed.Add(&record);
     return record;
 }
 
@@ -137,12 +133,19 @@ bool TEmbeddedPositionAdapter::IsSided(StringView account, StringView symbol) co
     return FiguresOf(account, symbol).Side != TPositionSide::Net;
 }
 
+void TEmbeddedPositionAdapter::FollowPrice(StringView account, StringView symbol) {
+    const TEmbeddedPositionData* record = FindRecord(account, symbol);
+    if (record == nullptr || record->Figures().FollowsPrice) return;
+    TPositionFigures figures = record->Figures();
+    quorin::FollowPrice(figures);
+    FeedPosition(account, symbol, figures);
+}
+
 void TEmbeddedPositionAdapter::BookTrade(StringView account, StringView symbol,
                                          const TPositionTrade& trade) {
     TPositionFigures figures = FiguresOf(account, symbol);
-    FollowPrice(figures);
     quorin::BookTrade(figures, trade);
-    FeedPosition(account, symbol, figures);
+    FChanges.Obtain(account).AddOrSetValue(symbol, &Store(account, symbol, figures));
 }
 
 void TEmbeddedPositionAdapter::Pend(StringView account, StringView symbol, bool isBuy,
@@ -151,7 +154,7 @@ void TEmbeddedPositionAdapter::Pend(StringView account, StringView symbol, bool 
     Double& pending = isBuy ? figures.TodayPendBuyQty : figures.TodayPendSellQty;
     pending = WithoutDust(pending + quantity);
     TEmbeddedPositionData& record = Store(account, symbol, figures);
-    if (IsListed(record)) FChanges.Obtain(account).AddOrSetValue(symbol, &record);
+    (IsListed(record) ? FChanges : FPended).Obtain(account).AddOrSetValue(symbol, &record);
 }
 
 TEmbeddedPositionAdapter::THolding& TEmbeddedPositionAdapter::Hold(StringView symbol) {
@@ -201,6 +204,7 @@ void TEmbeddedPositionAdapter::Deliver() {
     const TDeliverySerial serial = FDeliveries.Begin();
     TChanges changes = std::exchange(FChanges, {});
     TChanges moved = std::exchange(FMoved, {});
+    FPended.Clear();
     DeliverChanges(serial, changes);
     DeliverToMasters(serial, changes);
     if (moved.IsEmpty()) return;

@@ -6,6 +6,8 @@
 #include "embedded/SubscribeService.h"
 #include "viewdata/services/PositionAdapter.h"
 
+#include <utility>
+
 namespace quorin {
 
 // The positions that the host names, none to begin with. What is fed counts at once; Deliver tells
@@ -46,9 +48,31 @@ public:
     // Books a trade; the service values the position from here on. Opens what is not held: on the
     // side of the trade where positions are sided, net elsewhere.
     void BookTrade(StringView account, StringView symbol, const TPositionTrade& trade);
+    // Has the service value a position that its host valued until now; see FollowPrice of the
+    // figures.
+    void FollowPrice(StringView account, StringView symbol);
     // Adds to what pending orders buy or sell, or takes away from it. A position that has nothing
     // else stays unlisted.
     void Pend(StringView account, StringView symbol, bool isBuy, Double quantity);
+    // For the account figures that follow from positions. Calls `call(record)` for each record of
+    // an account, listed or not.
+    template <class Call>
+    void EachPosition(StringView account, Call call) const {
+        const TRecords* records = FAccounts.Find(account);
+        if (records == nullptr) return;
+        for (const auto& item : *records) call(*item.Value);
+    }
+    // Calls `call(account)` for each account with something that the next Deliver tells of or that
+    // a pending order changed; an account may come up more than once.
+    template <class Call>
+    void EachTouchedAccount(Call call) const {
+        for (const TChanges* changes : {&FChanges, &FMoved, &FPended}) {
+            for (const auto& item : *changes) call(StringView(item.Key));
+        }
+    }
+    // The positions that were fed since the last call.
+    TList<const TEmbeddedPositionData*> TakeFedPositions() { return std::exchange(FFed, {}); }
+
     // A price moved that values the open positions in this product.
     void FeedPriceMove(StringView symbol);
     // Every callback gets the accounts that concern it: its own, the master's sub-accounts, or all
@@ -83,6 +107,8 @@ private:
     TDictionary<String, THolding> FHoldings; // by symbol
     TChanges FChanges;
     TChanges FMoved;
+    TChanges FPended;
+    TList<const TEmbeddedPositionData*> FFed;
     TDeliveryClock FDeliveries;
     TKeyedRegistrations<String, TDataCallbackEvent> FPositionCallbacks{FDeliveries};
     TKeyedRegistrations<String, TDataCallbackEvent> FAggregateCallbacks{FDeliveries}; // by master

@@ -1,5 +1,8 @@
 #include "embedded/PositionValuation.h"
 
+#include "viewdata/services/FieldNumbers.h"
+#include "viewdata/services/SubscribeAdapter.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -41,6 +44,11 @@ void SetAverages(TPositionFigures& figures, const TIncome& held, Double left) {
 }
 
 } // namespace
+
+TProductMarks MarksOf(const TCustomSubItem& item) {
+    return {item.GetFieldDouble(Field::LastPrice), item.GetFieldDouble(Field::PreviousClose),
+            item.GetFieldDouble(Field::ContractSize)};
+}
 
 Double NominalPrice(const TProductMarks& marks) {
     return marks.Last != 0.0 ? marks.Last : marks.PreviousClose;

@@ -11,6 +11,8 @@ struct TProductMarks {
     Double ContractSize = 0.0;
 };
 
+TProductMarks MarksOf(const TCustomSubItem& item);
+
 // The last price, before the first one of the day the previous close; 0.0 without either.
 Double NominalPrice(const TProductMarks& marks);
 // Units of a contract; one where the product has no contract size.
