@@ -68,6 +68,11 @@ T* ObjectAs(TObject* object) {
     return static_cast<T*>(object);
 }
 
+template <class T>
+const T* ObjectAs(const TObject* object) {
+    return ObjectAs<T>(const_cast<TObject*>(object));
+}
+
 // The same for an argument made by AsPointer.
 template <class T>
 T* ObjectAs(Pointer pointer) {

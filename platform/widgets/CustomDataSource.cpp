@@ -18,4 +18,10 @@ void TcxCustomDataSource::DataChanged() {
     if (FProvider != nullptr) FProvider->DataController().DataChanged();
 }
 
+void TcxCustomDataSource::RecordsChanged(std::span<const Integer> records) {
+    if (TcxCustomDataController* controller = GetDataController()) {
+        controller->RecordsChanged(records);
+    }
+}
+
 } // namespace quorin

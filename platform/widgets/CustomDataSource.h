@@ -38,6 +38,8 @@ class TcxCustomDataSource : public TObject {
     // Counts, handles and values have changed: the view forgets what it holds and fetches again
     // with its next paint. Does nothing without a view.
     virtual void DataChanged();
+    // The values of these records have changed, while counts and handles stay.
+    void RecordsChanged(std::span<const Integer> records);
 
     // The data controller of the attached view; nil without one.
     TcxCustomDataController* GetDataController() const {

@@ -47,6 +47,16 @@ void TcxCustomDataController::Refresh() {
     FNeedsRepaint = true;
 }
 
+void TcxCustomDataController::RecordsChanged(std::span<const Integer> records) {
+    ++FCounters.Changes;
+    FNeedsRepaint = true;
+    FChangedRecords.insert(FChangedRecords.end(), records.begin(), records.end());
+}
+
+void TcxCustomDataController::EndUpdate() {
+    FUpdates = std::max(FUpdates - 1, 0);
+}
+
 void TcxCustomDataController::Forget() {
     FIsStale = true;
     FNeedsRepaint = true;
@@ -71,7 +81,7 @@ Variant TcxCustomDataController::Value(TcxDataRecordHandle record, Integer item)
 }
 
 bool TcxCustomDataController::TakeRepaint() {
-    return std::exchange(FNeedsRepaint, false);
+    return FUpdates == 0 && std::exchange(FNeedsRepaint, false);
 }
 
 } // namespace quorin

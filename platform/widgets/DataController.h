@@ -4,6 +4,10 @@
 #include "platform/rtl/TList.h"
 #include "platform/rtl/Variant.h"
 
+#include <span>
+#include <utility>
+#include <vector>
+
 namespace quorin {
 
 // A source's own names of a record and of a column; nobody else looks inside.
@@ -59,6 +63,9 @@ public:
     virtual void DataChanged();
     // Rows stay, the values are shown again.
     virtual void Refresh();
+    // The values of these records have changed, and nothing else: rows that are sorted or filtered
+    // by them move at the next look.
+    void RecordsChanged(std::span<const Integer> records);
 
     // Number of records, asked for at the first look after a change; 0 without a source.
     Integer RecordCount();
@@ -70,13 +77,21 @@ public:
 
     // For the skin, once per frame: true when something that shows has changed since the last call.
     bool TakeRepaint();
-    bool NeedsRepaint() const { return FNeedsRepaint; }
+    bool NeedsRepaint() const { return FNeedsRepaint && FUpdates == 0; }
     // Something that shows has changed that the source does not know of: scroll, focus, columns.
     void InvalidatePaint() { FNeedsRepaint = true; }
 
     const TcxFetchCounters& Counters() const { return FCounters; }
     // Raised when what was fetched has to be forgotten; the view drops its handles.
     void SetOnForget(const TNotifyEvent& event) { FOnForget = event; }
+    // Records that RecordsChanged has named since the last call; the view that sorts asks for them.
+    std::vector<Integer> TakeChangedRecords() { return std::exchange(FChangedRecords, {}); }
+    bool HasChangedRecords() const { return !FChangedRecords.empty(); }
+
+    // Between these two nothing asks for a repaint; what changed meanwhile asks once at the end.
+    // They nest.
+    void BeginUpdate() { ++FUpdates; }
+    void EndUpdate();
 
 private:
     void Forget();
@@ -86,7 +101,9 @@ private:
     TList<TComponent*> FItems;
     TNotifyEvent FOnForget;
     TcxFetchCounters FCounters;
+    std::vector<Integer> FChangedRecords;
     Integer FRecordCount = 0;
+    Integer FUpdates = 0;
     bool FIsStale = true;
     bool FNeedsRepaint = true;
 };

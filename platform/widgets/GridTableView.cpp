@@ -6,10 +6,21 @@
 
 namespace quorin {
 
-TcxGridTableView::TcxGridTableView(TComponent* owner) : TComponent(owner) {}
+// A view that is gone has taken its filter with it.
+TcxCustomGridTableItem::~TcxCustomGridTableItem() {
+    if (Columns() != nullptr) FDataBinding.GetFilter().ForgetItemLink(this);
+}
+
+TcxGridTableView::TcxGridTableView(TComponent* owner) : TComponent(owner) {
+    FController.SetOnForget(MakeEvent<&TcxGridTableView::Forget>(this));
+}
+
+void TcxGridTableView::Forget(TObject*) {
+    FRows.Touch();
+}
 
 TcxGridColumn& TcxGridTableView::AddColumn(Integer tag, StringView caption) {
-    auto& column = CreateComponent<TcxGridColumn>(*this, FColumns);
+    auto& column = CreateComponent<TcxGridColumn>(*this, FColumns, Filter());
     column.SetTag(tag);
     column.SetCaption(caption);
     return column;
@@ -19,12 +30,21 @@ TcxGridColumn* TcxGridTableView::GetColumn(Integer index) const {
     return static_cast<TcxGridColumn*>(FColumns.Get(index)); // AddColumn makes no others
 }
 
+TcxGridColumn* TcxGridTableView::GetSortedItem(Integer index) const {
+    const TList<TcxViewColumn*> sorted = FColumns.Sorted();
+    return sorted.Has(index) ? static_cast<TcxGridColumn*>(sorted[index]) : nullptr;
+}
+
 Integer TcxGridTableView::RowCount() {
-    return FController.RecordCount();
+    return FRows.Count();
 }
 
 Integer TcxGridTableView::RecordIndex(Integer row) {
-    return row >= 0 && row < RowCount() ? row : NoRow;
+    return FRows.RecordAt(row);
+}
+
+Integer TcxGridTableView::RowOfRecord(Integer record) {
+    return FRows.RowOf(record);
 }
 
 Variant TcxGridTableView::Value(Integer row, const TcxCustomGridTableItem& column) {
@@ -80,12 +100,16 @@ Integer TcxGridTableView::VisibleRowCount() {
 }
 
 Integer TcxGridTableView::FocusedRow() {
-    FFocusedRow = std::min(FFocusedRow, RowCount() - 1); // NoRow when there are none
+    if (FFocusedRow == NoRow) return NoRow;
+    const Integer row = RowOfRecord(FFocusedRecord);
+    FFocusedRow = row != NoRow ? row : std::min(FFocusedRow, RowCount() - 1);
+    FFocusedRecord = RecordIndex(FFocusedRow);
     return FFocusedRow;
 }
 
 void TcxGridTableView::SetFocusedRow(Integer row) {
-    FFocusedRow = RecordIndex(row) == NoRow ? NoRow : row;
+    FFocusedRecord = RecordIndex(row);
+    FFocusedRow = FFocusedRecord == NoRow ? NoRow : row;
     FController.InvalidatePaint();
     if (FFocusedRow == NoRow) return;
     const Integer top = TopRow();

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/widgets/DataBinding.h"
 #include "platform/widgets/DataController.h"
+#include "platform/widgets/GridRows.h"
 #include "platform/widgets/ViewColumn.h"
-
-#include <memory>
 
 namespace quorin {
 
@@ -13,8 +13,17 @@ class TcxGridTableView;
 class TcxCustomGridTableItem : public TcxViewColumn {
     QUORIN_CLASS(TcxCustomGridTableItem, TcxViewColumn)
 
-    using TcxViewColumn::TcxViewColumn;
+    TcxCustomGridTableItem(TComponent* owner, TcxViewColumns& columns,
+                           TcxDataFilterCriteria& filter)
+        : TcxViewColumn(owner, columns), FDataBinding(*this, filter) {}
+    ~TcxCustomGridTableItem() override;
+
     Integer GetTag() const { return Tag(); }
+    String GetCaption() const { return Caption(); }
+    TcxGridItemDataBinding& DataBinding() { return FDataBinding; }
+
+private:
+    TcxGridItemDataBinding FDataBinding;
 };
 
 class TcxGridColumn : public TcxCustomGridTableItem {
@@ -30,8 +39,9 @@ inline constexpr Integer NoRow = -1;
 
 // A grid without pixels: columns, rows in view order, scroll and focus. Rows are numbered from 0
 // as they stand on the screen. Looking at rows fetches what has become stale; telling of a change
-// fetches nothing. Supported: moving, hiding and freeing columns; scrolling; a focused row. Not
-// supported: editing, grouping, a selection of several rows.
+// fetches nothing. Supported: moving, hiding and freeing columns; sorting by several columns and
+// filtering, which move only the rows that change; scrolling; a focused row, which stays with its
+// record. Not supported: editing, grouping, a selection of several rows.
 class TcxGridTableView : public TComponent {
     QUORIN_CLASS(TcxGridTableView, TComponent)
 
@@ -45,14 +55,26 @@ class TcxGridTableView : public TComponent {
     }
 
     // A new column behind the others; the view owns it.
-    TcxGridColumn& AddColumn(Integer tag, StringView caption = {});
+    virtual TcxGridColumn& AddColumn(Integer tag, StringView caption = {});
     Integer GetColumnCount() const { return FColumns.Count(); }
     // Nil outside.
     TcxGridColumn* GetColumn(Integer index) const;
 
+    // The columns that sort, in the sort sequence; nil outside.
+    Integer GetSortedItemCount() const { return FColumns.Sorted().Count(); }
+    TcxGridColumn* GetSortedItem(Integer index) const;
+    // No column sorts afterwards.
+    void ClearSorting() { FColumns.ClearSorting(); }
+    TcxDataFilterCriteria& Filter() { return FRows.Filter(); }
+    // One repaint at most for all that is done between the two.
+    void BeginUpdate() { FController.BeginUpdate(); }
+    void EndUpdate() { FController.EndUpdate(); }
+
     Integer RowCount();
-    // Index of the row's record in the source; NoRow outside.
+    // Index of the row's record in the source, and the row that shows a record; NoRow outside and
+    // for a record that is filtered out.
     Integer RecordIndex(Integer row);
+    Integer RowOfRecord(Integer record);
     // Raw value of a cell; null outside and without a source.
     Variant Value(Integer row, const TcxCustomGridTableItem& column);
     // The text that the user reads there: what the form supplies, and without a form the value as
@@ -71,22 +93,28 @@ class TcxGridTableView : public TComponent {
     Integer VisibleRowCount();
 
     // NoRow while none has the focus. A row outside takes the focus away; one off screen scrolls
-    // into view.
+    // into view. When its record goes, the row that takes its place has the focus.
     Integer FocusedRow();
     void SetFocusedRow(Integer row);
 
     // For the skin, once per frame.
     bool TakeRepaint() { return FController.TakeRepaint(); }
 
+protected:
+    TcxViewColumns& Columns() { return FColumns; }
+
 private:
     Integer LastTopRow();
+    void Forget(TObject*);
 
     TcxCustomDataController FController;
     TcxViewColumns FColumns{FController};
+    TcxGridRows FRows{FController, FColumns};
     TcxGetGridTextEvent FOnGetCellText;
     Integer FTopRow = 0;
     Integer FCapacity = 1;
     Integer FFocusedRow = NoRow;
+    Integer FFocusedRecord = NoRow;
 };
 
 } // namespace quorin

@@ -30,6 +30,19 @@ TcxTreeListColumn& TcxVirtualTreeList::AddColumn(Integer tag, StringView caption
     return column;
 }
 
+Integer TcxTreeListColumnPosition::GetColIndex() const {
+    return FColumn->Index();
+}
+
+void TcxTreeListColumnPosition::SetColIndex(Integer index) {
+    FColumn->SetIndex(index);
+}
+
+TcxTreeListColumn* TcxVirtualTreeList::GetSortedColumn(Integer index) const {
+    const TList<TcxViewColumn*> sorted = FColumns.Sorted();
+    return sorted.Has(index) ? static_cast<TcxTreeListColumn*>(sorted[index]) : nullptr;
+}
+
 TcxTreeListColumn* TcxVirtualTreeList::GetColumn(Integer index) const {
     return static_cast<TcxTreeListColumn*>(FColumns.Get(index)); // AddColumn makes no others
 }

@@ -9,10 +9,38 @@ namespace quorin {
 
 class TcxTreeListCustomDataSource;
 
+class TcxTreeListColumn;
+
+// Where a column stands among those of the tree list, hidden ones too.
+class TcxTreeListColumnPosition {
+public:
+    explicit TcxTreeListColumnPosition(TcxTreeListColumn& column) : FColumn(&column) {}
+    Integer GetColIndex() const;
+    // An index outside is taken as the nearest end.
+    void SetColIndex(Integer index);
+
+private:
+    TcxTreeListColumn* FColumn;
+};
+
 class TcxTreeListColumn : public TcxViewColumn {
     QUORIN_CLASS(TcxTreeListColumn, TcxViewColumn)
 
     using TcxViewColumn::TcxViewColumn;
+    TcxTreeListColumnPosition& Position() { return FPosition; }
+    const TcxTreeListColumnPosition& Position() const { return FPosition; }
+    Integer GetVisibleIndex() const { return VisibleIndex(); }
+    TdxSortOrder SortOrder() const { return GetSortOrder(); }
+
+private:
+    TcxTreeListColumnPosition FPosition{*this};
+};
+
+// Whether a band has the buttons that open and close nodes.
+enum class TcxTreeListBandExpandable : Byte { tlbeDefault, tlbeExpandable, tlbeNotExpandable };
+
+struct TcxTreeListBand {
+    TcxTreeListBandExpandable Expandable = TcxTreeListBandExpandable::tlbeDefault;
 };
 
 // How the tree's shape reaches the view.
@@ -56,6 +84,18 @@ class TcxVirtualTreeList : public TComponent {
     Integer GetColumnCount() const { return FColumns.Count(); }
     // Nil outside.
     TcxTreeListColumn* GetColumn(Integer index) const;
+    // The one band that all columns stand in.
+    TcxTreeListBand& FirstBand() { return FBand; }
+
+    // The columns that sort, in the sort sequence, for whoever brings the nodes into order; nil
+    // outside.
+    Integer GetSortedColumnCount() const { return FColumns.Sorted().Count(); }
+    TcxTreeListColumn* GetSortedColumn(Integer index) const;
+    // No column sorts afterwards.
+    void ClearSorting() { FColumns.ClearSorting(); }
+    // One repaint at most for all that is done between the two.
+    void BeginUpdate() { FController.BeginUpdate(); }
+    void EndUpdate() { FController.EndUpdate(); }
 
     Integer RowCount();
     // An empty row, without a node, outside.
@@ -101,6 +141,7 @@ private:
 
     TcxCustomDataController FController;
     TcxViewColumns FColumns{FController};
+    TcxTreeListBand FBand;
     TcxGetTreeTextEvent FOnGetCellText;
     TList<TcxTreeRow> FRows;
     // Nodes that differ from FStartsExpanded; addresses for comparing only.

@@ -21,8 +21,36 @@ void TcxViewColumn::SetCaption(StringView caption) {
 }
 
 void TcxViewColumn::SetWidth(Integer width) {
-    FWidth = std::max<Integer>(width, 0);
+    FWidth = std::max(width, FMinWidth);
     Changed();
+}
+
+void TcxViewColumn::SetMinWidth(Integer width) {
+    FMinWidth = std::max<Integer>(width, 0);
+    SetWidth(FWidth);
+}
+
+void TcxViewColumn::SetSortIndex(Integer index) {
+    const Integer stored = std::max(index, NotSorted);
+    if (stored == FSortIndex) return;
+    FSortIndex = stored;
+    if (FColumns != nullptr) FColumns->SortChanged();
+}
+
+void TcxViewColumn::SetSortOrder(TdxSortOrder order) {
+    if (order == FSortOrder) return;
+    FSortOrder = order;
+    if (order == soNone) {
+        FSortIndex = NotSorted;
+    } else if (FSortIndex == NotSorted && FColumns != nullptr) {
+        for (const TcxViewColumn* other : FColumns->FOrder) {
+            if (other != this && other->FSortOrder != soNone) {
+                FSortIndex = std::max(FSortIndex, other->FSortIndex);
+            }
+        }
+        ++FSortIndex;
+    }
+    if (FColumns != nullptr) FColumns->SortChanged();
 }
 
 void TcxViewColumn::SetVisible(bool visible) {
@@ -55,6 +83,30 @@ void TcxViewColumn::Changed() {
     if (FColumns != nullptr) FColumns->FController.InvalidatePaint();
 }
 
+TList<TcxViewColumn*> TcxViewColumns::Sorted() const {
+    TList<TcxViewColumn*> sorted;
+    for (TcxViewColumn* column : FOrder) {
+        if (column->FSortOrder != soNone) sorted.Add(column);
+    }
+    sorted.Sort([](const TcxViewColumn* left, const TcxViewColumn* right) {
+        return left->FSortIndex < right->FSortIndex;
+    });
+    return sorted;
+}
+
+void TcxViewColumns::ClearSorting() {
+    for (TcxViewColumn* column : FOrder) {
+        column->FSortOrder = soNone;
+        column->FSortIndex = NotSorted;
+    }
+    SortChanged();
+}
+
+void TcxViewColumns::SortChanged() {
+    FController.InvalidatePaint();
+    if (FOnSortChanged) FOnSortChanged(nullptr);
+}
+
 TcxViewColumns::~TcxViewColumns() {
     for (TcxViewColumn* column : FOrder) column->FColumns = nullptr;
 }
@@ -68,6 +120,7 @@ void TcxViewColumns::Add(TcxViewColumn* column) {
 void TcxViewColumns::Remove(TcxViewColumn* column) {
     FController.RemoveItem(column);
     FOrder.Delete(FOrder.IndexOf(column));
+    if (column->FSortOrder != soNone) SortChanged();
     for (TcxViewColumn* other : FOrder) {
         if (other->FItemIndex > column->FItemIndex) --other->FItemIndex;
     }

@@ -25,6 +25,21 @@ TColumnInfo* FindColumn(const TColumnList* list, Integer attribute) {
     return nullptr;
 }
 
+Integer ColumnIDByKey(StringView key, const TColumnList* list) {
+    if (list == nullptr) return NoColumnID;
+    for (const TColumnInfo* column : *list) {
+        const String& own = column->Key();
+        const Boolean isNamed = own.empty() ? IntegerToText(column->ID()) == key : own == key;
+        if (isNamed) return column->ID();
+    }
+    return NoColumnID;
+}
+
+String ColumnKeyByID(Integer id, const TColumnList* list) {
+    const TColumnInfo* column = FindColumn(list, id);
+    return column != nullptr ? column->Key() : String();
+}
+
 String ColumnCaption(const TColumnList* list, Integer attribute, StringView customColumnTag) {
     const TColumnInfo* column = FindColumn(list, attribute);
     if (column == nullptr) return String();

@@ -34,10 +34,18 @@ private:
     Boolean FFlag = false;
 };
 
+inline constexpr Integer NoColumnID = -1;
+
 using TColumnList = TList<TColumnInfo*>;
 
 // The column with that attribute number, or nil; `list` may be nil.
 TColumnInfo* FindColumn(const TColumnList* list, Integer attribute);
+
+// The number of the first column whose name in saved layouts is `key`, which for a column without a
+// key of its own is the decimal text of its number. -1 where there is none, also for a nil list.
+Integer ColumnIDByKey(StringView key, const TColumnList* list);
+// The key of the first column with that number, which may be empty; empty where there is none.
+String ColumnKeyByID(Integer id, const TColumnList* list);
 
 // Caption of a column in the language in force: the resource of its caption key, for a custom
 // column the entry of its field number in the table `customColumnTag`. Empty for an unknown one.

@@ -1,0 +1,84 @@
+#include "platform/widgets/GridRows.h"
+
+#include "platform/widgets/CustomDataSource.h"
+
+#include <utility>
+
+namespace quorin {
+
+TcxGridRows::TcxGridRows(TcxCustomDataController& controller, TcxViewColumns& columns)
+    : FController(controller), FColumns(columns) {
+    FColumns.SetOnSortChanged(MakeEvent<&TcxGridRows::OrderChanged>(this));
+    FFilter.SetOnApplied(MakeEvent<&TcxGridRows::OrderChanged>(this));
+}
+
+void TcxGridRows::OrderChanged(TObject*) {
+    FIsBuilt = false;
+    FController.InvalidatePaint();
+}
+
+// The marks go before anything is read: a value that is read may tell of the next change.
+void TcxGridRows::Ensure() {
+    const Integer records = FController.RecordCount();
+    if (!FIsBuilt || (!FIsPlain && records != FRecords)) {
+        FIsBuilt = true;
+        FIsStale = false;
+        FController.TakeChangedRecords();
+        BuildOrder(records);
+    } else if (std::exchange(FIsStale, false)) {
+        FController.TakeChangedRecords();
+        if (!FIsPlain) FOrder.UpdateAll(*this);
+    } else if (FController.HasChangedRecords()) {
+        const std::vector<Integer> changed = FController.TakeChangedRecords();
+        if (!FIsPlain) FOrder.Update(changed, *this);
+    }
+}
+
+void TcxGridRows::BuildOrder(Integer records) {
+    FSorted = FColumns.Sorted();
+    FIsPlain = FSorted.IsEmpty() && !FFilter.IsFiltering();
+    FRecords = records;
+    std::vector<bool> descending;
+    for (const TcxViewColumn* column : FSorted) {
+        descending.push_back(column->GetSortOrder() == soDescending);
+    }
+    FOrder.Build(FIsPlain ? 0 : records, std::move(descending), *this);
+}
+
+Integer TcxGridRows::Count() {
+    Ensure();
+    return FIsPlain ? FController.RecordCount() : FOrder.Count();
+}
+
+Integer TcxGridRows::RecordAt(Integer row) {
+    Ensure();
+    if (!FIsPlain) return FOrder.RecordAt(row);
+    return row >= 0 && row < FController.RecordCount() ? row : -1;
+}
+
+Integer TcxGridRows::RowOf(Integer record) {
+    Ensure();
+    if (!FIsPlain) return FOrder.RowOf(record);
+    return record >= 0 && record < FController.RecordCount() ? record : -1;
+}
+
+Variant TcxGridRows::Read(Integer record, const TcxViewColumn& column) {
+    TcxCustomDataSource* source = FController.CustomDataSource();
+    if (source == nullptr) return Variant();
+    return FController.Value(source->GetRecordHandle(record), column.ItemIndex());
+}
+
+bool TcxGridRows::Passes(Integer record) {
+    FFiltered = record;
+    return FFilter.Passes(*this);
+}
+
+Variant TcxGridRows::SortValue(Integer record, Integer column) {
+    return Read(record, *FSorted[column]);
+}
+
+Variant TcxGridRows::FilterValue(TObject* itemLink) {
+    return Read(FFiltered, *static_cast<TcxViewColumn*>(itemLink));
+}
+
+} // namespace quorin

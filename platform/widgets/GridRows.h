@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/widgets/DataController.h"
+#include "platform/widgets/FilterCriteria.h"
+#include "platform/widgets/RowOrder.h"
+#include "platform/widgets/ViewColumn.h"
+
+namespace quorin {
+
+// Which record of the source stands in which row of a grid: the columns' sort and the filter make
+// the order, and what changes keeps it. Without either, rows are records. Works when somebody
+// looks, not when something is told.
+class TcxGridRows : private TcxRowSource, private TcxFilterValues {
+public:
+    TcxGridRows(TcxCustomDataController& controller, TcxViewColumns& columns);
+
+    TcxDataFilterCriteria& Filter() { return FFilter; }
+
+    Integer Count();
+    // Both -1 outside, and for a record that is not shown.
+    Integer RecordAt(Integer row);
+    Integer RowOf(Integer record);
+
+    // Values may be others; rows that differ move.
+    void Touch() { FIsStale = true; }
+
+private:
+    void OrderChanged(TObject*);
+    void Ensure();
+    void BuildOrder(Integer records);
+    Variant Read(Integer record, const TcxViewColumn& column);
+    bool Passes(Integer record) override;
+    Variant SortValue(Integer record, Integer column) override;
+    Variant FilterValue(TObject* itemLink) override;
+
+    TcxCustomDataController& FController;
+    TcxViewColumns& FColumns;
+    TcxDataFilterCriteria FFilter;
+    TcxRowOrder FOrder;
+    TList<TcxViewColumn*> FSorted;
+    Integer FRecords = 0;  // of the order
+    Integer FFiltered = 0; // the record that the filter is looking at
+    bool FIsBuilt = false;
+    bool FIsPlain = true; // rows are records
+    bool FIsStale = false;
+};
+
+} // namespace quorin

@@ -1,0 +1,181 @@
+#include "platform/widgets/RowOrder.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorin {
+
+namespace {
+std::size_t At(Integer index) {
+    return static_cast<std::size_t>(index);
+}
+} // namespace
+
+void TcxRowOrder::Build(Integer records, std::vector<bool> descending, TcxRowSource& source) {
+    FDescending = std::move(descending);
+    FKeys.assign(At(records) * FDescending.size(), TcxSortKey());
+    FChunkOf.assign(At(records), NotShown);
+    FChunks.clear();
+    FOrder.clear();
+    FFree.clear();
+    std::vector<Integer> shown;
+    for (Integer record = 0; record < records; ++record) {
+        ReadKeys(record, source);
+        if (source.Passes(record)) shown.push_back(record);
+    }
+    if (!FDescending.empty()) {
+        std::sort(shown.begin(), shown.end(),
+                  [this](Integer left, Integer right) { return IsBefore(left, right); });
+    }
+    constexpr std::size_t rowsAtFirst = MostRows / 2; // room to grow
+    for (std::size_t first = 0; first < shown.size(); first += rowsAtFirst) {
+        const std::size_t end = std::min(first + rowsAtFirst, shown.size());
+        const std::uint32_t chunk = NewChunk(FOrder.size());
+        auto& rows = FChunks[chunk].Records;
+        rows.assign(shown.begin() + static_cast<std::ptrdiff_t>(first),
+                    shown.begin() + static_cast<std::ptrdiff_t>(end));
+        for (const Integer record : rows) FChunkOf[At(record)] = chunk;
+    }
+    FCount = static_cast<Integer>(shown.size());
+    FIsNumbered = false;
+}
+
+// All of them go before the first comes back: an order with a stale key in it can't be searched.
+void TcxRowOrder::Update(std::span<const Integer> records, TcxRowSource& source) {
+    for (const Integer record : records) {
+        if (HasRecord(record)) TakeOut(record);
+    }
+    for (const Integer record : records) {
+        if (!HasRecord(record) || FChunkOf[At(record)] != NotShown) continue; // named twice
+        ReadKeys(record, source);
+        if (source.Passes(record)) PutIn(record);
+    }
+}
+
+void TcxRowOrder::UpdateAll(TcxRowSource& source) {
+    std::vector<Integer> moved;
+    const auto records = static_cast<Integer>(FChunkOf.size());
+    for (Integer record = 0; record < records; ++record) {
+        const bool wasShown = FChunkOf[At(record)] != NotShown;
+        bool isMoved = source.Passes(record) != wasShown;
+        for (std::size_t column = 0; column < FDescending.size(); ++column) {
+            TcxSortKey key = FKeys[At(record) * FDescending.size() + column];
+            isMoved |= key.Assign(source.SortValue(record, static_cast<Integer>(column)));
+        }
+        if (isMoved) moved.push_back(record);
+    }
+    Update(moved, source);
+}
+
+void TcxRowOrder::ReadKeys(Integer record, TcxRowSource& source) {
+    for (std::size_t column = 0; column < FDescending.size(); ++column) {
+        TcxSortKey& key = FKeys[At(record) * FDescending.size() + column];
+        key.Assign(source.SortValue(record, static_cast<Integer>(column)));
+    }
+}
+
+bool TcxRowOrder::IsBefore(Integer left, Integer right) const {
+    const std::size_t columns = FDescending.size();
+    for (std::size_t column = 0; column < columns; ++column) {
+        const TcxSortKey& key = FKeys[At(left) * columns + column];
+        const int order = key.Compare(FKeys[At(right) * columns + column], FDescending[column]);
+        if (order != 0) return order < 0;
+    }
+    return left < right;
+}
+
+void TcxRowOrder::TakeOut(Integer record) {
+    const std::uint32_t chunk = std::exchange(FChunkOf[At(record)], NotShown);
+    if (chunk == NotShown) return;
+    auto& rows = FChunks[chunk].Records;
+    rows.erase(std::find(rows.begin(), rows.end(), record));
+    --FCount;
+    FIsNumbered = false;
+    if (rows.empty()) Drop(chunk);
+}
+
+void TcxRowOrder::PutIn(Integer record) {
+    if (FOrder.empty()) NewChunk(0);
+    const std::uint32_t chunk = FOrder[std::min(PlaceFor(record), FOrder.size() - 1)];
+    auto& rows = FChunks[chunk].Records;
+    const auto isBefore = [this](Integer left, Integer right) { return IsBefore(left, right); };
+    rows.insert(std::lower_bound(rows.begin(), rows.end(), record, isBefore), record);
+    FChunkOf[At(record)] = chunk;
+    ++FCount;
+    FIsNumbered = false;
+    if (rows.size() > MostRows) Split(chunk);
+}
+
+// The first chunk that ends behind the record.
+std::size_t TcxRowOrder::PlaceFor(Integer record) const {
+    const auto endsBefore = [this](std::uint32_t chunk, Integer other) {
+        return IsBefore(FChunks[chunk].Records.back(), other);
+    };
+    if (FChunks[FOrder.front()].Records.empty()) return 0;
+    const auto found = std::lower_bound(FOrder.begin(), FOrder.end(), record, endsBefore);
+    return static_cast<std::size_t>(found - FOrder.begin());
+}
+
+void TcxRowOrder::Split(std::uint32_t chunk) {
+    Renumber();
+    const std::uint32_t second = NewChunk(FChunks[chunk].Place + 1);
+    auto& rows = FChunks[chunk].Records;
+    auto& rest = FChunks[second].Records;
+    const auto middle = rows.begin() + static_cast<std::ptrdiff_t>(rows.size() / 2);
+    rest.assign(middle, rows.end());
+    rows.erase(middle, rows.end());
+    for (const Integer record : rest) FChunkOf[At(record)] = second;
+}
+
+void TcxRowOrder::Drop(std::uint32_t chunk) {
+    FOrder.erase(std::find(FOrder.begin(), FOrder.end(), chunk));
+    FFree.push_back(chunk);
+}
+
+std::uint32_t TcxRowOrder::NewChunk(std::size_t place) {
+    std::uint32_t chunk;
+    if (FFree.empty()) {
+        chunk = static_cast<std::uint32_t>(FChunks.size());
+        FChunks.emplace_back();
+        FChunks.back().Records.reserve(MostRows + 1);
+    } else {
+        chunk = FFree.back();
+        FFree.pop_back();
+    }
+    FOrder.insert(FOrder.begin() + static_cast<std::ptrdiff_t>(place), chunk);
+    FIsNumbered = false;
+    return chunk;
+}
+
+void TcxRowOrder::Renumber() const {
+    if (FIsNumbered) return;
+    Integer row = 0;
+    for (std::size_t place = 0; place < FOrder.size(); ++place) {
+        TChunk& chunk = FChunks[FOrder[place]];
+        chunk.Place = place;
+        chunk.FirstRow = row;
+        row += static_cast<Integer>(chunk.Records.size());
+    }
+    FIsNumbered = true;
+}
+
+Integer TcxRowOrder::RecordAt(Integer row) const {
+    if (row < 0 || row >= FCount) return -1;
+    Renumber();
+    const auto startsBehind = [this](Integer wanted, std::uint32_t chunk) {
+        return wanted < FChunks[chunk].FirstRow;
+    };
+    const auto behind = std::upper_bound(FOrder.begin(), FOrder.end(), row, startsBehind);
+    const TChunk& chunk = FChunks[*(behind - 1)];
+    return chunk.Records[At(row - chunk.FirstRow)];
+}
+
+Integer TcxRowOrder::RowOf(Integer record) const {
+    if (!HasRecord(record) || FChunkOf[At(record)] == NotShown) return -1;
+    Renumber();
+    const TChunk& chunk = FChunks[FChunkOf[At(record)]];
+    const auto found = std::find(chunk.Records.begin(), chunk.Records.end(), record);
+    return chunk.FirstRow + static_cast<Integer>(found - chunk.Records.begin());
+}
+
+} // namespace quorin

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/widgets/SortKey.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quorin {
+
+// What a view's rows are made from: which records are shown, and what they sort by.
+class TcxRowSource {
+public:
+    virtual ~TcxRowSource() = default;
+    // The record passes the filter.
+    virtual bool Passes(Integer record) = 0;
+    // The raw value of a record in the sort column at that place of the sort sequence.
+    virtual Variant SortValue(Integer record, Integer column) = 0;
+};
+
+// Records in view order: those that pass the filter, sorted by several columns; records that tie
+// keep their own order, in both directions. A change of some records moves these alone and costs by
+// their number, with the logarithm of the rest.
+class TcxRowOrder {
+public:
+    // Reads everything anew. One direction for each sort column; none keeps the records' order.
+    void Build(Integer records, std::vector<bool> descending, TcxRowSource& source);
+    // Reads these records anew and puts them in their places. Records outside are ignored.
+    void Update(std::span<const Integer> records, TcxRowSource& source);
+    // Reads every record anew and moves those that have changed. The number of records must be
+    // that of Build.
+    void UpdateAll(TcxRowSource& source);
+
+    Integer Count() const { return FCount; }
+    // Both -1 outside, and for a record that is not shown.
+    Integer RecordAt(Integer row) const;
+    Integer RowOf(Integer record) const;
+
+private:
+    static constexpr std::uint32_t NotShown = 0xFFFFFFFF;
+    static constexpr std::size_t MostRows = 512; // of a chunk
+
+    // A run of the order. Runs keep their number for life; their places change.
+    struct TChunk {
+        std::vector<Integer> Records;
+        std::size_t Place = 0;
+        Integer FirstRow = 0;
+    };
+
+    bool IsBefore(Integer left, Integer right) const;
+    void ReadKeys(Integer record, TcxRowSource& source);
+    void TakeOut(Integer record);
+    void PutIn(Integer record);
+    std::size_t PlaceFor(Integer record) const;
+    void Split(std::uint32_t chunk);
+    void Drop(std::uint32_t chunk);
+    std::uint32_t NewChunk(std::size_t place);
+    void Renumber() const;
+    bool HasRecord(Integer record) const {
+        return record >= 0 && static_cast<std::size_t>(record) < FChunkOf.size();
+    }
+
+    std::vector<bool> FDescending;
+    std::vector<TcxSortKey> FKeys; // of each record in turn, one per sort column
+    std::vector<std::uint32_t> FChunkOf;
+    mutable std::vector<TChunk> FChunks;
+    std::vector<std::uint32_t> FOrder; // numbers of chunks, place by place
+    std::vector<std::uint32_t> FFree;
+    Integer FCount = 0;
+    mutable bool FIsNumbered = true; // the chunks know their places and first rows
+};
+
+} // namespace quorin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/rtl/Variant.h"
+
+namespace quorin {
+
+// What a cell sorts by: numbers as numbers, before texts, which compare without regard to case.
+// Null and empty text are blank and stand last, whatever the direction is.
+class TcxSortKey {
+public:
+    // Takes over what the value says; True when the key is another one now.
+    bool Assign(const Variant& value);
+
+    // Below 0, 0 or above 0 as this key stands before, with or after the other one. Descending
+    // swaps the two, except for blanks.
+    int Compare(const TcxSortKey& other, bool descending) const;
+
+    friend bool operator==(const TcxSortKey&, const TcxSortKey&) = default;
+
+private:
+    enum class TRank : Byte { Number, Text, Blank };
+
+    Double FNumber = 0.0;
+    String FText; // in upper case
+    TRank FRank = TRank::Blank;
+};
+
+} // namespace quorin

@@ -1,0 +1,250 @@
+#pragma once
+
+#include "platform/rtl/Utf.h"
+#include "tests/support/ServicesFixture.h"
+#include "viewdata/positionview/PositionViewAttributes.h"
+#include "viewdata/positionview/PositionViewDataControl.h"
+#include "viewdata/services/ConfigKeys.h"
+#include "viewdata/services/FieldNumbers.h"
+
+#include <functional>
+#include <utility>
+
+namespace quorin {
+
+// A raw value with its kind: #0 whole, 0 Double, 'x' text.
+inline String Kinded(const Variant& value) {
+    switch (value.Kind()) {
+    case Variant::TKind::Whole: return u'#' + value.ToText();
+    case Variant::TKind::Real: return value.ToText();
+    case Variant::TKind::Text: return u'\'' + value.ToText() + u'\'';
+    default: return u"another kind";
+    }
+}
+
+// The position service of the test: the embedded one, or what the test's own hooks put before it.
+class TRelayedPositions : public TCustomPositionAdapter {
+public:
+    explicit TRelayedPositions(TCustomPositionAdapter& inner) : Inner(inner) {}
+
+    // Called inside the operations of these names, before they answer.
+    std::function<void()> InMarketValue;
+    std::function<void(StringView account, TPositionDictionary& list)> InPositionList;
+    std::function<void()> InRemoveMarketData;
+
+    void ChangePositionAccount(StringView account, const TDataCallbackEvent& event, TObject* owner,
+                               StringView previous) override {
+        Inner.ChangePositionAccount(account, event, owner, previous);
+    }
+    void RemovePositionCallback(StringView account, TObject* owner) override {
+        Inner.RemovePositionCallback(account, owner);
+    }
+    void AddPositionMarketDataCallback(const TDataCallbackEvent& event, TObject* owner) override {
+        Inner.AddPositionMarketDataCallback(event, owner);
+    }
+    void RemovePositionMarketDataCallback(TObject* owner) override {
+        if (InRemoveMarketData) InRemoveMarketData();
+        Inner.RemovePositionMarketDataCallback(owner);
+    }
+    void AddAggregatePositionCallback(StringView account, const TDataCallbackEvent& event,
+                                      TObject* owner, Pointer reserved) override {
+        EXPECT_EQ(reserved, nullptr);
+        Inner.AddAggregatePositionCallback(account, event, owner, reserved);
+    }
+    void RemoveAggregatePositionCallback(StringView account, TObject* owner) override {
+        Inner.RemoveAggregatePositionCallback(account, owner);
+    }
+    void GetPositionList(StringView account, TPositionDictionary& list) const override {
+        if (InPositionList) InPositionList(account, list);
+        Inner.GetPositionList(account, list);
+    }
+    TCustomPositionData* GetPosition(StringView account, StringView symbol) const override {
+        return Inner.GetPosition(account, symbol);
+    }
+    Boolean GetMarketValue(StringView symbol, Double quantity, Double& value) const override {
+        if (InMarketValue) InMarketValue();
+        return Inner.GetMarketValue(symbol, quantity, value);
+    }
+
+private:
+    TCustomPositionAdapter& Inner;
+};
+
+// Writes what it was asked for: "12 2/00700/T" is 12 as kind 2, for 00700, with the flag. "$"
+// stands for the row's symbol in the tables.
+class TSpyFormatter : public TCustomFormatter {
+public:
+    std::function<void()> InFormatValue;
+
+    String FormatInteger(Integer value) const override { return u"i" + Variant(value).ToText(); }
+    String FormatFloat(Double value, Integer, Boolean) const override {
+        return Variant(value).ToText();
+    }
+    String FormatValue(Double value, TDisplayDataType type, StringView symbol, Boolean flag,
+                       Pointer reserved) const override {
+        EXPECT_EQ(reserved, nullptr);
+        if (InFormatValue) InFormatValue();
+        return Variant(value).ToText() + u' ' + Variant(Integer{type}).ToText() + u'/' +
+               String(symbol) + (flag ? u"/T" : u"/F");
+    }
+};
+
+// A position view that can be looked into.
+class TView : public TPositionViewDataControl {
+    QUORIN_CLASS(TView, TPositionViewDataControl)
+
+    explicit TView(TComponent* owner = nullptr) : TPositionViewDataControl(owner) {
+        EmptyDisplayText = u"--";
+        GroupID = u"GROUP";
+    }
+    using TPositionViewDataControl::FAggregatePositionList;
+
+    std::function<void(Integer row, Integer attribute, Variant& value)> InGetValue;
+    Variant GetValue(Integer row, Integer attribute) override {
+        Variant value = Inherited::GetValue(row, attribute);
+        if (InGetValue) InGetValue(row, attribute, value);
+        return value;
+    }
+    TCustomPositionData* Record(Integer row) const { return RecordAt(row); }
+    // "00700:100 HSIF:5", the symbols with their quantities.
+    String Rows() const {
+        String text;
+        for (const String& symbol : FDataList) {
+            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
+            text += (text.empty() ? u"" : u" ") + symbol + u':';
+            text += record != nullptr ? Variant((*record)->GetQuantity()).ToText() : u"?";
+        }
+        return text;
+    }
+    String SubAccounts() const {
+        String text;
+        for (const auto& item : FSubAccountList) text += (text.empty() ? u"" : u" ") + item.Key;
+        return text;
+    }
+    void CheckInvariants() const {
+        EXPECT_EQ(FDataList.Count(), FDataDictionary.Count());
+        for (const String& symbol : FDataList) {
+            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
+            ASSERT_NE(record, nullptr) << ToUtf8(symbol) << " has no record";
+            ASSERT_NE(*record, nullptr);
+            EXPECT_EQ((*record)->GetSymbol(), symbol);
+            EXPECT_EQ((*record)->GetAccount(), FAccount);
+            const auto* sum = FAggregatePositionList.Find(symbol);
+            EXPECT_EQ(FAggregated, sum != nullptr && sum->get() == *record) << ToUtf8(symbol);
+        }
+        if (!FAggregated) {
+            EXPECT_TRUE(FAggregatePositionList.IsEmpty());
+            EXPECT_TRUE(FSubAccountList.IsEmpty());
+        }
+    }
+};
+
+// A position view over the fixture's universe, a future on SHFE more (CNY, size 1000), and these
+// accounts: the masters M1 (margin, of S1 and S2) and M2 (of T1), A1 (margin) and A2.
+struct TPositionViewTest : TServicesFixture {
+    using TServicesFixture::Services;
+    using TServicesFixture::SetConfig;
+
+    TPositionViewTest() {
+        ServiceRegistry::Install(&Positions);
+        TEmbeddedMarketAdapter& market = Services().Market();
+        market.AddExchange(
+            {.Code = u"SHFE", .Currency = u"CNY", .MarketState = u"CT", .MarketStatus = 1});
+        market.AddSeries({.Code = u"AU", .Exchange = u"SHFE", .Names = {.Name = u"Gold"}});
+        market.AddSymbol({.Symbol = u"AU12",
+                          .Exchange = u"SHFE",
+                          .Series = u"AU",
+                          .Names = {.Name = u"Gold future"},
+                          .ProductType = ProductType::Futures,
+                          .ContractSize = 1000.0});
+        const auto feed = [this](StringView code, const TAccountDetails& details) {
+            Services().Accounts().FeedAccount(code, details);
+        };
+        feed(u"M1", {.MarginType = 1, .PrincipalType = u"S", .IsAggregate = true});
+        feed(u"M2", {.IsAggregate = true});
+        feed(u"S1", {.MasterAccount = u"M1"});
+        feed(u"S2", {.MasterAccount = u"M1"});
+        feed(u"T1", {.MasterAccount = u"M2"});
+        feed(u"A1", {.MarginType = 1, .PrincipalType = u"S"});
+        feed(u"A2", {});
+        Services().Deliver();
+        MakeView();
+    }
+    ~TPositionViewTest() override {
+        View.reset();
+        ServiceRegistry::Install(RealFormatter);
+        ServiceRegistry::Install(RealPositions);
+    }
+
+    void MakeView() {
+        View.reset();
+        View = CreateComponent<TView>();
+        View->SetOnDataChanged(MakeEvent<&TPositionViewTest::RowsSignalled>(this));
+        View->SetOnSummaryDataChanged(MakeEvent<&TPositionViewTest::SummarySignalled>(this));
+        View->SetOnAccountInfoUpdate(MakeEvent<&TPositionViewTest::InfoSignalled>(this));
+        Signals.clear();
+    }
+    // Cells then show what the formatter was asked for.
+    void SpyOnFormatter() { ServiceRegistry::Install(&Spy); }
+    void Show(StringView account, bool aggregated = false) {
+        View->SetAccount(account);
+        if (aggregated) View->SetAggregate();
+        Signals.clear();
+    }
+
+    TEmbeddedSubItem& Item(StringView symbol) { return Services().Items().Item(symbol); }
+    // Counts at once; what follows Deliver is told.
+    TEmbeddedPositionData& Hold(StringView account, StringView symbol, TPositionFigures figures) {
+        figures.Ticker = &Item(symbol);
+        return Services().Positions().FeedPosition(account, symbol, figures);
+    }
+    TEmbeddedPositionData& Hold(StringView account, StringView symbol, Double quantity) {
+        return Hold(account, symbol, TPositionFigures{.Quantity = quantity});
+    }
+    void Deliver() { Services().Deliver(); }
+
+    // The value and the text of a cell, "$" for the row's symbol.
+    String Cell(Integer row, Integer attribute) {
+        String text = View->GetDisplayValue(row, attribute);
+        const TCustomPositionData* record = View->Record(row);
+        const std::size_t place =
+            record != nullptr ? text.find(u'/' + record->GetSymbol() + u'/') : String::npos;
+        if (place != String::npos) text.replace(place + 1, record->GetSymbol().size(), u"$");
+        return Kinded(View->GetValue(row, attribute)) + u" | " + text;
+    }
+
+    // The signals since the last time, in order: R rows, S summary, I account information.
+    void ExpectSignals(StringView expected) {
+        const String came = std::exchange(Signals, {});
+        if (!FaultsOn()) {
+            EXPECT_EQ(came, expected);
+        }
+        if (View != nullptr) View->CheckInvariants();
+    }
+    void RowsSignalled(TObject* sender) {
+        EXPECT_EQ(sender, View.get());
+        View->CheckInvariants();
+        Signals += u'R';
+        if (OnRows) OnRows();
+    }
+    void SummarySignalled(TObject* sender) {
+        EXPECT_EQ(sender, View.get());
+        Signals += u'S';
+    }
+    void InfoSignalled(TObject* sender) {
+        EXPECT_EQ(sender, nullptr);
+        Signals += u'I';
+        if (OnInfo) OnInfo();
+    }
+
+    TCustomFormatter* RealFormatter = TCustomFormatter::GetInstance();
+    TCustomPositionAdapter* RealPositions = TCustomPositionAdapter::GetInstance();
+    TRelayedPositions Positions{*RealPositions};
+    TSpyFormatter Spy;
+    std::unique_ptr<TView> View;
+    String Signals;
+    std::function<void()> OnRows;
+    std::function<void()> OnInfo;
+};
+
+} // namespace quorin
