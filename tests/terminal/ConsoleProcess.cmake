@@ -109,6 +109,9 @@ plays("sides to a file" "${summary}" --replay tiny.csv --sides sides.csv)
 plays("the venue" "\n" --frames 3 --seed 7)
 plays("one's own universe" "\n" --universe own.csv --frames 40)
 plays("help" "\n" --help)
+set(script "${CMAKE_CURRENT_LIST_DIR}/../../data/scripts/first-trades.txt")
+plays("the shipped script" "\n" --text --script "${script}" --answer yes)
+plays("the shipped script without a yes" "\n" --text --script "${script}" --seed 5)
 
 # A script goes on after a wrong line, says which it was, and ends with 1. Without a terminal every
 # question is answered with no.
