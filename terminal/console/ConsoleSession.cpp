@@ -26,12 +26,13 @@ TConsoleSession::TConsoleSession(const TConsoleOptions& options,
                                                  .SettingsPath = options.Settings,
                                                  .Language = options.Language,
                                                  .Switches = options.Switches}) {
+    FHost.SetDesk(&FServices.Desk());
     // Prices are shown by their ticks from the first frame on.
     FServices.Market().SetSpreadTablesAtOnce(true);
 }
 
 void TConsoleSession::OpenWatch(const TConsoleOptions& options) {
-    FHead.Exchange = options.Exchange;
+    FExchange = options.Exchange;
     FWatch = std::make_unique<TMarketWatchForm>();
     FWatch->View().SetVisibleRowCapacity(options.Rows);
 }
@@ -84,8 +85,6 @@ void TConsoleSession::WarnOfSides(const String& exchange) {
 bool TConsoleSession::Step() {
     if (!StepMarket()) return false;
     ++FSummary.Deliveries;
-    FHead.PollTime = static_cast<Double>(TimeNanos()) / static_cast<Double>(NanosPerSecond);
-    FHead.Deliveries = FSummary.Deliveries;
     if (FTrades->Symbol().empty() && FWatch->View().RowCount() > 0) {
         FWatch->FollowVisibleRows();
         ShowSymbol(FWatch->Symbol(0));
@@ -100,11 +99,16 @@ void TConsoleSession::TakeTrade(StringView symbol, const TMarketDataTrade& trade
     ++FSummary.Trades;
     if (trade.Side() == SideAsk) ++FSummary.AskTrades;
     if (trade.Side() == SideBid) ++FSummary.BidTrades;
-    if (FSidesFile != nullptr) FSidesFile->Write(FHead.PollTime, symbol, trade);
+    if (FSidesFile != nullptr) FSidesFile->Write(Head().PollTime, symbol, trade);
+}
+
+TFrameHead TConsoleSession::Head() const {
+    return {static_cast<Double>(TimeNanos()) / static_cast<Double>(NanosPerSecond),
+            FSummary.Deliveries, FExchange};
 }
 
 std::vector<String> TConsoleSession::Frame() {
-    return FrameLines(FHead, *FWatch, *FTrades, *FProduct);
+    return FrameLines(Head(), *FWatch, *FTrades, *FProduct);
 }
 
 bool TConsoleSession::Close() {

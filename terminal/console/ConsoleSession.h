@@ -44,6 +44,11 @@ public:
     // of sides is not complete.
     virtual bool Close();
 
+    TEmbeddedServices& Services() { return FServices; }
+    TConsoleHost& Host() { return FHost; }
+    // The head of the screen as it is now.
+    TFrameHead Head() const;
+
 protected:
     // Raises EDataError for data that cannot be worked with, as every constructor of a session.
     TConsoleSession(const TConsoleOptions& options, const std::filesystem::path& dataFolder,
@@ -63,7 +68,6 @@ protected:
     void WarnOfSides(const String& exchange);
 
     std::ostream& Errors() { return FErrors; }
-    TEmbeddedServices& Services() { return FServices; }
     TSessionSummary& Counts() { return FSummary; }
 
 private:
@@ -79,7 +83,7 @@ private:
     void ShowSymbol(StringView symbol);
 
     std::ostream& FErrors;
-    TFrameHead FHead;
+    String FExchange; // that the watch shows
     TSessionSummary FSummary;
     TConsoleHost FHost;
     TEmbeddedServices FServices;

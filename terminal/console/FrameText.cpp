@@ -2,9 +2,9 @@
 
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
+#include "terminal/console/ListText.h"
 #include "terminal/console/TextWidth.h"
 #include "terminal/forms/TerminalKeys.h"
-#include "viewdata/market/MarketAttributes.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/ChinaConnect.h"
 #include "viewdata/services/CurrencyAdapter.h"
@@ -18,7 +18,6 @@ namespace quorin {
 
 namespace {
 
-constexpr Integer PixelsPerColumn = 8;
 constexpr Integer ShownTrades = 5;
 // Product information has up to twelve lines; margin and the two positions follow.
 constexpr Integer ProductLineCount = 15;
@@ -26,10 +25,6 @@ constexpr Integer ProductLineCount = 15;
 static_assert(FrameLinesBesideRows == 3 + ProductLineCount);
 static_assert(2 + ShownTrades <= ProductLineCount);
 constexpr StringView HeadGap = u"  ";
-constexpr StringView UpMark = u"\u25B2";
-constexpr StringView DownMark = u"\u25BC";
-constexpr StringView EqualMark = u"=";
-constexpr StringView NoMark = u" ";
 
 // Columns of the trades' table.
 constexpr Integer TimeWidth = 10;
@@ -39,54 +34,6 @@ constexpr Integer SideWidth = 10;
 constexpr Integer TradesWidth = TimeWidth + QuantityWidth + PriceWidth + SideWidth;
 constexpr Integer ProductGap = 6;
 constexpr Integer ProductWidth = 60;
-
-using TMarkReader = bool (TMarketWatchForm::*)(Integer, TPriceChangeState&);
-
-// A price with a mark behind it; nil for every other column.
-TMarkReader MarkReaderOf(Integer attribute) {
-    switch (attribute) {
-    case MarketAttribute::LastPrice: return &TMarketWatchForm::LastMove;
-    case MarketAttribute::Change: return &TMarketWatchForm::ChangeDirection;
-    default: return nullptr;
-    }
-}
-
-StringView MarkText(TMarketWatchForm& watch, Integer row, TMarkReader reader) {
-    TPriceChangeState state = pcsNone;
-    if (!(watch.*reader)(row, state)) return NoMark;
-    switch (state) {
-    case pcsUp: return UpMark;
-    case pcsDown: return DownMark;
-    case pcsNone: break;
-    }
-    return EqualMark;
-}
-
-TAlign AlignOf(Integer attribute) {
-    const bool isText =
-        attribute == MarketAttribute::SymbolCode || attribute == MarketAttribute::SymbolName;
-    return isText ? TAlign::Left : TAlign::Right;
-}
-
-constexpr Integer HeaderRow = -1;
-
-String WatchLine(TMarketWatchForm& watch, Integer row) {
-    String line;
-    TcxGridTableView& view = watch.View();
-    for (Integer index = 0; index < view.GetColumnCount(); ++index) {
-        TcxGridColumn& column = *view.GetColumn(index);
-        if (!column.GetVisible()) continue;
-        const String text = row == HeaderRow ? column.Caption() : view.CellText(row, column);
-        if (!line.empty()) line += u' ';
-        line += FitText(text, column.GetWidth() / PixelsPerColumn, AlignOf(column.GetTag()));
-        const TMarkReader reader = MarkReaderOf(column.GetTag());
-        if (reader == nullptr) continue;
-        const bool hasMark = row != HeaderRow && text != watch.Control().EmptyText();
-        line += u' ';
-        line += hasMark ? MarkText(watch, row, reader) : NoMark;
-    }
-    return String(TrimRight(line));
-}
 
 String TradeLine(StringView time, StringView quantity, StringView price, StringView side) {
     String line = FitText(time, TimeWidth);
@@ -104,30 +51,6 @@ String Caption(StringView key) {
 String TwoDigits(Int64 number) {
     const String text = IntegerToText(number);
     return text.size() < 2 ? u"0" + text : text;
-}
-
-// What a user must know because it is not as it normally is.
-String HeadText(const TFrameHead& head) {
-    String text = PlainText(head.Exchange);
-    const auto append = [&text](StringView part) {
-        text += HeadGap;
-        text += part;
-    };
-    append(ClockText(head.PollTime));
-    append(u"#" + IntegerToText(head.Deliveries));
-    const auto add = [&append](bool applies, StringView key) {
-        if (applies) append(Caption(key));
-    };
-    add(!TCustomLoginCtrl::GetInstance()->IsLogin(), TerminalKey::Res_LoggedOut);
-    add(!TCustomMarketAdapter::GetInstance()->IsMarketDataReady(), TerminalKey::Res_MarketNotReady);
-    add(!TCustomAccountAdapter::GetInstance()->IsAccountReady(), TerminalKey::Res_AccountsNotReady);
-    // Without accounts these say nothing.
-    const TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
-    const bool hasAccounts = !accounts.IsAccountReady() || accounts.GetAccountCount() > 0;
-    const TCustomCurrencyAdapter& currencies = *TCustomCurrencyAdapter::GetInstance();
-    add(hasAccounts && !currencies.IsMultiCurrency(), TerminalKey::Res_OneCurrency);
-    add(hasAccounts && !IsChinaConnectOn(), TerminalKey::Res_NoChinaConnect);
-    return text;
 }
 
 std::vector<String> TradeBlock(const TTradesForm& trades) {
@@ -158,6 +81,29 @@ void AppendBeside(std::vector<String>& lines, std::vector<String> left, std::vec
 
 } // namespace
 
+String HeadText(const TFrameHead& head) {
+    String text = PlainText(head.Exchange);
+    const auto append = [&text](StringView part) {
+        text += HeadGap;
+        text += part;
+    };
+    append(ClockText(head.PollTime));
+    append(u"#" + IntegerToText(head.Deliveries));
+    const auto add = [&append](bool applies, StringView key) {
+        if (applies) append(Caption(key));
+    };
+    add(!TCustomLoginCtrl::GetInstance()->IsLogin(), TerminalKey::Res_LoggedOut);
+    add(!TCustomMarketAdapter::GetInstance()->IsMarketDataReady(), TerminalKey::Res_MarketNotReady);
+    add(!TCustomAccountAdapter::GetInstance()->IsAccountReady(), TerminalKey::Res_AccountsNotReady);
+    // Without accounts these say nothing.
+    const TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    const bool hasAccounts = !accounts.IsAccountReady() || accounts.GetAccountCount() > 0;
+    const TCustomCurrencyAdapter& currencies = *TCustomCurrencyAdapter::GetInstance();
+    add(hasAccounts && !currencies.IsMultiCurrency(), TerminalKey::Res_OneCurrency);
+    add(hasAccounts && !IsChinaConnectOn(), TerminalKey::Res_NoChinaConnect);
+    return text;
+}
+
 String ClockText(Double secondsAfterMidnight) {
     const Int64 milliseconds = RoundToInt64(secondsAfterMidnight * 1000.0);
     const Int64 seconds = milliseconds / 1000;
@@ -171,10 +117,10 @@ std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
     watch.FollowVisibleRows();
     std::vector<String> lines;
     lines.push_back(HeadText(head));
-    lines.push_back(WatchLine(watch, HeaderRow));
+    lines.push_back(ListLine(watch, HeaderRow));
     const Integer top = watch.View().TopRow();
     for (Integer offset = 0; offset < watch.View().VisibleRowCount(); ++offset) {
-        lines.push_back(WatchLine(watch, top + offset));
+        lines.push_back(ListLine(watch, top + offset));
     }
     lines.emplace_back();
     AppendBeside(lines, TradeBlock(trades), product.Lines());

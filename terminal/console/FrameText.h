@@ -12,7 +12,7 @@ namespace quorin {
 struct TFrameHead {
     Double PollTime = 0.0; // seconds after midnight of the latest delivery
     Integer Deliveries = 0;
-    String Exchange;
+    String Exchange; // or what else the watch shows
 };
 
 // Lines of a frame beside the visible rows of the watch.
@@ -23,6 +23,10 @@ inline constexpr Integer FrameLinesBesideRows = 18;
 // Subscribes the visible rows before it reads them.
 std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
                                const TTradesForm& trades, TProductForm& product);
+
+// The head alone: what is shown, when, and what a user must know because it is not as it normally
+// is.
+String HeadText(const TFrameHead& head);
 
 // "HH:MM:SS.mmm"; the hours may have more digits.
 String ClockText(Double secondsAfterMidnight);

@@ -3,6 +3,7 @@
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
 #include "terminal/console/ExitStatus.h"
+#include "terminal/console/ScriptCommands.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,6 +17,8 @@ constexpr Double ShortestPoll = 1e-9; // seconds: the time of a recording counts
 constexpr Double LongestPoll = 1e9;
 constexpr const char* Usage = "; usage: quorin-console [OPTIONS], --help lists them";
 constexpr Integer MostRows = 1000;
+constexpr const char* AnswerYes = "yes";
+constexpr const char* AnswerNo = "no";
 
 std::string OneLine(std::string text) {
     for (char& character : text) {
@@ -60,7 +63,7 @@ const CLI::Validator PlainText(
 TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     TConsoleOptions options;
     bool isText = true;
-    std::string replay, universe, settings, sides, poll, exchange, trades, seed;
+    std::string replay, universe, settings, sides, poll, exchange, trades, seed, script, answer;
     Integer frames = 0;
     Integer language = 0;
     TServiceSwitches& switches = options.Switches;
@@ -89,6 +92,15 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
         app.add_option("--frames", frames, "print this many frames, one per delivery, and end")
             ->type_name("N")
             ->check(AtLeastOne);
+    app.add_option("--script", script, "run the commands of this file on the venue; see below")
+        ->type_name("FILE")
+        ->check(PlainText)
+        ->excludes(replayOption)
+        ->excludes(framesOption);
+    app.add_option("--answer", answer,
+                   "answer to every question (default: asks on a terminal, else no)")
+        ->type_name("yes|no")
+        ->check(CLI::IsMember({AnswerYes, AnswerNo}).description(""));
     app.add_option("--rows", options.Rows, "visible rows of the watch (default: 20)")
         ->type_name("N")
         ->check(CLI::Range(1, MostRows));
@@ -118,6 +130,8 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     app.add_flag("--single-currency", switches.SingleCurrency, "accounts in one currency only");
     app.add_flag("--no-china-connect", switches.NoChinaConnect, "that feature is off");
 
+    app.footer(ScriptHelp());
+
     TCommandLine result;
     try {
         app.parse(argc, argv);
@@ -135,6 +149,8 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     options.Language = static_cast<TAppLanguage>(language);
     options.HasExchange = !exchange.empty();
     options.Settings = settings;
+    options.Script = script;
+    if (!answer.empty()) options.Answer = answer == AnswerYes;
     options.Sides = sides;
     if (!poll.empty()) options.PollInterval = ToDoubleOr(FromUtf8(poll), options.PollInterval);
     if (!exchange.empty()) options.Exchange = FromUtf8(exchange);

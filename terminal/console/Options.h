@@ -23,6 +23,8 @@ struct TConsoleOptions {
     TServiceSwitches Switches;
     String TradesSymbol; // empty: that of the first row
     std::optional<Integer> Frames;
+    std::filesystem::path Script; // empty: none
+    std::optional<bool> Answer;   // to every question; nothing: the user's, without a terminal no
     Integer Rows = 20;
 };
 

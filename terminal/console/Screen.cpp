@@ -86,6 +86,10 @@ bool TScreen::IsThere() {
     return isatty(STDOUT_FILENO) == 1;
 }
 
+bool TScreen::HasKeys() {
+    return isatty(STDIN_FILENO) == 1;
+}
+
 TScreen::TScreen() : FState(std::make_unique<TState>()) {
     IsEndRequested = 0;
     IsSizeChanged = 0;

@@ -18,6 +18,8 @@ public:
 
     // Standard output is a terminal.
     static bool IsThere();
+    // So is standard input.
+    static bool HasKeys();
 
     // Lines that fit.
     Integer Height() const;

@@ -3,6 +3,7 @@
 #include "terminal/console/ConsoleSession.h"
 #include "terminal/console/ExitStatus.h"
 #include "terminal/console/Screen.h"
+#include "terminal/console/ScriptSession.h"
 
 #include <algorithm>
 #include <chrono>
@@ -65,10 +66,28 @@ void ShowOnScreen(TConsoleSession& session, const TConsoleOptions& options) {
     std::cout << SummaryText(session.Summary());
 }
 
+TAnswerBy AnswersOf(const TConsoleOptions& options) {
+    if (options.Answer.has_value()) return *options.Answer ? TAnswerBy::Yes : TAnswerBy::No;
+    return TScreen::IsThere() && TScreen::HasKeys() ? TAnswerBy::User : TAnswerBy::No;
+}
+
+// How many of the script's lines were wrong.
+Integer PlayScript(TConsoleSession& session, const TConsoleOptions& options,
+                   const std::vector<TScriptLine>& script) {
+    session.Host().TalkOn(std::cout, AnswersOf(options), std::cin);
+    TScriptScreen screen(session);
+    return RunScript(screen, script, options.Script.string(), std::cout, std::cerr);
+}
+
 int Run(const TConsoleOptions& options) {
+    std::vector<TScriptLine> script;
+    if (!options.Script.empty()) script = ReadScriptFile(options.Script);
     const std::unique_ptr<TConsoleSession> session =
         OpenSession(options, QUORIN_DATA_DIR, std::cerr);
-    if (options.Frames.has_value()) {
+    Integer wrongLines = 0;
+    if (!options.Script.empty()) {
+        wrongLines = PlayScript(*session, options, script);
+    } else if (options.Frames.has_value()) {
         PrintFrames(*session, *options.Frames);
     } else if (TScreen::IsThere()) {
         ShowOnScreen(*session, options);
@@ -79,7 +98,9 @@ int Run(const TConsoleOptions& options) {
     }
     const bool isSidesFileComplete = session->Close();
     std::cout.flush();
-    if (isSidesFileComplete && std::cout) return ExitStatus::Done;
+    if (isSidesFileComplete && std::cout) {
+        return wrongLines > 0 ? ExitStatus::WrongLines : ExitStatus::Done;
+    }
     std::cerr << ProgramName << ": the output cannot be written\n";
     return ExitStatus::CannotWrite;
 }

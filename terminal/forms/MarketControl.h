@@ -1,36 +1,59 @@
 #pragma once
 
-#include "viewdata/market/MarketDataControl.h"
+#include "terminal/forms/ListForm.h"
+#include "viewdata/market/UnderlyerPriceDataControl.h"
 
-#include <memory>
-#include <vector>
+#include <utility>
 
 namespace quorin {
 
-// The market watch of the terminal: the columns that it shows and whether its rows were dropped.
-class TMarketControl : public TCustomMarketDataControl {
-    QUORIN_CLASS(TMarketControl, TCustomMarketDataControl)
+// Table of the custom columns of the terminal's market lists.
+inline constexpr StringView MarketCustomColumns = u"MarketCustomColumn";
 
-    explicit TMarketControl(TComponent* AOwner = nullptr);
+std::span<const TFormColumn> MarketColumns();
 
-    const TColumnList* GetColList() override { return &FColumnList; }
-    // Also notes that every subscription is gone.
-    void ClearAll() override;
+// What the terminal asks of a market list beside the view layer's operations, whatever it lists.
+class TMarketRows {
+public:
+    virtual ~TMarketRows() = default;
 
     // True when subscriptions were dropped since the last call.
-    bool TakeCleared();
-    const TList<String>& Symbols() const { return FDataList; }
+    bool TakeCleared() { return std::exchange(FIsCleared, false); }
+    virtual const TList<String>& Symbols() const = 0;
     // -1 for a symbol without a row.
-    Integer RowOf(StringView symbol) const { return FDataList.IndexOf(symbol); }
+    Integer RowOf(StringView symbol) const { return Symbols().IndexOf(symbol); }
     // What a cell shows that has nothing to show.
-    const String& EmptyText() const { return EmptyDisplayText; }
-    // Caption of a column in the language in force.
-    String Caption(Integer attribute) const;
+    virtual const String& EmptyText() const = 0;
 
-private:
-    std::vector<std::unique_ptr<TColumnInfo>> FColumns;
-    TColumnList FColumnList;
+protected:
     bool FIsCleared = true;
 };
+
+// A market list of the view layer with the columns of the terminal.
+template <class List>
+class TTerminalMarketControl : public List, public TMarketRows {
+    QUORIN_CLASS(TTerminalMarketControl, List)
+
+    explicit TTerminalMarketControl(TComponent* AOwner = nullptr) : List(AOwner) {
+        this->EmptyDisplayText = NothingToShow;
+        this->FCustomColumnTagID = MarketCustomColumns;
+    }
+
+    const TColumnList* GetColList() override { return FColumns.List(); }
+    // Also notes that every subscription is gone.
+    void ClearAll() override {
+        List::ClearAll();
+        FIsCleared = true;
+    }
+    const TList<String>& Symbols() const override { return this->FDataList; }
+    const String& EmptyText() const override { return this->EmptyDisplayText; }
+
+private:
+    TFormColumns FColumns{MarketColumns()};
+};
+
+// The market watch, and the futures or options of one underlyer.
+using TMarketControl = TTerminalMarketControl<TCustomMarketDataControl>;
+using TUnderlyerControl = TTerminalMarketControl<TCustomUnderlyerPriceDataControl>;
 
 } // namespace quorin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/forms/MarketControl.h"
+#include "terminal/forms/MarketListForm.h"
 
 #include <vector>
 

@@ -24,6 +24,27 @@ inline constexpr StringView Res_MarketNotReady = u"Res_MarketNotReady";
 inline constexpr StringView Res_AccountsNotReady = u"Res_AccountsNotReady";
 inline constexpr StringView Res_OneCurrency = u"Res_OneCurrency";
 inline constexpr StringView Res_NoChinaConnect = u"Res_NoChinaConnect";
+// Positions.
+inline constexpr StringView Res_Net = u"Res_Net";
+inline constexpr StringView Res_Available = u"Res_Available";
+inline constexpr StringView Res_AveragePrice = u"Res_AveragePrice";
+inline constexpr StringView Res_MarketValue = u"Res_MarketValue";
+inline constexpr StringView Res_RealisedPL = u"Res_RealisedPL";
+inline constexpr StringView Res_UnrealisedPL = u"Res_UnrealisedPL";
+inline constexpr StringView Res_TotalPL = u"Res_TotalPL";
+// Orders and what is asked about them.
+inline constexpr StringView Res_Buy = u"Res_Buy";
+inline constexpr StringView Res_Sell = u"Res_Sell";
+inline constexpr StringView Res_AtMarket = u"Res_AtMarket";
+inline constexpr StringView Res_OneLot = u"Res_OneLot";
+inline constexpr StringView Res_OrderQuestion = u"Res_OrderQuestion";
+inline constexpr StringView Res_OrderEntry = u"Res_OrderEntry";
+inline constexpr StringView Res_AddFavoriteQuestion = u"Res_AddFavoriteQuestion";
+inline constexpr StringView Res_NoSymbolToAdd = u"Res_NoSymbolToAdd";
+inline constexpr StringView Res_Favourites = u"Res_Favourites";
+inline constexpr StringView Res_OrderNumber = u"Res_OrderNumber";
+inline constexpr StringView Res_Reason = u"Res_Reason";
+inline constexpr StringView Res_Filled = u"Res_Filled";
 } // namespace TerminalKey
 
 } // namespace quorin

@@ -72,6 +72,11 @@ refuses("sides over the settings" --replay tiny.csv --settings good.ini --sides 
 refuses("no universe" --universe missing.csv)
 refuses("universe with another header" --universe header.csv)
 refuses("universe with a tick of 0" --universe tickless.csv)
+refuses("no script" --script missing.txt)
+refuses("a folder as script" --script .)
+refuses("a script and frames" --script missing.txt --frames 1)
+refuses("a script and a recording" --script missing.txt --replay tiny.csv)
+refuses("an answer that is none" --answer maybe)
 refuses("no such exchange" --exchange NOWHERE --frames 1)
 
 # Status 0 and `last` as the end of the output, the same twice.
@@ -104,6 +109,25 @@ plays("sides to a file" "${summary}" --replay tiny.csv --sides sides.csv)
 plays("the venue" "\n" --frames 3 --seed 7)
 plays("one's own universe" "\n" --universe own.csv --frames 40)
 plays("help" "\n" --help)
+set(script "${CMAKE_CURRENT_LIST_DIR}/../../data/scripts/first-trades.txt")
+plays("the shipped script" "\n" --text --script "${script}" --answer yes)
+plays("the shipped script without a yes" "\n" --text --script "${script}" --seed 5)
+
+# A script goes on after a wrong line, says which it was, and ends with 1. Without a terminal every
+# question is answered with no.
+file(WRITE "${SCRATCH}/wrong.txt" "watch SEHK\nfly\nset ConfirmationPlaceOrd y\nbuy market 0\n")
+execute_process(
+    COMMAND "${CONSOLE}" --script wrong.txt
+    WORKING_DIRECTORY "${SCRATCH}"
+    RESULT_VARIABLE status
+    OUTPUT_VARIABLE out
+    ERROR_VARIABLE err
+)
+if(NOT status STREQUAL "1" OR NOT err MATCHES "^wrong.txt:2: [^\n]+\n$")
+    report("wrong line of a script" "ended with ${status}: ${err}")
+elseif(NOT out MATCHES "\n> 4 buy market 0\n  question [^\n]+\n  answer   no\n  result   refused\n")
+    report("wrong line of a script" "printed: ${out}")
+endif()
 
 # Another seed is another market.
 foreach(seed IN ITEMS 7 8)

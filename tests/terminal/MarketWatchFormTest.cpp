@@ -107,6 +107,19 @@ TEST_F(TMarketWatchFormTest, RowIsNamedByItsSymbol) {
     EXPECT_FALSE(Form->RowStillShows(-1, u"B"));
 }
 
+TEST_F(TMarketWatchFormTest, ActionIsForTheRowAsItWasShown) {
+    EXPECT_EQ(Form->ActionRecord(0), NoRow) << "nothing was shown yet";
+    Form->NoteShown();
+    EXPECT_EQ(Form->ActionRecord(1), 1);
+    EXPECT_EQ(Form->ActionRecord(4), NoRow);
+    EXPECT_EQ(Form->ActionRecord(-1), NoRow);
+    Form->Control().MoveRecord(1, 0);
+    EXPECT_EQ(Form->ActionRecord(1), NoRow);
+    EXPECT_EQ(Form->ActionRecord(2), 2);
+    Form->NoteShown();
+    EXPECT_EQ(Form->ActionRecord(1), 1);
+}
+
 TEST_F(TMarketWatchFormTest, ShowsChosenSymbols) {
     TList<String> symbols;
     for (const StringView symbol : {u"D", u"NOBODY", u"B"}) symbols.Add(String(symbol));

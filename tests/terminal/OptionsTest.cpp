@@ -26,6 +26,8 @@ TEST(OptionsTest, DefaultsWithoutWords) {
     EXPECT_EQ(line.Options->Settings, "");
     EXPECT_EQ(line.Options->Sides, "");
     EXPECT_EQ(line.Options->TradesSymbol, u"");
+    EXPECT_EQ(line.Options->Script, "");
+    EXPECT_FALSE(line.Options->Answer.has_value());
 }
 
 TEST(OptionsTest, TakesEveryWord) {
@@ -41,6 +43,11 @@ TEST(OptionsTest, TakesEveryWord) {
     EXPECT_EQ(line.Options->Settings, "b.ini");
     EXPECT_EQ(line.Options->Sides, "c.csv");
     EXPECT_EQ(line.Options->TradesSymbol, u"\u9A30");
+
+    const TCommandLine script = Parse({"--script", "s.txt", "--answer", "yes"});
+    ASSERT_TRUE(script.Options.has_value()) << script.Error;
+    EXPECT_EQ(script.Options->Script, "s.txt");
+    EXPECT_EQ(script.Options->Answer, true);
 
     const TCommandLine venue =
         Parse({"--seed", "9223372036854775807", "--universe", "u.csv", "--language", "2",
@@ -102,10 +109,26 @@ TEST(OptionsTest, HelpNamesTheOptions) {
     EXPECT_FALSE(line.Options.has_value());
     EXPECT_EQ(line.ExitStatus, 0);
     EXPECT_EQ(line.Error, "");
-    for (const char* option :
-         {"--text", "--replay", "--poll", "--exchange", "--frames", "--rows", "--settings",
-          "--sides", "--trades", "--seed", "--universe", "--language", "--logged-out",
-          "--market-ready", "--accounts-ready", "--single-currency", "--no-china-connect"}) {
+    for (const char* option : {"--text",
+                               "--replay",
+                               "--poll",
+                               "--exchange",
+                               "--frames",
+                               "--rows",
+                               "--settings",
+                               "--sides",
+                               "--trades",
+                               "--seed",
+                               "--universe",
+                               "--language",
+                               "--logged-out",
+                               "--market-ready",
+                               "--accounts-ready",
+                               "--single-currency",
+                               "--no-china-connect",
+                               "--script",
+                               "--answer",
+                               "underlyer EXCHANGE SERIES"}) {
         EXPECT_NE(line.Output.find(option), std::string::npos) << option;
     }
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "terminal/forms/ListForm.h"
+
+namespace quorin {
+
+// In place of a row: the captions.
+inline constexpr Integer HeaderRow = -1;
+
+// One row of a list as a line without its end: the visible columns, each in its width, with a mark
+// behind the cells that have one.
+String ListLine(TListForm& list, Integer row);
+
+} // namespace quorin

@@ -1,0 +1,93 @@
+#include "terminal/console/OrderDialog.h"
+
+#include "platform/rtl/Text.h"
+#include "terminal/console/ListText.h"
+#include "terminal/forms/OrderText.h"
+#include "terminal/forms/PositionForm.h"
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/ChannelMessages.h"
+#include "viewdata/services/MessageBoxCtrl.h"
+#include "viewdata/services/OrderActionManager.h"
+
+#include <utility>
+
+namespace quorin {
+
+Boolean TOrderDialog::Answer(Integer number, Pointer data) {
+    if (number == ChannelMessage::AddFavoritePrice) {
+        AddFavorite();
+        return true;
+    }
+    if (data == nullptr) return false;
+    switch (number) {
+    case ChannelMessage::CopyOrder:
+    case ChannelMessage::CopyPrice:
+        Copy(number, *static_cast<const TCopyOrderRecord*>(data));
+        return true;
+    case ChannelMessage::TakeOrderAction:
+        TakeOrder(*static_cast<TOrderTakeActionRecord*>(data));
+        return true;
+    case ChannelMessage::CloseAllPositions:
+        CloseAll(*static_cast<TOrderTakeActionRecord*>(data));
+        return true;
+    default: return false;
+    }
+}
+
+bool TOrderDialog::Ask(StringView message, StringView question) {
+    const String text =
+        message.empty() ? String(question) : String(message) + u"\n" + String(question);
+    return FHost.Confirm(text, ConfirmYes) == ConfirmYes;
+}
+
+// An order without a quantity comes from a quick order that wants to be confirmed.
+void TOrderDialog::TakeOrder(TOrderTakeActionRecord& record) {
+    auto* order = ObjectAs<TEmbeddedClientOrder>(record.Order);
+    TCustomOrderActionManager* manager = TCustomOrderActionManager::GetInstance();
+    if (order == nullptr || manager == nullptr) return;
+    const bool isOneLot = !(order->GetQuantity() > 0.0);
+    if (isOneLot) order->SetQuantity(LotOf(order->Values().Symbol));
+    if (!Ask(record.Message, OrderQuestion(order->Values(), isOneLot))) return;
+    record.Result = manager->TakeOrderAction(nullptr, order, record.Action, /*Flag=*/true);
+}
+
+void TOrderDialog::CloseAll(TOrderTakeActionRecord& record) {
+    std::unique_ptr<TObject> received(std::exchange(record.Order, nullptr));
+    auto* list = ObjectAs<TBaseDataControl>(received.get());
+    if (list == nullptr) return;
+    static_cast<void>(received.release());
+    TCloseAllForm form{std::unique_ptr<TBaseDataControl>(list)};
+    String rows;
+    for (Integer row = HeaderRow; row < form.View().RowCount(); ++row) {
+        rows += ListLine(form, row);
+        rows += u'\n';
+    }
+    const String question = record.Message.empty()
+                                ? InterfaceText(ResourceKey::Res_BatchConf_ClosePos)
+                                : record.Message;
+    record.Result = Ask({}, rows + question);
+}
+
+void TOrderDialog::Copy(Integer number, const TCopyOrderRecord& record) {
+    const auto* order = ObjectAs<TEmbeddedClientOrder>(record.Order);
+    if (order == nullptr) return;
+    if (number == ChannelMessage::CopyOrder) {
+        FEntry.TakeOrder(order->Values());
+    } else {
+        FEntry.TakePrice(order->Values());
+    }
+}
+
+void TOrderDialog::AddFavorite() {
+    const String symbol = FEntry.Values().Symbol;
+    if (symbol.empty()) {
+        FHost.ShowMessage(InterfaceText(TerminalKey::Res_NoSymbolToAdd));
+        return;
+    }
+    const String question =
+        FormatText(InterfaceText(TerminalKey::Res_AddFavoriteQuestion), {SymbolText(symbol)});
+    if (Ask({}, question)) TCustomMarketAdapter::GetInstance()->AddFavorite(symbol);
+}
+
+} // namespace quorin

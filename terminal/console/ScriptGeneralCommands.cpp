@@ -1,0 +1,83 @@
+#include "platform/rtl/Numbers.h"
+#include "terminal/console/ScriptAnswers.h"
+
+namespace quorin {
+
+namespace {
+
+constexpr Char SectionMark = u'/';
+constexpr Integer LanguageCount = 3;
+
+void Step(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
+    for (Integer step = 0; step < arguments.Number(1) && screen.Session().Step(); ++step) {
+        screen.Follow();
+    }
+}
+
+void Set(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
+    TEmbeddedConfigManager& config = screen.Session().Services().Config();
+    const String& name = arguments.Word(1);
+    const std::size_t mark = name.find(SectionMark);
+    const bool hasSection = mark != String::npos;
+    const String key = hasSection ? name.substr(mark + 1) : name;
+    const String section = hasSection ? name.substr(0, mark) : config.GetCurrentSection();
+    if (key.empty() || section.empty()) Fail(u"a setting is KEY or SECTION/KEY");
+    config.Set(section, key, arguments.Word(2));
+    config.Commit();
+}
+
+void Language(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
+    const Integer language = arguments.Number(1);
+    if (language >= LanguageCount) Fail(u"there is no language " + IntegerToText(language));
+    screen.Session().Services().Language().SetLanguage(static_cast<TAppLanguage>(language));
+}
+
+String Quoted(StringView text) {
+    return u"\"" + String(text) + u"\"";
+}
+
+String KindText(const Variant& value) {
+    switch (value.Kind()) {
+    case Variant::TKind::Null: return u"null";
+    case Variant::TKind::Whole: return u"whole " + value.ToText();
+    case Variant::TKind::LongWhole: return u"long " + value.ToText();
+    case Variant::TKind::Real: return u"real " + ShortestText(value.ToDouble());
+    case Variant::TKind::Text: return u"text " + Quoted(value.ToText());
+    case Variant::TKind::Array: break;
+    }
+    String text = u"array [";
+    for (const Variant& element : value.Elements()) {
+        if (text.back() != u'[') text += u", ";
+        text += KindText(element);
+    }
+    return text + u"]";
+}
+
+void Cell(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    TListForm& list = screen.LastList();
+    const Integer row = arguments.Number(1);
+    CheckRow(list, row);
+    const Integer attribute = arguments.Number(2);
+    PrintAnswer(out, u"cell",
+                KindText(list.Value(row, attribute)) + u" | " + Quoted(list.Text(row, attribute)));
+}
+
+void Help(TScriptScreen&, const TScriptArguments&, std::ostream& out) {
+    out << ScriptHelp();
+}
+
+constexpr TScriptCommand Commands[] = {
+    {"step COUNT", "goes so many deliveries on", Step},
+    {"set KEY VALUE", "changes a setting, KEY or SECTION/KEY; \"\" takes it away", Set},
+    {"language N", "0 English, 1 Traditional, 2 Simplified Chinese", Language},
+    {"cell ROW ATTRIBUTE", "raw value and text of a cell of the list shown last", Cell},
+    {"help", "prints this", Help},
+};
+
+} // namespace
+
+std::span<const TScriptCommand> GeneralCommands() {
+    return Commands;
+}
+
+} // namespace quorin

@@ -1,0 +1,108 @@
+#include "platform/rtl/Numbers.h"
+#include "terminal/console/AuditText.h"
+#include "terminal/console/ScriptAnswers.h"
+
+namespace quorin {
+
+namespace {
+
+struct TQuickOrder {
+    StringView Side;
+    StringView Price;
+    Boolean (TCustomMarketDataControl::*Take)(Integer);
+};
+
+constexpr TQuickOrder QuickOrders[] = {
+    {u"buy", u"market", &TCustomMarketDataControl::BuyMarketOrder},
+    {u"buy", u"last", &TCustomMarketDataControl::BuyLastOrder},
+    {u"buy", u"best", &TCustomMarketDataControl::BuyBestAskOrder},
+    {u"sell", u"market", &TCustomMarketDataControl::SellMarketOrder},
+    {u"sell", u"last", &TCustomMarketDataControl::SellLastOrder},
+    {u"sell", u"best", &TCustomMarketDataControl::SellBestBidOrder},
+};
+
+void QuickOrder(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    const Integer record = RecordOf(screen.Market(), arguments.Number(2));
+    for (const TQuickOrder& order : QuickOrders) {
+        if (!arguments.Is(0, order.Side) || !arguments.Is(1, order.Price)) continue;
+        PrintResult(out, (screen.Market().List().*order.Take)(record), TakenText);
+    }
+}
+
+TPositionForm& ShownPositions(TScriptScreen& screen) {
+    if (!screen.IsShowingPositions()) Fail(u"no positions are shown");
+    return screen.Positions();
+}
+
+struct TClose {
+    StringView Price;
+    Boolean (TCustomPositionDataControl::*Take)(Integer);
+};
+
+constexpr TClose Closes[] = {
+    {u"best", &TCustomPositionDataControl::CloseToBest},
+    {u"last", &TCustomPositionDataControl::CloseToLast},
+    {u"market", &TCustomPositionDataControl::CloseToMarket},
+};
+
+void Close(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    TPositionForm& positions = ShownPositions(screen);
+    const Integer record = RecordOf(positions, arguments.Number(2));
+    for (const TClose& close : Closes) {
+        if (!arguments.Is(1, close.Price)) continue;
+        PrintResult(out, (positions.Control().*close.Take)(record), TakenText);
+    }
+}
+
+void CloseAll(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
+    PrintResult(out, screen.Positions().Control().CloseAllPositions(), TakenText);
+}
+
+void CopyOrder(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    TPositionForm& positions = ShownPositions(screen);
+    const Integer record = RecordOf(positions, arguments.Number(1));
+    PrintResult(out, positions.Control().CopyOrder(record), DoneText);
+}
+
+void CopyPrice(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
+    const Integer record = RecordOf(screen.Market(), arguments.Number(1));
+    screen.Market().List().CopyPrice(record, arguments.Number(2));
+}
+
+void Orders(TScriptScreen& screen, const TScriptArguments&, std::ostream&) {
+    screen.ShowOrders();
+}
+
+void Cancel(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    const Integer number = arguments.Number(1);
+    if (screen.Desk().FindOrder(number) == nullptr) {
+        Fail(u"there is no order " + IntegerToText(number));
+    }
+    PrintResult(out, screen.Desk().CancelOrder(number), DoneText);
+}
+
+void Audit(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
+    const TOrderAudit& audit = screen.Desk().Audit();
+    for (Integer index = 0; index < audit.Count(); ++index) {
+        PrintAnswer(out, u"audit", AuditLine(audit[index], screen.Desk()));
+    }
+}
+
+constexpr TScriptCommand Commands[] = {
+    {"buy|sell market|last|best ROW", "one lot of a market row", QuickOrder},
+    {"close best|last|market ROW", "closes a position", Close},
+    {"closeall", "closes every position at the market", CloseAll},
+    {"copyorder ROW", "copies a position into order entry", CopyOrder},
+    {"copyprice ROW ATTRIBUTE", "copies a cell of a market row into order entry", CopyPrice},
+    {"orders", "shows all orders of the day", Orders},
+    {"cancel NUMBER", "cancels what is left of an order, by its number", Cancel},
+    {"audit", "lists everything that happened to orders", Audit},
+};
+
+} // namespace
+
+std::span<const TScriptCommand> OrderCommands() {
+    return Commands;
+}
+
+} // namespace quorin

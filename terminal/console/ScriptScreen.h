@@ -1,0 +1,76 @@
+#pragma once
+
+#include "terminal/console/ConsoleSession.h"
+#include "terminal/forms/OrdersForm.h"
+#include "terminal/forms/PositionForm.h"
+#include "terminal/forms/UnderlyerForm.h"
+
+#include <ostream>
+
+namespace quorin {
+
+// What the user of a script looks at: a market list, below it the positions and the orders once
+// they were asked for, and order entry. Prints what has changed on it and nothing else, and before
+// that reports what has happened to orders.
+class TScriptScreen {
+public:
+    explicit TScriptScreen(TConsoleSession& session);
+
+    TConsoleSession& Session() { return FSession; }
+    TOrderDesk& Desk() { return FSession.Services().Desk(); }
+
+    // The market list that is shown: the watch or the underlyer's.
+    TMarketListForm& Market() { return *FMarket; }
+    TMarketWatchForm& Watch() { return FSession.Watch(); }
+    TUnderlyerForm& Underlyer() { return FUnderlyer; }
+    TPositionForm& Positions() { return FPositions; }
+    // The market list or the positions, whichever was shown last.
+    TListForm& LastList() { return *FLastList; }
+    bool IsShowingPositions() const { return FHasPositions; }
+
+    // An exchange, or FavoriteExchange.
+    void ShowWatch(StringView exchange);
+    void ShowUnderlyer(const TUnderlyerChoice& choice, StringView title);
+    void ShowPositions();
+    void ShowOrders() { FHasOrders = true; }
+    void ShowAccount(StringView account);
+    // The exchange of the market list; empty for the favourites.
+    String Exchange() const;
+
+    // Has the rows on screen followed; also between two deliveries.
+    void Follow();
+    void PrintChanges(std::ostream& out);
+
+private:
+    struct TPrinted {
+        StringView Label;
+        bool HasRowNumbers;
+        String Captions;
+        std::vector<String> Rows;
+    };
+
+    String Title() const;
+    void PrintReports(std::ostream& out);
+    void PrintLine(std::ostream& out, StringView label, String& printed, String line);
+    void PrintList(std::ostream& out, TPrinted& printed, TListForm& list, Integer rows);
+
+    TConsoleSession& FSession;
+    TUnderlyerForm FUnderlyer;
+    TPositionForm FPositions;
+    TOrdersForm FOrders;
+    TMarketListForm* FMarket;
+    TListForm* FLastList;
+    bool FHasPositions = false;
+    bool FHasOrders = false;
+    Integer FReported = 0; // lines of the audit list
+    String FAccount;
+    String FExchange; // of the watch
+    String FUnderlyerTitle;
+    String FPrintedHead;
+    String FPrintedEntry;
+    TPrinted FPrintedMarket{u"market", true, {}, {}};
+    TPrinted FPrintedPositions{u"position", true, {}, {}};
+    TPrinted FPrintedOrders{u"order", false, {}, {}};
+};
+
+} // namespace quorin

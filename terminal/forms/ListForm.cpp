@@ -1,0 +1,98 @@
+#include "terminal/forms/ListForm.h"
+
+#include "viewdata/position/PositionAttributes.h"
+#include "viewdata/services/LanguageManager.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quorin {
+
+namespace {
+
+// The numbers that mean the same in every list.
+constexpr Integer TextAttributes[] = {
+    PositionAttribute::SymbolCode, PositionAttribute::Account,  PositionAttribute::Exchange,
+    PositionAttribute::SymbolName, PositionAttribute::Currency, PositionAttribute::Expiry,
+};
+
+} // namespace
+
+TFormColumns::TFormColumns(std::span<const TFormColumn> columns) {
+    for (const TFormColumn& column : columns) {
+        FColumns.push_back(TColumnInfo::AddColumn(column.Attribute, column.Caption, column.Width,
+                                                  column.Key, column.IsQuantity));
+        FList.Add(FColumns.back().get());
+    }
+}
+
+TListForm::TListForm() : FView(CreateComponent<TcxGridTableView>()) {
+    TCustomLanguageManager::GetInstance()->RegisterLanguageCallback(
+        MakeEvent<&TListForm::LanguageChanged>(this), this);
+}
+
+TListForm::~TListForm() {
+    TCustomLanguageManager::GetInstance()->RemoveLanguageCallback(this);
+}
+
+void TListForm::Bind(std::unique_ptr<TBaseDataControl> control, StringView customColumnTag) {
+    FBase = control.get();
+    FCustomColumnTag = customColumnTag;
+    FSource = std::make_unique<TCustomGridDataSource>(std::move(control));
+    FView->SetCustomDataSource(FSource.get());
+    FView->SetOnGetCellText(MakeEvent<&TListForm::GetCellText>(this));
+    for (const TColumnInfo* info : *FBase->GetColList()) {
+        FView->AddColumn(info->ID()).SetWidth(info->Width());
+    }
+    LanguageChanged({}, {});
+}
+
+void TListForm::LanguageChanged(Pointer, Pointer) {
+    for (Integer index = 0; index < FView->GetColumnCount(); ++index) {
+        TcxGridColumn& column = *FView->GetColumn(index);
+        column.SetCaption(ColumnCaption(FBase->GetColList(), column.GetTag(), FCustomColumnTag));
+    }
+}
+
+String TListForm::Symbol(Integer row) {
+    const Variant symbol = Value(row, PositionAttribute::SymbolCode);
+    return symbol.IsText() ? symbol.ToText() : String();
+}
+
+bool TListForm::RowStillShows(Integer row, StringView symbol) {
+    const Integer record = FView->RecordIndex(row);
+    return record != NoRow &&
+           FBase->GetValue(record, PositionAttribute::SymbolCode) == Variant(symbol);
+}
+
+void TListForm::NoteShown() {
+    FShownSymbols.clear();
+    for (Integer row = 0; row < FView->RowCount(); ++row) FShownSymbols.push_back(Symbol(row));
+}
+
+Integer TListForm::ActionRecord(Integer row) {
+    if (row < 0 || static_cast<std::size_t>(row) >= FShownSymbols.size()) return NoRow;
+    if (!RowStillShows(row, FShownSymbols[static_cast<std::size_t>(row)])) return NoRow;
+    return FView->RecordIndex(row);
+}
+
+Variant TListForm::Value(Integer row, Integer attribute) {
+    const Integer record = FView->RecordIndex(row);
+    return record == NoRow ? Variant() : FBase->GetValue(record, attribute);
+}
+
+String TListForm::Text(Integer row, Integer attribute) {
+    const Integer record = FView->RecordIndex(row);
+    return record == NoRow ? String() : FBase->GetDisplayValue(record, attribute);
+}
+
+bool TListForm::IsText(Integer attribute) const {
+    return std::find(std::begin(TextAttributes), std::end(TextAttributes), attribute) !=
+           std::end(TextAttributes);
+}
+
+void TListForm::GetCellText(Integer record, TcxCustomGridTableItem& column, String& text) {
+    text = FBase->GetDisplayValue(record, column.GetTag());
+}
+
+} // namespace quorin

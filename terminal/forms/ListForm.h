@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/widgets/GridTableView.h"
+#include "viewdata/frame/GridDataSource.h"
+#include "viewdata/market/MarketDataControl.h"
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorin {
+
+// What a cell of the terminal shows that has nothing to show.
+inline constexpr StringView NothingToShow = u"-";
+
+// One column as a control of the terminal describes it: see TColumnInfo::AddColumn.
+struct TFormColumn {
+    Integer Attribute;
+    StringView Caption;
+    Integer Width; // pixels
+    StringView Key;
+    Boolean IsQuantity;
+};
+
+// The columns of one control.
+class TFormColumns {
+public:
+    explicit TFormColumns(std::span<const TFormColumn> columns);
+    const TColumnList* List() const { return &FList; }
+
+private:
+    std::vector<std::unique_ptr<TColumnInfo>> FColumns;
+    TColumnList FList;
+};
+
+// A list without its pixels: a control, its source and the grid, with captions in the language in
+// force. The services must be installed for as long as it lives.
+class TListForm : public TObject {
+    QUORIN_CLASS(TListForm, TObject)
+
+    ~TListForm() override;
+
+    TcxGridTableView& View() { return *FView; }
+
+    // The symbol that the row shows now; empty outside.
+    String Symbol(Integer row);
+    // Whether the row still shows the symbol that the user saw there: to be asked before the row's
+    // index is passed on with an action.
+    bool RowStillShows(Integer row, StringView symbol);
+    // Remembers which symbol stands in which row; for the skin, whenever it has drawn.
+    void NoteShown();
+    // The record that an action on the row is for: the row's, as long as it shows the symbol that
+    // was noted last; NoRow otherwise.
+    Integer ActionRecord(Integer row);
+
+    // A cell of any attribute, whether it has a column or not.
+    Variant Value(Integer row, Integer attribute);
+    String Text(Integer row, Integer attribute);
+
+    // Whether the column is read as text, from the left.
+    virtual bool IsText(Integer attribute) const;
+    // Whether the column's cells may carry a mark behind their text, and the mark of a cell;
+    // nothing where there is none.
+    virtual bool HasMarks(Integer) const { return false; }
+    virtual std::optional<TPriceChangeState> Mark(Integer, Integer) { return {}; }
+
+protected:
+    TListForm();
+    // To be called once, by the constructor of a descendant: takes the control with its columns.
+    void Bind(std::unique_ptr<TBaseDataControl> control, StringView customColumnTag = {});
+
+private:
+    void LanguageChanged(Pointer Sender, Pointer Data);
+    void GetCellText(Integer record, TcxCustomGridTableItem& column, String& text);
+
+    TBaseDataControl* FBase = nullptr; // the source's
+    String FCustomColumnTag;
+    std::unique_ptr<TCustomGridDataSource> FSource;
+    std::unique_ptr<TcxGridTableView> FView;
+    std::vector<String> FShownSymbols; // by row
+};
+
+} // namespace quorin
