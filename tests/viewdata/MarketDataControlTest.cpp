@@ -40,7 +40,8 @@ TEST_F(TMarketDataControlTest, LoadsExchangesSeriesAndCategoriesInOrder) {
 }
 
 TEST_F(TMarketDataControlTest, HolesAndDoublesOfTheUniverseMakeNoRows) {
-    THollowMarket hollow(Services().Market());
+    TCustomMarketAdapter& market = *TCustomMarketAdapter::GetInstance();
+    THollowMarket hollow(market);
     ServiceRegistry::Install(&hollow);
     Load(u"", 2);
     EXPECT_EQ(Control->Rows(), u"HSIF");
@@ -52,7 +53,7 @@ TEST_F(TMarketDataControlTest, HolesAndDoublesOfTheUniverseMakeNoRows) {
     EXPECT_EQ(Control->Rows(), u"HSIF TCHC 00005");
     EXPECT_EQ(TakeSignals(), 0);
     Control->CheckInvariants();
-    ServiceRegistry::Install(&Services().Market());
+    ServiceRegistry::Install(&market);
 }
 
 TEST_F(TMarketDataControlTest, ChoosingDoesNotLoad) {

@@ -23,7 +23,7 @@ class TWatch : public TCustomMarketDataControl {
     }
 
     void SymbolUpdate(Pointer Sender, Pointer Data) override {
-        ++Batches;
+        if (!TFaultPlan::IsInFault()) ++Batches;
         Inherited::SymbolUpdate(Sender, Data);
     }
     void SymbolRealtimeUpdate(TObject* Sender) override {
@@ -94,7 +94,7 @@ struct TMarketTest : TServicesFixture {
         Control->SetOnDataChanged(MakeEvent<&TMarketTest::Signalled>(this));
     }
     void Signalled(TObject* sender) {
-        ++Signals;
+        if (!IsInFault()) ++Signals;
         EXPECT_EQ(sender, Control.get());
         Control->CheckInvariants();
     }
