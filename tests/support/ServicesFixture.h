@@ -54,6 +54,13 @@ protected:
     // counter that leaves out what happens inside a fault counts as it ever does.
     static bool FaultsOn() { return TFaultInjection::IsAskedFor(); }
     static bool IsInFault() { return TFaultPlan::IsInFault(); }
+    // For counters that cannot leave it out: so many, and with faults also more.
+    static ::testing::AssertionResult Counted(Integer counted, Integer expected) {
+        if (counted == expected || (FaultsOn() && counted > expected)) {
+            return ::testing::AssertionSuccess();
+        }
+        return ::testing::AssertionFailure() << counted << " instead of " << expected;
+    }
     // For a test that cannot stand faults at all, or none inside the calls of the view layer.
     void WithoutFaults([[maybe_unused]] const char* reason) {
         if (FFaults != nullptr) FFaults->Plan().SetOn(false);

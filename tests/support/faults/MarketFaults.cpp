@@ -137,6 +137,7 @@ TCustomMarketData* TFaultyMarketAdapter::FindMarketData(StringView Symbol) const
 }
 
 TCustomSpreadTable* TFaultyMarketAdapter::FindSpreadTable(StringView SpreadCode) {
+    if (!FPlan.IsOn()) return FInner.FindSpreadTable(SpreadCode);
     const String code(SpreadCode);
     TCustomSpreadTable* table = FInner.FindSpreadTable(code);
     if (table != nullptr && table->GetStatus() == SpreadTableLoaded) FLoaded.Add(code, table);
