@@ -1,11 +1,12 @@
 #pragma once
 
 #include "embedded/EmbeddedServices.h"
+#include "tests/support/FaultInjection.h"
 #include "tests/support/RecordingHost.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <iostream>
 #include <memory>
 
 namespace quorin {
@@ -17,7 +18,9 @@ public:
     Integer Count() const { return FCount; }
 
 private:
-    void Called(Pointer, Pointer) { ++FCount; }
+    void Called(Pointer, Pointer) {
+        if (!TFaultPlan::IsInFault()) ++FCount;
+    }
 
     Integer FCount = 0;
 };
@@ -39,15 +42,32 @@ protected:
             TEmbeddedOptions{.Host = FHost, .DataDirectory = QUORIN_DATA_DIR, .SettingsPath = {}});
         FeedUniverse();
         FServices->Deliver();
+        FFaults = TFaultInjection::IfAskedFor(*FServices);
     }
     ~TServicesFixture() override {
         EXPECT_EQ(FServices->RegistrationCount(), 0) << "registrations left behind";
         FHost.Verify();
+        if (FFaults != nullptr && HasFailure()) std::cerr << FFaults->Recipe() << '\n';
     }
 
-    // The services of this run misbehave within their contracts, see FaultsOn in a test where only
-    // the end of a story can be told then, not the number of signals on the way.
-    static bool FaultsOn() { return std::getenv("QUORIN_TEST_FAULTS") != nullptr; }
+    // The services of this run misbehave, see TFaultInjection. A story ends as it ever does, and a
+    // counter that leaves out what happens inside a fault counts as it ever does.
+    static bool FaultsOn() { return TFaultInjection::IsAskedFor(); }
+    static bool IsInFault() { return TFaultPlan::IsInFault(); }
+    // For counters that cannot leave it out: so many, and with faults also more.
+    static ::testing::AssertionResult Counted(Integer counted, Integer expected) {
+        if (counted == expected || (FaultsOn() && counted > expected)) {
+            return ::testing::AssertionSuccess();
+        }
+        return ::testing::AssertionFailure() << counted << " instead of " << expected;
+    }
+    // For a test that cannot stand faults at all, or none inside the calls of the view layer.
+    void WithoutFaults([[maybe_unused]] const char* reason) {
+        if (FFaults != nullptr) FFaults->Plan().SetOn(false);
+    }
+    void WithoutCallsInside([[maybe_unused]] const char* reason) {
+        if (FFaults != nullptr) FFaults->Plan().SetCallsInside(false);
+    }
 
     TRecordingHost& Host() { return FHost; }
     TEmbeddedServices& Services() { return *FServices; }
@@ -132,6 +152,7 @@ private:
 
     TRecordingHost FHost;
     std::unique_ptr<TEmbeddedServices> FServices;
+    std::unique_ptr<TFaultInjection> FFaults; // nil in a run without
 };
 
 } // namespace quorin

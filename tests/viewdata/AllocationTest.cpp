@@ -21,6 +21,7 @@ constexpr StringView LongSpreadCode = u"TICKTABLE0123456789";
 class TAllocationTest : public TServicesFixture {
 protected:
     TAllocationTest() {
+        WithoutFaults("a fault asks for memory");
         TEmbeddedMarketAdapter& market = Services().Market();
         static constexpr TSpreadBand bands[] = {{0.0, 1000.0, 0.05}};
         EXPECT_TRUE(market.AddSpreadTable(LongSpreadCode, bands));

@@ -13,7 +13,7 @@ struct TPlain : Base {
     explicit TPlain(TComponent* owner = nullptr) : Base(owner) { this->EmptyDisplayText = u"--"; }
     void ConfigUpdate(Pointer sender, Pointer data) override {
         Base::ConfigUpdate(sender, data);
-        ++ConfigUpdates;
+        if (!TFaultPlan::IsInFault()) ++ConfigUpdates;
     }
     Integer ConfigUpdates = 0;
 };

@@ -74,7 +74,7 @@ TEST_F(TGridDataSourceTest, ClassThatIsNoDataControlGivesAnInertSource) {
         EXPECT_EQ(View->RowCount(), 0);
         EXPECT_EQ(source.GetValue(nullptr, nullptr), Variant::EmptyText());
         SetConfig(ConfigKey::QtyPrecision, controlClass ? u"3" : u"4");
-        EXPECT_EQ(Counters().Refreshes, controlClass ? 2 : 1);
+        EXPECT_TRUE(Counted(Counters().Refreshes, controlClass ? 2 : 1));
         EXPECT_EQ(Services().RegistrationCount(), 1);
     }
 }
@@ -167,7 +167,7 @@ TEST_F(TGridDataSourceTest, ReadsItsSettingsFromTheirKeys) {
         const Integer refreshes = Counters().Refreshes;
         SetConfig(step.Key, step.Value);
         EXPECT_EQ(source.Settings(), step.Settings);
-        EXPECT_EQ(Counters().Refreshes, refreshes + (settings == step.Settings ? 0 : 1));
+        EXPECT_TRUE(Counted(Counters().Refreshes - refreshes, settings == step.Settings ? 0 : 1));
     }
     EXPECT_EQ(Counters().Changes, changes);
     EXPECT_EQ(source.Updates, 0);

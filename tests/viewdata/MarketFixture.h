@@ -23,7 +23,7 @@ class TWatch : public TCustomMarketDataControl {
     }
 
     void SymbolUpdate(Pointer Sender, Pointer Data) override {
-        ++Batches;
+        if (!TFaultPlan::IsInFault()) ++Batches;
         Inherited::SymbolUpdate(Sender, Data);
     }
     void SymbolRealtimeUpdate(TObject* Sender) override {
@@ -94,11 +94,24 @@ struct TMarketTest : TServicesFixture {
         Control->SetOnDataChanged(MakeEvent<&TMarketTest::Signalled>(this));
     }
     void Signalled(TObject* sender) {
-        ++Signals;
+        ++(IsInFault() ? SignalsInFaults : Signals);
         EXPECT_EQ(sender, Control.get());
         Control->CheckInvariants();
     }
-    Integer TakeSignals() { return std::exchange(Signals, 0); }
+    // Without those that a fault has caused.
+    Integer TakeSignals() {
+        SignalsInFaults = 0;
+        return std::exchange(Signals, 0);
+    }
+    // For signals that tell of a difference, which a fault may have told of before.
+    testing::AssertionResult TookSignals(Integer expected) {
+        const Integer inFaults = SignalsInFaults;
+        const Integer signals = TakeSignals();
+        if (signals <= expected && signals + inFaults >= expected) {
+            return testing::AssertionSuccess();
+        }
+        return testing::AssertionFailure() << signals << " instead of " << expected;
+    }
 
     void Load(StringView exchange, Integer category = -1) {
         Control->SetExchangeAndCategory(exchange, category);
@@ -132,6 +145,7 @@ struct TMarketTest : TServicesFixture {
 
     std::unique_ptr<TWatch> Control;
     Integer Signals = 0;
+    Integer SignalsInFaults = 0;
 };
 
 } // namespace quorin

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "platform/rtl/TEvent.h"
+#include "platform/rtl/TList.h"
+#include "tests/support/faults/FaultPlan.h"
+
+#include <deque>
+#include <functional>
+
+namespace quorin {
+
+// One registration as the faulty service sees it. The embedded service calls Called in its place.
+class TFaultyEntry {
+public:
+    TFaultyEntry(TFaultyCallbacks& list, TObject* owner, StringView key,
+                 const TDataCallbackEvent& event)
+        : FList(list), FOwner(owner), FKey(key), FEvent(event) {}
+
+    const String& Key() const { return FKey; }
+    // Tells the owner, if it is still registered.
+    void Tell(Pointer sender) {
+        if (!FIsAlive) return;
+        const TDataCallbackEvent event = FEvent; // the call may register another
+        event(sender, nullptr);
+    }
+
+private:
+    friend class TFaultyCallbacks;
+
+    // The embedded service tells.
+    void Called(Pointer sender, Pointer data);
+
+    TFaultyCallbacks& FList;
+    TObject* const FOwner;
+    const String FKey;
+    const TDataCallbackEvent FEvent;
+    bool FIsAlive = true;
+};
+
+// The registrations of one operation of a faulty service, beside those of the embedded one. Entries
+// stay until the end, so that one may be removed while it is called.
+class TFaultyCallbacks {
+public:
+    // Tells one owner something true that it did not ask for, or nothing.
+    using TTell = std::function<void(TFaultyEntry&)>;
+    // What happens after the embedded service has told an owner.
+    using TAfter = std::function<void(TFaultyEntry&, Pointer sender)>;
+
+    // `tell` is used at any time, or only inside a registration where `isLocal`.
+    TFaultyCallbacks(TFaultPlan& plan, TTell tell, bool isLocal = false)
+        : FPlan(plan), FTell(std::move(tell)) {
+        if (!isLocal) plan.Join(*this);
+    }
+    TFaultyCallbacks(const TFaultyCallbacks&) = delete;
+    TFaultyCallbacks& operator=(const TFaultyCallbacks&) = delete;
+
+    // Instead of telling twice.
+    void SetAfter(TAfter after) { FAfter = std::move(after); }
+
+    // Keeps the registration and lets `add(event)` make it at the embedded service.
+    template <class Add>
+    TFaultyEntry& Register(TObject* owner, StringView key, const TDataCallbackEvent& event,
+                           Add add) {
+        TFaultyEntry& entry = Obtain(owner, key, event);
+        add(EventOf(entry));
+        return entry;
+    }
+    TFaultyEntry& Obtain(TObject* owner, StringView key, const TDataCallbackEvent& event);
+    static TDataCallbackEvent EventOf(TFaultyEntry& entry) {
+        return MakeEvent<&TFaultyEntry::Called>(&entry);
+    }
+    void Remove(TObject* owner, StringView key);
+    void End(TFaultyEntry& entry) { entry.FIsAlive = false; }
+
+    bool HasAny() const;
+    // Tells all owners that are registered now.
+    void TellAll();
+
+private:
+    friend class TFaultyEntry;
+    TFaultyEntry* Find(TObject* owner, StringView key);
+
+    TFaultPlan& FPlan;
+    TTell FTell;
+    TAfter FAfter;
+    std::deque<TFaultyEntry> FEntries;
+};
+
+// For events that name nothing: `Sender` is nil.
+inline void TellNothing(TFaultyEntry& entry) {
+    entry.Tell(nullptr);
+}
+
+} // namespace quorin

@@ -1,0 +1,202 @@
+#include "tests/support/faults/PositionFaults.h"
+
+namespace quorin {
+
+namespace {
+
+// Exactly 0.0 is closed.
+bool IsOpen(const TCustomPositionData& record) {
+    return record.GetQuantity() != 0.0;
+}
+
+} // namespace
+
+TFaultyPositionAdapter::TFaultyPositionAdapter(TFaultPlan& plan, TEmbeddedPositionAdapter& inner,
+                                               TCustomAccountAdapter& accounts)
+    : FPlan(plan), FInner(inner), FAccounts(accounts),
+      FChanges(plan, [this](TFaultyEntry& entry) { TellChange(entry); }),
+      FMoves(plan, [this](TFaultyEntry& entry) { TellMove(entry); }),
+      FAggregates(plan, [this](TFaultyEntry& entry) { TellSubAccounts(entry); }) {
+    FChanges.SetAfter([this](TFaultyEntry& entry, Pointer sender) { AfterChange(entry, sender); });
+}
+
+void TFaultyPositionAdapter::ChangePositionAccount(StringView Account,
+                                                   const TDataCallbackEvent& Callback,
+                                                   TObject* Owner, StringView PreviousAccount) {
+    if (!PreviousAccount.empty()) FChanges.Remove(Owner, PreviousAccount);
+    if (Account.empty()) {
+        FInner.ChangePositionAccount(Account, Callback, Owner, PreviousAccount);
+        return;
+    }
+    TFaultyEntry& entry = FChanges.Register(Owner, Account, Callback, [&](const auto& event) {
+        FInner.ChangePositionAccount(Account, event, Owner, PreviousAccount);
+    });
+    TTold& told = FTold[&entry];
+    TPositionDictionary held;
+    FInner.GetPositionList(entry.Key(), held);
+    for (const auto& [symbol, record] : held) {
+        if (IsOpen(*record)) told.Open.Add(symbol, true);
+    }
+    FPlan.InRegistration(FChanges);
+}
+
+void TFaultyPositionAdapter::RemovePositionCallback(StringView Account, TObject* Owner) {
+    FChanges.Remove(Owner, Account);
+    FInner.RemovePositionCallback(Account, Owner);
+}
+
+void TFaultyPositionAdapter::AddPositionMarketDataCallback(const TDataCallbackEvent& Callback,
+                                                           TObject* Owner) {
+    FMoves.Register(Owner, {}, Callback, [&](const auto& event) {
+        FInner.AddPositionMarketDataCallback(event, Owner);
+    });
+    FPlan.InRegistration(FMoves);
+}
+
+void TFaultyPositionAdapter::RemovePositionMarketDataCallback(TObject* Owner) {
+    FMoves.Remove(Owner, {});
+    FInner.RemovePositionMarketDataCallback(Owner);
+}
+
+void TFaultyPositionAdapter::AddAggregatePositionCallback(StringView Account,
+                                                          const TDataCallbackEvent& Callback,
+                                                          TObject* Owner, Pointer Reserved) {
+    FAggregates.Register(Owner, Account, Callback, [&](const auto& event) {
+        FInner.AddAggregatePositionCallback(Account, event, Owner, Reserved);
+    });
+    FPlan.InRegistration(FAggregates);
+}
+
+void TFaultyPositionAdapter::RemoveAggregatePositionCallback(StringView Account, TObject* Owner) {
+    FAggregates.Remove(Owner, Account);
+    FInner.RemoveAggregatePositionCallback(Account, Owner);
+}
+
+void TFaultyPositionAdapter::GetPositionList(StringView Account, TPositionDictionary& List) const {
+    FInner.GetPositionList(Account, List);
+    FPlan.InLookUp();
+}
+
+TCustomPositionData* TFaultyPositionAdapter::GetPosition(StringView Account,
+                                                         StringView Symbol) const {
+    TCustomPositionData* record = FInner.GetPosition(Account, Symbol);
+    FPlan.InLookUp();
+    return record;
+}
+
+Boolean TFaultyPositionAdapter::GetMarketValue(StringView Symbol, Double NetQuantity,
+                                               Double& Value) const {
+    const Boolean known = FInner.GetMarketValue(Symbol, NetQuantity, Value);
+    FPlan.InLookUp();
+    return known;
+}
+
+void TFaultyPositionAdapter::AddHeld(THeld& held, StringView account) const {
+    TPositionDictionary positions;
+    FInner.GetPositionList(account, positions);
+    held.AddOrSetValue(account, std::move(positions));
+}
+
+void TFaultyPositionAdapter::AddAllHeld(THeld& held) const {
+    for (Integer index = 0; index < FAccounts.GetAccountCount(); ++index) {
+        if (const TCustomAccount* account = FAccounts.GetAccountByIndex(index)) {
+            AddHeld(held, account->GetAccount());
+        }
+    }
+}
+
+void TFaultyPositionAdapter::Tell(TFaultyEntry& entry, THeld& held) {
+    TAccountPositionDictionary sender;
+    for (const auto& item : held) sender.Add(item.Key, &item.Value);
+    entry.Tell(&sender);
+}
+
+void TFaultyPositionAdapter::AfterChange(TFaultyEntry& entry, Pointer sender) {
+    Take(entry, sender);
+    FPlan.Run([&] {
+        if (FPlan.OneIn(2) && DropAndReAdd(entry)) return;
+        if (!FPlan.OneIn(2)) return;
+        FPlan.Count(TFault::Twice);
+        entry.Tell(sender);
+    });
+}
+
+void TFaultyPositionAdapter::TellChange(TFaultyEntry& entry) {
+    if (FPlan.OneIn(2) && DropAndReAdd(entry)) return;
+    if (FPlan.OneIn(3)) {
+        FPlan.Count(TFault::NilSender);
+        entry.Tell(nullptr);
+        return;
+    }
+    THeld held;
+    AddHeld(held, entry.Key());
+    if (FPlan.OneIn(2)) AddAllHeld(held);
+    FPlan.Count(TFault::NamesMore);
+    TAccountPositionDictionary sender;
+    for (const auto& item : held) sender.Add(item.Key, &item.Value);
+    entry.Tell(&sender);
+    Take(entry, &sender);
+}
+
+void TFaultyPositionAdapter::TellMove(TFaultyEntry& entry) {
+    if (FPlan.OneIn(3)) {
+        FPlan.Count(TFault::NilSender);
+        entry.Tell(nullptr);
+        return;
+    }
+    THeld held;
+    AddAllHeld(held);
+    FPlan.Count(TFault::NamesMore);
+    Tell(entry, held);
+}
+
+void TFaultyPositionAdapter::TellSubAccounts(TFaultyEntry& entry) {
+    if (FPlan.OneIn(3)) {
+        FPlan.Count(TFault::NilSender);
+        entry.Tell(nullptr);
+        return;
+    }
+    TAccountDictionary subAccounts;
+    FAccounts.GetSubAccountList(entry.Key(), subAccounts);
+    THeld held;
+    for (const auto& item : subAccounts) AddHeld(held, item.Key);
+    FPlan.Count(TFault::ReportedAgain);
+    Tell(entry, held);
+}
+
+void TFaultyPositionAdapter::Take(TFaultyEntry& entry, Pointer sender) {
+    if (sender == nullptr) return;
+    TPositionDictionary* const* changes =
+        static_cast<const TAccountPositionDictionary*>(sender)->Find(entry.Key());
+    if (changes == nullptr) return;
+    TTold& told = FTold[&entry];
+    for (const auto& [symbol, record] : **changes) {
+        if (IsOpen(*record)) {
+            if (told.Open.Add(symbol, true)) told.Last = symbol;
+        } else {
+            told.Open.Remove(symbol);
+            if (told.Last == symbol) told.Last.clear();
+        }
+    }
+}
+
+bool TFaultyPositionAdapter::DropAndReAdd(TFaultyEntry& entry) {
+    const TTold& told = FTold[&entry];
+    String symbol = told.Last;
+    if (symbol.empty() && told.Open.Count() == 1) symbol = told.Open.Keys()[0];
+    auto* record = ObjectAs<TEmbeddedPositionData>(FInner.GetPosition(entry.Key(), symbol));
+    if (record == nullptr || !IsOpen(*record)) return false;
+    FPlan.Count(TFault::DropAndReAdd);
+    THeld held;
+    held.Obtain(entry.Key()).Add(symbol, record);
+    const TPositionFigures figures = record->Figures();
+    TPositionFigures closed = figures;
+    closed.Quantity = 0.0;
+    record->SetFigures(closed);
+    Tell(entry, held);
+    record->SetFigures(figures);
+    Tell(entry, held);
+    return true;
+}
+
+} // namespace quorin

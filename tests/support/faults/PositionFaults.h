@@ -1,0 +1,58 @@
+#pragma once
+
+#include "embedded/PositionService.h"
+#include "tests/support/faults/FaultyCallbacks.h"
+#include "viewdata/services/AccountAdapter.h"
+
+#include <map>
+
+namespace quorin {
+
+// Positions, misbehaving: an account's positions are told of again, or those of other accounts with
+// them, or none; the one that came last, so that the order of rows stays, is closed and reopened.
+class TFaultyPositionAdapter final : public TCustomPositionAdapter {
+public:
+    TFaultyPositionAdapter(TFaultPlan& plan, TEmbeddedPositionAdapter& inner,
+                           TCustomAccountAdapter& accounts);
+
+    void ChangePositionAccount(StringView Account, const TDataCallbackEvent& Callback,
+                               TObject* Owner, StringView PreviousAccount) override;
+    void RemovePositionCallback(StringView Account, TObject* Owner) override;
+    void AddPositionMarketDataCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
+    void RemovePositionMarketDataCallback(TObject* Owner) override;
+    void AddAggregatePositionCallback(StringView Account, const TDataCallbackEvent& Callback,
+                                      TObject* Owner, Pointer Reserved) override;
+    void RemoveAggregatePositionCallback(StringView Account, TObject* Owner) override;
+    void GetPositionList(StringView Account, TPositionDictionary& List) const override;
+    TCustomPositionData* GetPosition(StringView Account, StringView Symbol) const override;
+    Boolean GetMarketValue(StringView Symbol, Double NetQuantity, Double& Value) const override;
+
+private:
+    using THeld = TDictionary<String, TPositionDictionary>; // by account
+    // What one owner has been told of, in order.
+    struct TTold {
+        TDictionary<String, bool> Open;
+        String Last; // the latest that came after the registration; empty for none
+    };
+
+    void AfterChange(TFaultyEntry& entry, Pointer sender);
+    void TellChange(TFaultyEntry& entry);
+    void TellMove(TFaultyEntry& entry);
+    void TellSubAccounts(TFaultyEntry& entry);
+    void Take(TFaultyEntry& entry, Pointer sender);
+    // Tells that the last position is closed, then that it is open; false where there is none.
+    bool DropAndReAdd(TFaultyEntry& entry);
+    void AddHeld(THeld& held, StringView account) const;
+    void AddAllHeld(THeld& held) const;
+    static void Tell(TFaultyEntry& entry, THeld& held);
+
+    TFaultPlan& FPlan;
+    TEmbeddedPositionAdapter& FInner;
+    TCustomAccountAdapter& FAccounts;
+    std::map<const TFaultyEntry*, TTold> FTold;
+    TFaultyCallbacks FChanges;
+    TFaultyCallbacks FMoves;
+    TFaultyCallbacks FAggregates; // by master
+};
+
+} // namespace quorin
