@@ -11,7 +11,7 @@ using TAct = std::function<void()>;
 struct TPositionViewReentryTest : TPositionViewTest {
     TPositionViewReentryTest() {
         Hold(u"M1", u"00700", 100.0);
-        Hold(u"S1", u"00005", 400.0);
+        Hold(u"S1", u"00005", u"qty=400 sqty=5 buy=10 paid=20 cover=3");
         Hold(u"A1", u"00005", 40.0);
         Deliver();
     }
@@ -24,7 +24,7 @@ TEST_F(TPositionViewReentryTest, ChangesFromInside) {
     SetField(u"00005", Field::LastPrice, 2.0);
     const std::pair<const char*, TAct> changes[] = {
         {"rebuild", [this] { View->RefreshDataList(); }},
-        {"update", [this] { Hold(u"S1", u"TCHC", 1.0), Deliver(); }},
+        {"update", [this] { Hold(u"S1", u"00700", 1.0), Deliver(); }},
         {"filter", [this] { View->SetFilterCurrency(u"CNY"); }},
         {"toggle", [this] { View->SetAggregate(); }},
         {"account", [this] { View->SetAccount(u"A1"); }},
@@ -72,7 +72,7 @@ TEST_F(TPositionViewReentryTest, ChangesFromInside) {
                 check();
             }
         }
-        EXPECT_GE(reentered, 8);
+        EXPECT_GE(reentered, 10);
         begin();
         calls = 0;
         Positions.InMarketValue = once;
