@@ -82,7 +82,7 @@ TEST_F(TPositionViewReentryTest, ChangesFromInside) {
         begin();
         calls = 0;
         OnRows = once;
-        Hold(u"S1", u"00005", 410.0);
+        Hold(u"S1", u"00005", u"qty=410 sqty=5 buy=10 paid=20 cover=3");
         Deliver();
         check();
 
