@@ -1,4 +1,4 @@
-# Turns pictures written as text into C++: cmake -D "PICTURES=a.txt;b.txt" -D OUT=file.inc -P this
+# Turns pictures written as text into C++: cmake -D "PICTURES=a.txt;b.txt" -D OUT=file.cpp -P this
 #
 # A picture is its name on the first line, then one line per colour ("c RRGGBBAA", c standing for a
 # pixel; "mask RRGGBB" for a mask colour), an empty line, and 16 lines of 16 pixels.
@@ -7,7 +7,16 @@ cmake_minimum_required(VERSION 3.25)
 
 set(side 16)
 math(EXPR last "${side} - 1")
-set(text "// Made from the pictures in viewdata/presentation/images.\n")
+set(text
+    "// Made from the pictures in viewdata/presentation/images.
+
+#include \"viewdata/presentation/ResourcePictures.h\"
+
+namespace quorin {
+
+static constexpr TResourcePicture Pictures[] = {
+"
+)
 foreach(picture IN LISTS PICTURES)
     file(STRINGS "${picture}" lines)
     list(POP_FRONT lines name)
@@ -49,4 +58,16 @@ foreach(picture IN LISTS PICTURES)
         unset("colour_${colour}")
     endforeach()
 endforeach()
+string(
+    APPEND
+    text
+    "};
+
+std::span<const TResourcePicture> ResourcePictures() {
+    return Pictures;
+}
+
+} // namespace quorin
+"
+)
 file(WRITE "${OUT}" "${text}")

@@ -9,7 +9,7 @@ class TLifeline {
 public:
     class TWatch {
     public:
-        explicit TWatch(TLifeline& line) : FLine(&line), FOuter(line.FInner) { line.FInner = this; }
+        explicit TWatch(TLifeline& line) : FLine(&line), FOuter(line.FInner) { Hold(line, this); }
         TWatch(const TWatch&) = delete;
         TWatch& operator=(const TWatch&) = delete;
         ~TWatch() {
@@ -18,6 +18,19 @@ public:
         bool IsAlive() const { return FLine != nullptr; }
 
     private:
+        // The line forgets the watch before it goes. GCC 12 does not see that and warns of a
+        // pointer to a local that stays.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"
+#endif
+        static void Hold(TLifeline& line, TWatch* watch) {
+            line.FInner = watch;
+        }
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
+
         friend class TLifeline;
         TLifeline* FLine; // null once the object is gone
         TWatch* FOuter;

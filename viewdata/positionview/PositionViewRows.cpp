@@ -22,7 +22,9 @@ struct TPositionViewDataControl::TRows {
 void TPositionViewDataControl::RefreshDataList() {
     const Integer rebuild = ++FRebuilds;
     TRows rows;
+    rows.Dictionary.Reserve(FDataDictionary.Count());
     if (FAggregated) {
+        rows.Sums.Reserve(FAggregatePositionList.Count());
         ListSums(rows);
     } else {
         ListPlain(rows);
