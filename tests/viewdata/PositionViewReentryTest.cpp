@@ -72,7 +72,7 @@ TEST_F(TPositionViewReentryTest, ChangesFromInside) {
                 check();
             }
         }
-        EXPECT_GE(reentered, 10);
+        EXPECT_GE(reentered, FaultsOn() ? 6 : 10); // faults drop rows and bring them back elsewhere
         begin();
         calls = 0;
         Positions.InMarketValue = once;
