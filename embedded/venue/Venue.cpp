@@ -44,10 +44,11 @@ TVenue::~TVenue() {
 }
 
 void TVenue::Step() {
-    if (FMarket.OrderMarket() == this) FMarket.TellQuotesSeen();
     ++FStep;
     if (FDay.Advance(TimeNanos())) EnterSessions();
     TakeIncidents();
+    if (FMarket.OrderMarket() == this) FMarket.TellQuotesSeen();
+    FRestingStep = FStep + 1;
     if (FBoard.Symbols.empty()) return;
     const Integer budget = FOptions.UpdatesPerStep;
     const Integer leaders =

@@ -95,6 +95,7 @@ private:
     std::vector<std::uint32_t> FReached;  // by family: the next member; the end when it is not due
     std::size_t FNextIncident = 0;
     Int64 FStep = 0;
+    Int64 FRestingStep = 1; // in which a symbol stays as orders leave it now
     Int64 FUpdateCount = 0;
 };
 

@@ -21,9 +21,12 @@ bool IsGoodEnough(const TOrderWish& wish, TVenuePrice price) {
 
 } // namespace
 
+// An order that waits takes nothing in the step that may be the first to show a book.
 bool TVenue::MayTake(const TVenueSymbol& symbol) const {
-    return symbol.Kind != TVenueKind::None && !symbol.IsStopped &&
-           FDay.Exchanges()[symbol.Exchange].IsOpen;
+    const TVenueDay::TExchange& exchange = FDay.Exchanges()[symbol.Exchange];
+    const bool isInStep = FRestingStep == FStep;
+    return symbol.Kind != TVenueKind::None && !symbol.IsStopped && exchange.IsOpen &&
+           !(isInStep && exchange.IsChanged);
 }
 
 void TVenue::Take(const TOrderWish& wish, TList<TOrderTrade>& trades) {
@@ -51,7 +54,7 @@ void TVenue::Take(const TOrderWish& wish, TList<TOrderTrade>& trades) {
         trades.Add({ladder.Value(levels.Best().Tick), odd});
     }
     if (symbol->Tape.Count() == printed) return;
-    symbol->RestingStep = static_cast<std::uint32_t>(FStep + 1);
+    symbol->RestingStep = static_cast<std::uint32_t>(FRestingStep);
     Show(*symbol, /*hasTraded=*/true);
 }
 

@@ -66,6 +66,9 @@ TEST_F(ShippedUniverseTest, IsSound) {
     EXPECT_EQ(Market.GetSymbolName(u"00700", TAppLanguage::TraditionalChinese), u"騰訊控股");
     EXPECT_EQ(Market.GetSymbolName(u"cu2612", TAppLanguage::SimplifiedChinese), u"沪铜2612");
     EXPECT_NE(Market.GetFavoriteMarketData(0), nullptr);
+    for (const TMarketExchange* exchange : Market.Universe().Exchanges()) {
+        EXPECT_EQ(exchange->IsSided, exchange->Code == u"SHFE") << ToUtf8(exchange->Code);
+    }
 }
 
 // The difference of a call and a put of one strike is that of their underlyer and the strike.

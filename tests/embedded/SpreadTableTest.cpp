@@ -129,6 +129,38 @@ TEST(SpreadTable, TakesFineSteps) {
     }
 }
 
+TEST(SpreadTable, KnowsItsSteps) {
+    const struct {
+        const char* name;
+        std::span<const TSpreadBand> bands;
+        Double price;
+        bool isOnStep;
+    } cases[] = {
+        {"inside", Bands, 0.101, true},
+        {"finer", Bands, 0.1015, false},
+        {"finer than a unit", Bands, 0.1000005, false},
+        {"step of the band below", Bands, 0.251, false},
+        {"border", Bands, 0.25, true},
+        {"binary noise", Bands, 0.1 + 0.2, true},
+        {"end of the last band", Bands, 50.0, true},
+        {"beyond the last band", Bands, 60.02, true},
+        {"beyond, off the step", Bands, 60.01, false},
+        {"border that ends a step early", Uneven, 1.0, true},
+        {"step that the border cuts", Uneven, 1.2, false},
+        {"below 0", Signed, -0.5, true},
+        {"below 0, off the step", Signed, -0.7, false},
+        {"below the first band", Bands, -0.002, true},
+        {"no number", Bands, std::nan(""), false},
+        {"without end", Bands, std::numeric_limits<Double>::infinity(), false},
+        {"nothing loaded", {}, 0.123, true},
+    };
+    for (const auto& row : cases) {
+        TEmbeddedSpreadTable table;
+        table.Load(row.bands);
+        EXPECT_EQ(table.IsOnStep(row.price), row.isOnStep) << row.name;
+    }
+}
+
 TEST(SpreadTable, RefusesBadBands) {
     const struct {
         const char* name;

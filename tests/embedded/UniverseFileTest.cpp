@@ -106,6 +106,8 @@ TEST_F(UniverseFileTest, TellsFileAndLineOfAFault) {
          "series.csv:2: not valid as UTF-8"},
         {"exchange twice", "exchanges.csv", "code\nE\nE\n",
          "exchanges.csv:3: \"E\" in column \"code\" is there already"},
+        {"neither sided nor not", "exchanges.csv", "code,sided\nE,2\n",
+         "exchanges.csv:2: \"2\" in column \"sided\" is neither 0 nor 1"},
         {"exchange without a code", "exchanges.csv", "code,state\n,CT\n",
          "exchanges.csv:2: \"code\" is empty"},
         {"category", "categories.csv", "id,name\n1.5,x\n",
