@@ -180,9 +180,10 @@ class TView : public TPositionViewDataControl {
             EXPECT_EQ((*record)->GetSymbol(), symbol);
             EXPECT_EQ((*record)->GetAccount(), FAccount);
             const auto* sum = FAggregatePositionList.Find(symbol);
+            if (TFaultPlan::IsInFault()) continue; // a call may come while the rows are changing
             EXPECT_EQ(FAggregated, sum != nullptr && sum->get() == *record) << ToUtf8(symbol);
         }
-        if (!FAggregated) {
+        if (!FAggregated && !TFaultPlan::IsInFault()) {
             EXPECT_TRUE(FAggregatePositionList.IsEmpty());
             EXPECT_TRUE(FSubAccountList.IsEmpty());
         }
