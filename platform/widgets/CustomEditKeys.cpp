@@ -97,7 +97,7 @@ Char TcxCustomEdit::KeyPressed(Char key) {
 }
 
 void TcxCustomEdit::TypeCharacter(StringView character) {
-    Char units[2];
+    Char units[2] = {};
     std::size_t count = 0;
     for (const Char unit : character) {
         units[count] = KeyPressed(Folded(unit));

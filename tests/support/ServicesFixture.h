@@ -53,6 +53,8 @@ protected:
     // The services of this run misbehave, see TFaultInjection. A story ends as it ever does, and a
     // counter that leaves out what happens inside a fault counts as it ever does.
     static bool FaultsOn() { return TFaultInjection::IsAskedFor(); }
+    // Nil in a run without.
+    TFaultInjection* Faults() { return FFaults.get(); }
     static bool IsInFault() { return TFaultPlan::IsInFault(); }
     // For counters that cannot leave it out: so many, and with faults also more.
     static ::testing::AssertionResult Counted(Integer counted, Integer expected) {
@@ -152,7 +154,7 @@ private:
 
     TRecordingHost FHost;
     std::unique_ptr<TEmbeddedServices> FServices;
-    std::unique_ptr<TFaultInjection> FFaults; // nil in a run without
+    std::unique_ptr<TFaultInjection> FFaults;
 };
 
 } // namespace quorin

@@ -34,6 +34,10 @@ struct TPriceChangeTrackingTest : TMarketTest {
         EXPECT_EQ(AnswerOf(ask, pcsDown), AnswerOf(ask, pcsUp));
         return AnswerOf(ask, pcsDown);
     }
+    void Reload(TObject*) {
+        Control->SetOnDataChanged(nullptr);
+        Load(FavoriteExchange);
+    }
     // Asks once: asking moves what is remembered.
     TAnswer Refreshed(Integer row, Integer field) {
         return AnswerOf(
@@ -103,6 +107,14 @@ TEST_F(TPriceChangeTrackingTest, LastPriceSurvivesAReloadAndItsMoveDoesNot) {
     EXPECT_EQ(LastMove(), pcsDown);
     Control->MoveRecord(0, 1);
     EXPECT_EQ(LastMove(1), pcsDown);
+}
+
+TEST_F(TPriceChangeTrackingTest, AReloadFromInsideAnUpdateForgetsItsMove) {
+    Show({0});
+    Tick({u"00700"}, 5.0);
+    Control->SetOnDataChanged(MakeEvent<&TPriceChangeTrackingTest::Reload>(this));
+    Tick({u"00700"}, 6.0);
+    EXPECT_EQ(LastMove(), std::nullopt);
 }
 
 TEST_F(TPriceChangeTrackingTest, ChangeAgainstThePreviousCloseIsExact) {

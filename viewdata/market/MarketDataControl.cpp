@@ -213,8 +213,8 @@ Boolean TCustomMarketDataControl::UpdateSymbolMessage(TCustomSubItem* Item) {
     TCustomSubItem** followed = FSubscribedDataList.Find(Item->GetKey());
     if (followed == nullptr) return false;
     if (*followed == nullptr) *followed = Item;
+    TrackLastPrice(*Item); // first: the service's answer to the request may reload the list
     RequestSpreadTable(*Item);
-    TrackLastPrice(*Item);
     return true;
 }
 

@@ -10,6 +10,8 @@
 #include "viewdata/services/PositionAdapter.h"
 #include "viewdata/services/SubscribeAdapter.h"
 
+#include <utility>
+
 namespace quorin {
 
 namespace {
@@ -98,9 +100,9 @@ void TCustomPositionDataControl::SetAccount(StringView Account) {
     FDataList.Clear();
     FDataDictionary.Clear();
     TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
+    const String previous = std::exchange(FAccount, account); // first: an update may come at once
     positions.ChangePositionAccount(
-        account, MakeEvent<&TCustomPositionDataControl::PositionUpdate>(this), this, FAccount);
-    FAccount = account;
+        account, MakeEvent<&TCustomPositionDataControl::PositionUpdate>(this), this, previous);
     TPositionDictionary held;
     positions.GetPositionList(FAccount, held);
     for (const auto& [symbol, record] : held) {

@@ -32,8 +32,7 @@ void TFaultPlan::InRegistration(TFaultyCallbacks& own) {
 void TFaultPlan::InLookUp() {
     if (!FCallsInside || !FOn || IsInFault() || !OneIn(LookUpRate)) return;
     Run([&] {
-        Count(TFault::CallInLookUp);
-        TellAny();
+        if (TellAny()) Count(TFault::CallInLookUp);
     });
 }
 
@@ -48,16 +47,17 @@ void TFaultPlan::InQuestion() {
     });
 }
 
-void TFaultPlan::TellAny() {
-    if (FCallbacks.IsEmpty()) return;
+bool TFaultPlan::TellAny() {
+    if (FCallbacks.IsEmpty()) return false;
     const auto count = static_cast<unsigned>(FCallbacks.Count());
     const auto first = static_cast<Integer>(Pick(count));
     for (Integer step = 0; step < FCallbacks.Count(); ++step) { // those without owners are passed
         TFaultyCallbacks& callbacks = *FCallbacks[(first + step) % FCallbacks.Count()];
         if (!callbacks.HasAny()) continue;
         callbacks.TellAll();
-        return;
+        return true;
     }
+    return false;
 }
 
 // A delivery is no fault in itself: what it tells of is true and counts.

@@ -73,7 +73,8 @@ public:
     void InQuestion();
 
 private:
-    void TellAny();
+    // False where nobody is registered.
+    bool TellAny();
     void DeliverAll(TFault fault);
 
     inline static int FaultDepth = 0;
