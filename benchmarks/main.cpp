@@ -37,6 +37,18 @@ constexpr TRatio Ratios[] = {
      "AggregateView/10000", 1.5, 4.0},
     {"price on an aggregated view, 40,000 positions against 10", "AggregatedPrice/40000",
      "AggregatedPrice/10", 1.5},
+    {"price change reaching a grid, 10,000 positions against 10", "PositionPriceChange/10000",
+     "PositionPriceChange/10", 1.5},
+    {"ratio change reaching a grid, 10,000 positions against 10", "PositionRatioChange/10000",
+     "PositionRatioChange/10", 1.5},
+    {"position update of one symbol, 10,000 rows against 10", "PositionUpdateOfOne/10000",
+     "PositionUpdateOfOne/10", 1.5},
+    {"removing the first of 10,000 rows against a vector", "RemoveRows/First/10000",
+     "EraseByHand/First/10000", 3.0},
+    {"removing the middle of 10,000 rows against a vector", "RemoveRows/Middle/10000",
+     "EraseByHand/Middle/10000", 3.0},
+    {"removing the last of 10,000 rows against a vector", "RemoveRows/Last/10000",
+     "EraseByHand/Last/10000", 3.0},
 };
 
 class TRatioReporter : public benchmark::ConsoleReporter {

@@ -7,7 +7,7 @@ namespace quorin {
 // A market adapter around another one whose listed universe has holes and doubles, as a feed that
 // is not done yet may show it: each exchange lists an empty series code and a series without a
 // record besides its own, and each series begins with a nil and names its last record twice.
-class THollowMarket final : public TCustomMarketAdapter {
+class THollowMarket : public TCustomMarketAdapter {
 public:
     explicit THollowMarket(TCustomMarketAdapter& inner) : Inner(inner) {}
 
