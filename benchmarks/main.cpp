@@ -37,6 +37,10 @@ constexpr TRatio Ratios[] = {
      "AggregateView/10000", 1.5, 4.0},
     {"price on an aggregated view, 40,000 positions against 10", "AggregatedPrice/40000",
      "AggregatedPrice/10", 1.5},
+    {"100,000 x 20 cells as CSV against plain buffered output", "CsvExport/100000",
+     "CsvPlain/100000", 2.0},
+    {"100,000 x 20 cells as XLSX against the library alone", "XlsxExport/100000",
+     "XlsxByLibrary/100000", 1.3},
 };
 
 class TRatioReporter : public benchmark::ConsoleReporter {

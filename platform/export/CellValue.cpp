@@ -11,8 +11,9 @@ namespace quorin {
 namespace {
 
 constexpr std::size_t SignificantDigits = 15;
-constexpr std::size_t MaxWholeDigits = 30;
-constexpr std::size_t MaxDecimals = 30;
+// Beyond these, programs show other digits than they were given.
+constexpr std::size_t MaxWholeDigits = 15;
+constexpr std::size_t MaxDecimals = 20;
 constexpr std::size_t MaxExponentDigits = 3;
 constexpr std::size_t GroupDigits = 3;
 // Sign, digits with their group marks, point, exponent.
@@ -88,18 +89,16 @@ private:
         if (FRest.empty() || FRest.front() != u'.') return shape.HasWhole;
         Keep();
         const std::size_t count = KeepDigits();
-        shape.HasPoint = true;
         shape.Decimals = static_cast<Byte>(count);
-        return count <= MaxDecimals && (shape.HasWhole || count > 0);
+        return count > 0 && count <= MaxDecimals;
     }
 
     // One digit, which is not zero, stands before the point: no format shows it otherwise.
     bool ReadExponent(TNumberShape& shape) {
-        const std::size_t mantissa = shape.Decimals + (shape.HasPoint ? 2U : 1U);
+        const std::size_t mantissa = shape.Decimals + (shape.Decimals > 0 ? 2U : 1U);
         const std::size_t signs = IsDigit(FPlain[0]) || FPlain[0] == u'.' ? 0 : 1;
         if (FRest.front() != u'E' || FLength != signs + mantissa) return false;
         if (!shape.HasWhole || FPlain[signs] == u'0') return false;
-        if (shape.HasPoint && shape.Decimals == 0) return false;
         Keep();
         const bool isNegative = !FRest.empty() && FRest.front() == u'-';
         shape.ExponentPlus = !FRest.empty() && FRest.front() == u'+';
@@ -138,7 +137,7 @@ TCellValue ReadCell(StringView text) {
 
 std::string NumberFormat(const TNumberShape& shape) {
     std::string digits = shape.Grouped ? "#,##0" : shape.HasWhole ? "0" : "#";
-    if (shape.HasPoint) digits += '.';
+    if (shape.Decimals > 0) digits += '.';
     digits.append(shape.Decimals, '0');
     if (shape.ExponentDigits > 0) {
         digits += shape.ExponentPlus ? "E+" : "E-";

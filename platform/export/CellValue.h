@@ -16,7 +16,6 @@ struct TNumberShape {
     bool ExponentPlus = false; // positive exponents show their sign
     bool Grouped = false;
     bool HasWhole = true; // a digit before the point
-    bool HasPoint = false;
 
     friend bool operator==(const TNumberShape&, const TNumberShape&) = default;
 };

@@ -55,8 +55,7 @@ Int64 KeyOf(const TNumberShape& shape) {
     key = key << 8 | shape.ExponentDigits;
     key = key << 1 | shape.ExponentPlus;
     key = key << 1 | shape.Grouped;
-    key = key << 1 | shape.HasWhole;
-    return key << 1 | shape.HasPoint;
+    return key << 1 | shape.HasWhole;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "tests/export/ExportFixture.h"
 
 #include <algorithm>
+#include <clocale>
 
 namespace quorin {
 namespace {
@@ -47,13 +48,14 @@ TEST_F(TWorkbookTest, StoresANumberOnlyWithItsVeryText) {
         {"a minus before zero", u"-0.00", "0.0"},
         {"no digit before the point", u".5", "0.5"},
         {"the same below zero", u"-.50", "-0.5"},
-        {"no digit behind the point", u"5.", "5.0"},
+        {"no digit behind the point", u"5.", Text},
         {"exponent", u"1.5E-7", "1.5e-07"},
         {"large exponent", u"1E20", "1e+20"},
         {"exponent with a plus", u"-2.50E+05", "-250000.0"},
         {"15 digits", u"123456789012345", "123456789012345.0"},
-        {"15 digits and zeros", u"12345678901234500000", "1.23456789012345e+19"},
-        {"15 digits behind zeros", u"0.000000123456789012345", "1.23456789012345e-07"},
+        {"15 digits and zeros before the point", u"1234567890123450", Text},
+        {"15 digits behind zeros", u"0.00000123456789012345", "1.23456789012345e-06"},
+        {"21 decimals", u"0.000000000000000000001", Text},
         {"zeros behind the digits", u"0.50000000000000000000", "0.5"},
         {"16 digits", u"1234567890123456", Text},
         {"16 digits around the point", u"12345678.90123456", Text},
@@ -186,16 +188,35 @@ TEST_F(TWorkbookTest, StaysValidWithNothingInIt) {
     ExpectCells(table, [](const TFormatCase&) { return TLines{}; });
 }
 
+TEST_F(TWorkbookTest, WritesThePointWhateverTheLocale) {
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    const char* const commas[] = {"de_DE.UTF-8", "fr_FR.UTF-8", "pt_BR.UTF-8", "ru_RU.UTF-8"};
+    if (std::none_of(std::begin(commas), std::end(commas),
+                     [](const char* name) { return std::setlocale(LC_NUMERIC, name); })) {
+        GTEST_SKIP() << "no locale with a comma is installed";
+    }
+    TTextTable table({u"Value"}, {{u"350.25"}});
+    ExpectCells(table,
+                [](const TFormatCase&) { return TLines{NumberLine(1, 0, "350.25", u"350.25")}; });
+    std::setlocale(LC_NUMERIC, before.c_str());
+}
+
 // A workbook takes no more; the numbers that come later are there all the same.
 TEST_F(TWorkbookTest, StoresTextOnceThereAreNoMoreNumberFormats) {
     TTextTable table({u"Value"}, {});
 
-    for (std::size_t decimals = 1; decimals <= 30; ++decimals) {
-        for (const StringView start : {u"1.", u"-0.", u"+1.", u"1,000.", u"+1,000.", u".", u"+."}) {
-            table.Rows.push_back({String(start) + String(decimals, u'0')});
+    const struct {
+        StringView Before;
+        StringView Behind;
+    } kinds[] = {{u"1.", u""},      {u"-0.", u""},   {u"+1.", u""},    {u"1,000.", u""},
+                 {u"+1,000.", u""}, {u".", u""},     {u"+.", u""},     {u"-.", u""},
+                 {u"1.", u"E5"},    {u"1.", u"E+5"}, {u"1.", u"E-05"}, {u"+1.", u"E+005"}};
+    for (std::size_t decimals = 1; decimals <= 20; ++decimals) {
+        for (const auto& kind : kinds) {
+            table.Rows.push_back(
+                {String(kind.Before) + String(decimals, u'0') + String(kind.Behind)});
         }
     }
-    ASSERT_EQ(table.RowCount(), 210);
     for (const TFormatCase& format : Workbooks) {
         SCOPED_TRACE(format.Extension);
         const auto file = File(std::string("a.") + format.Extension);
@@ -203,7 +224,7 @@ TEST_F(TWorkbookTest, StoresTextOnceThereAreNoMoreNumberFormats) {
         TLines lines;
         ReadBack(file, lines);
         if (IsSkipped() || HasFatalFailure()) return;
-        ASSERT_EQ(lines.size(), 211U);
+        ASSERT_EQ(lines.size(), 241U);
         EXPECT_TRUE(lines[200].starts_with("200 0 number ")) << lines[200];
         EXPECT_EQ(lines[201], TextLine(201, 0, table.Rows[200][0]));
     }
