@@ -7,11 +7,15 @@
 
 #include <xlsxwriter.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
 #include <locale.h>
 #include <memory>
 #include <string>
 #include <system_error>
+#include <unistd.h>
 #include <vector>
 
 namespace quorin {
@@ -53,9 +57,10 @@ public:
         : FFile(file), FSize(size), FReader(table, size, MaxIndent) {
         std::error_code error;
         FFolder = std::filesystem::temp_directory_path(error).string();
+        if (error) FFile.Fail("there is no folder for temporary files");
         lxw_workbook_options options = {};
         options.constant_memory = LXW_TRUE;
-        if (!error) options.tmpdir = FFolder.data();
+        options.tmpdir = FFolder.data();
         FWorkbook.reset(workbook_new_opt(file.WorkingPath().c_str(), &options));
         if (FWorkbook != nullptr) FSheet = workbook_add_worksheet(FWorkbook.get(), nullptr);
         if (FSheet == nullptr) FFile.Fail("there is no room for temporary files");
@@ -72,12 +77,13 @@ public:
             const auto place = static_cast<lxw_col_t>(column);
             worksheet_set_column(FSheet, place, place, FReader.ColumnWidth(column), nullptr);
         }
-        // What did not fit into the temporary file is told by nobody else.
+        // The library does not look at whether its temporary file took everything.
         std::FILE* const rows = FSheet->optimize_tmpfile;
         if (std::fflush(rows) != 0 || std::ferror(rows) != 0) {
             FFile.Fail("the disk for temporary files is full");
         }
         const long size = std::ftell(rows);
+        ReserveTemporaryRoom(size);
         FWorkbook->options.use_zip64 = size > LargeSheet;
         Check(workbook_close(FWorkbook.release()));
         if (size <= LargeSheet && !HoldsSheet(FFile.WorkingPath(), size)) {
@@ -86,6 +92,22 @@ public:
     }
 
 private:
+    // Nor does the library tell when the rows do not fit there once more, with what is around them,
+    // on their way into the container. So that room is asked for before, and given back.
+    void ReserveTemporaryRoom(long rowBytes) const {
+        constexpr off_t AroundThem = 4096, PerColumn = 96, PerStyle = 512; // all generous
+        std::string name = FFolder + "/quorin-export-XXXXXX";
+        const int file = mkstemp(name.data());
+        if (file < 0) FFile.Fail(std::generic_category().message(errno));
+        unlink(name.c_str());
+        const off_t columns = FSize.Columns;
+        const auto styles = static_cast<off_t>(FReader.Styles().size());
+        const int error = posix_fallocate(
+            file, 0, rowBytes + AroundThem + columns * PerColumn + styles * PerStyle);
+        close(file);
+        if (error != 0) FFile.Fail(std::generic_category().message(error));
+    }
+
     template <class ReadCellOf>
     void WriteRow(Integer row, ReadCellOf read) {
         const auto line = static_cast<lxw_row_t>(row);
