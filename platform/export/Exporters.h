@@ -30,11 +30,12 @@ bool ExportToCsv(const std::filesystem::path& target, TExportTable& table,
                  const TCsvOptions& options = {}, TExportProgressEvent progress = nullptr);
 
 // The two workbooks have one sheet. An empty text is a blank cell. A number is stored with a format
-// that shows its very text; what no format shows as it stands ("00700", more than 15 digits, "5.", group
-// marks elsewhere than between thousands) is text, and so are captions. No text is ever a formula.
-// A text is cut to what a cell holds, MaxCellText units, and then ends in an ellipsis. Units that
-// are no characters become U+FFFD. The row of captions is bold and does not scroll away; levels of
-// a tree are the cell's indentation, beyond the deepest of the format blanks before the text.
+// that shows its very text; what no format shows as it stands ("00700", more than 15 digits, "5.",
+// group marks elsewhere than between thousands) is text, and so are captions. No text is ever a
+// formula. A text is cut to what a cell holds, MaxCellText units, and then ends in an ellipsis.
+// Units that are no characters become U+FFFD. The row of captions is bold and does not scroll away;
+// levels of a tree are the cell's indentation, beyond the deepest of the format blanks before the
+// text.
 inline constexpr Integer MaxCellText = 32767;
 
 // Excel 97 to 2003: at most 65,536 rows with the captions and 256 columns.

