@@ -49,6 +49,10 @@ constexpr TRatio Ratios[] = {
      "EraseByHand/Middle/10000", 3.0},
     {"removing the last of 10,000 rows against a vector", "RemoveRows/Last/10000",
      "EraseByHand/Last/10000", 3.0},
+    {"100,000 x 20 cells as CSV against plain buffered output", "CsvExport/100000",
+     "CsvPlain/100000", 2.0},
+    {"100,000 x 20 cells as XLSX against the library alone", "XlsxExport/100000",
+     "XlsxByLibrary/100000", 1.3},
 };
 
 class TRatioReporter : public benchmark::ConsoleReporter {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [clang]: installs what these groups need and the machine lacks, on Debian.
+# install-deps.sh [build] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
 
@@ -31,7 +31,16 @@ gtest/gtest.h libgtest-dev
 benchmark/benchmark.h libbenchmark-dev
 INIReader.h libinih-dev
 CLI/CLI.hpp libcli11-dev
+xlsxwriter.h libxlsxwriter-dev
 HEADERS
+}
+
+# What the tests read workbooks back with, for Debian's own Python.
+check_readers() {
+    local module
+    for module in openpyxl xlrd; do
+        /usr/bin/python3 -c "import $module" >/dev/null 2>&1 || missing+=("python3-$module")
+    done
 }
 
 check_clang() {
@@ -48,6 +57,7 @@ trap 'rm -f "$probe"' EXIT
 for group in "$@"; do
     case "$group" in
         build) check_build ;;
+        readers) check_readers ;;
         clang) check_clang ;;
         *)
             echo "install-deps.sh: no group is called $group" >&2

@@ -1,0 +1,9 @@
+#include "platform/export/Exporters.h"
+
+namespace quorin {
+
+bool ExportToXlsx(const std::filesystem::path&, TExportTable&, TExportProgressEvent) {
+    throw EExportError(TExportFault::NoExporter, "This program was built without XLSX workbooks.");
+}
+
+} // namespace quorin
