@@ -35,7 +35,7 @@ TCustomAccountInfoDataControl::~TCustomAccountInfoDataControl() {
 }
 
 // A callback inside one of the calls may choose another account still. That choice came later and
-// holds: what this call has registered goes again.
+// holds: what this call has registered moves on to it.
 void TCustomAccountInfoDataControl::SetAccount(StringView Account) {
     if (FAccount == Account) return;
     const TPin pin(*this);
@@ -45,10 +45,12 @@ void TCustomAccountInfoDataControl::SetAccount(StringView Account) {
     const auto update = MakeEvent<&TCustomAccountInfoDataControl::AccountUpdate>(this);
     Accounts().ChangeAccountCallback(account, update, this, previous);
     if (!pin.IsAlive()) return;
-    if (FAggregated) Accounts().RemoveSubAccountCallback(previous, this);
-    if (!pin.IsAlive()) return;
+    if (FAggregated && change == FAccountChanges) {
+        Accounts().RemoveSubAccountCallback(previous, this);
+        if (!pin.IsAlive()) return;
+    }
     if (change != FAccountChanges) {
-        if (FAccount != account) Accounts().RemoveAccountCallback(account, this);
+        if (FAccount != account) Accounts().ChangeAccountCallback(FAccount, update, this, account);
         return;
     }
     FAccount = account;
