@@ -37,6 +37,8 @@ constexpr TRatio Ratios[] = {
      "AggregateView/10000", 1.5, 4.0},
     {"price on an aggregated view, 40,000 positions against 10", "AggregatedPrice/40000",
      "AggregatedPrice/10", 1.5},
+    {"480 cells summed over 200 sub-accounts against plain loops", "AggregatedCells/200",
+     "PlainSums/200", 2.0},
 };
 
 class TRatioReporter : public benchmark::ConsoleReporter {
