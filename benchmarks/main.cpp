@@ -53,6 +53,8 @@ constexpr TRatio Ratios[] = {
      "CsvPlain/100000", 2.0},
     {"100,000 x 20 cells as XLSX against the library alone", "XlsxExport/100000",
      "XlsxByLibrary/100000", 1.3},
+    {"480 cells summed over 200 sub-accounts against plain loops", "AggregatedCells/200",
+     "PlainSums/200", 2.0},
 };
 
 class TRatioReporter : public benchmark::ConsoleReporter {

@@ -49,32 +49,49 @@ TcxTreeListColumn* TcxVirtualTreeList::GetColumn(Integer index) const {
 
 void TcxVirtualTreeList::ForgetRows(TObject*) {
     FRowsKnown = false;
+    ++FForgets;
     FRows.Clear();
     FController.InvalidatePaint();
 }
 
+// The calls out may tell of the next change, and somebody may look inside them: what was gathered
+// before that is not shown, unless the source never comes to rest.
 void TcxVirtualTreeList::EnsureRows() {
-    if (FRowsKnown) return;
-    FRowsKnown = true; // before the calls out, which may tell of the next change
-    FRows.Clear();
-    TWalk walk;
-    if (CustomDataSource() != nullptr) {
-        if (FShape == TcxTreeShape::FlatList) {
-            GatherFlatList(walk);
-        } else {
-            TPlaces places;
-            const TcxDataRecordHandle root = CustomDataSource()->GetRootRecordHandle();
-            GatherChildren(walk, places, root, NoRow, 0);
-        }
+    for (Integer walks = 1; !FRowsKnown; ++walks) {
+        FRowsKnown = true;
+        const Integer forgets = FForgets;
+        TWalk walk = WalkNodes();
+        const bool isOld = forgets != FForgets;
+        if (isOld && (FRowsKnown || walks < MostWalks)) continue;
+        ShowNodes(walk);
+        if (isOld) return;
     }
+}
 
+TcxVirtualTreeList::TWalk TcxVirtualTreeList::WalkNodes() {
+    TWalk walk;
+    if (CustomDataSource() == nullptr) return walk;
+    if (FShape == TcxTreeShape::FlatList) {
+        GatherFlatList(walk);
+    } else {
+        TPlaces places;
+        const TcxDataRecordHandle root = CustomDataSource()->GetRootRecordHandle();
+        GatherChildren(walk, places, root, NoRow, 0);
+    }
     Integer firstOfAll = NoRow;
     for (Integer index = walk.Count() - 1; index >= 0; --index) {
         const Integer parent = walk[index].Parent;
         Integer& first = parent == NoRow ? firstOfAll : walk[parent].FirstChild;
         walk[index].NextSibling = std::exchange(first, index);
     }
-    ShowFrom(walk, firstOfAll, 0);
+    return walk;
+}
+
+void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
+    FRows.Clear();
+    Integer first = 0; // of the first level
+    while (first < walk.Count() && walk[first].Parent != NoRow) ++first;
+    ShowFrom(walk, first < walk.Count() ? first : NoRow, 0);
 
     TDictionary<Pointer, bool> toggled; // without the nodes that are gone
     for (const TNode& node : walk) {
@@ -160,12 +177,20 @@ String TcxVirtualTreeList::CellText(Integer row, TcxTreeListColumn& column) {
 void TcxVirtualTreeList::SetExpanded(Integer row, bool expanded) {
     const TcxTreeRow shown = Row(row);
     if (!shown.HasChildren || shown.IsExpanded == expanded) return;
+    if (!expanded && IsBelow(FFocusedRow, row)) SetFocusedRow(row);
     if (expanded == FStartsExpanded) {
         FToggled.Remove(shown.Node);
     } else {
         FToggled.Add(shown.Node, true);
     }
     ForgetRows(nullptr);
+}
+
+bool TcxVirtualTreeList::IsBelow(Integer row, Integer ancestor) const {
+    if (row <= ancestor || !FRows.Has(row)) return false;
+    Integer next = ancestor + 1;
+    while (next <= row && FRows[next].Depth > FRows[ancestor].Depth) ++next;
+    return next > row;
 }
 
 void TcxVirtualTreeList::SetStartsExpanded(bool expanded) {

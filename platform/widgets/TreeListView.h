@@ -69,6 +69,8 @@ class TcxVirtualTreeList : public TComponent {
     QUORIN_CLASS(TcxVirtualTreeList, TComponent)
 
     static constexpr Integer MaxDepth = 64;
+    // A source that tells of a change each time it is walked is shown as the last walk found it.
+    static constexpr Integer MostWalks = 4;
 
     explicit TcxVirtualTreeList(TComponent* owner = nullptr);
 
@@ -106,7 +108,8 @@ class TcxVirtualTreeList : public TComponent {
     String CellText(Integer row, TcxTreeListColumn& column);
     void SetOnGetCellText(const TcxGetTreeTextEvent& event) { FOnGetCellText = event; }
 
-    // Opens or closes the row's node; nothing outside and on nodes without children.
+    // Opens or closes the row's node; nothing outside and on nodes without children. Closing takes
+    // the focus over from a row below it.
     void SetExpanded(Integer row, bool expanded);
     // Whether nodes are open that nobody has opened or closed; closed from the start.
     void SetStartsExpanded(bool expanded);
@@ -131,6 +134,10 @@ private:
 
     void ForgetRows(TObject*);
     void EnsureRows();
+    TWalk WalkNodes();
+    void ShowNodes(const TWalk& walk);
+    // The row stands in the branch of the other.
+    bool IsBelow(Integer row, Integer ancestor) const;
     void GatherFlatList(TWalk& walk);
     void GatherChildren(TWalk& walk, TPlaces& places, TcxDataRecordHandle node, Integer parent,
                         Integer depth);
@@ -150,6 +157,7 @@ private:
     Integer FFocusedRow = NoRow;
     TcxTreeShape FShape = TcxTreeShape::FlatList;
     bool FStartsExpanded = false;
+    Integer FForgets = 0;    // counts ForgetRows
     bool FRowsKnown = false; // FRows tells the truth
 };
 

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace quorin {
@@ -21,6 +23,7 @@ public:
     Integer GetRecordCount() override { return static_cast<Integer>(List.size()); }
     TcxDataRecordHandle GetRecordHandle(Integer index) override {
         ++HandlesAsked;
+        CallInside();
         const auto place = static_cast<std::size_t>(index);
         return place < List.size() ? List[place] : nullptr;
     }
@@ -32,7 +35,11 @@ public:
         return static_cast<Integer>(At(node)->Children.size());
     }
     TcxDataRecordHandle GetChildRecordHandle(TcxDataRecordHandle node, Integer index) override {
-        return At(node)->Children[static_cast<std::size_t>(index)];
+        const std::vector<TNode*>& children = At(node)->Children;
+        const auto place = static_cast<std::size_t>(index);
+        const TcxDataRecordHandle child = place < children.size() ? children[place] : nullptr;
+        CallInside();
+        return child;
     }
     Variant GetValue(TcxDataRecordHandle node, TcxDataItemHandle item) override {
         TComponent* column = GetDataController()->GetItem(item);
@@ -43,8 +50,12 @@ public:
     TNode Root;
     std::vector<TNode*> List;
     int HandlesAsked = 0;
+    std::function<void()> Inside; // once, in the middle of a walk
 
 private:
+    void CallInside() {
+        if (Inside) std::exchange(Inside, nullptr)();
+    }
     static TNode* At(TcxDataRecordHandle node) { return static_cast<TNode*>(node); }
 };
 
@@ -118,6 +129,32 @@ TEST_P(TTreeListTest, FocusStaysWithItsNode) {
     std::erase(Source.Root.Children, &B);
     Source.DataChanged();
     EXPECT_EQ(View->FocusedRow(), NoRow);
+}
+
+TEST_P(TTreeListTest, ClosedNodeTakesTheFocusOfItsRows) {
+    View->SetStartsExpanded(true); // -a .a1 .a2 -b .b1
+    for (const auto& [focused, expected] : {std::pair(2, 0), std::pair(0, 0), std::pair(3, 1)}) {
+        View->SetExpanded(0, true);
+        View->SetFocusedRow(focused);
+        View->SetExpanded(0, false);
+        EXPECT_EQ(View->FocusedRow(), expected) << focused;
+    }
+}
+
+TEST_P(TTreeListTest, ChangeAndLookInsideAWalkEndItsRows) {
+    for (const bool looks : {false, true}) {
+        Source.Inside = [this, looks] {
+            std::erase(Source.List, &B);
+            std::erase(Source.List, &B1);
+            std::erase(Source.Root.Children, &B);
+            Source.DataChanged();
+            if (looks) View->RowCount();
+        };
+        EXPECT_EQ(Rows(), "+a") << looks;
+        Source.List.insert(Source.List.end(), {&B, &B1});
+        Source.Root.Children.push_back(&B);
+        Source.DataChanged();
+    }
 }
 
 TEST_P(TTreeListTest, TagOfAnyKindReachesTheSource) {

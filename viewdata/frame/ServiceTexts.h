@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/rtl/Text.h"
 #include "platform/rtl/Variant.h"
 #include "viewdata/services/LanguageManager.h"
 #include "viewdata/services/MarketAdapter.h"
@@ -34,6 +35,12 @@ inline String TranslatedCode(StringView tag, const String& code) {
 inline String SymbolName(StringView symbol) {
     String name = Market().GetSymbolName(symbol, TAppLanguage::None);
     return name.empty() ? String(symbol) : name;
+}
+
+// By the type that a custom column's entry names: without one, or with "string" in any case, the
+// column shows text; with every other a number.
+inline Boolean IsNumericColumnType(StringView type) {
+    return !type.empty() && !SameText(type, u"string");
 }
 
 // The text of a raw value. A descendant's GetValue may answer anything: what has no text shows

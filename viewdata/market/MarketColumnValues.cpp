@@ -87,11 +87,6 @@ Double NumberOf(const Variant& value) {
     return number;
 }
 
-// A custom column without a type, or with the type "string", shows text; every other a number.
-Boolean IsNumericType(StringView type) {
-    return !type.empty() && !SameText(type, u"string");
-}
-
 } // namespace
 
 Variant TCustomMarketDataControl::GetValue(Integer RecordIndex, Integer Attribute) {
@@ -238,7 +233,7 @@ String TCustomMarketDataControl::CustomColumnType(Integer attribute) const {
 
 Variant TCustomMarketDataControl::GetFieldValue(TCustomSubItem* Item, Integer Attribute) {
     const Integer field = Attribute - FirstCustomColumn;
-    if (!IsNumericType(CustomColumnType(Attribute))) return TextIfPresent(*Item, field);
+    if (!IsNumericColumnType(CustomColumnType(Attribute))) return TextIfPresent(*Item, field);
     if (!Item->HasField(field)) return 0;
     return Item->GetFieldDouble(field);
 }
@@ -247,7 +242,7 @@ String TCustomMarketDataControl::CustomColumnText(Integer RecordIndex, Integer A
                                                   const String& symbol) {
     const String named(symbol);
     const String type = CustomColumnType(Attribute);
-    if (!IsNumericType(type)) return TextOf(GetValue(RecordIndex, Attribute));
+    if (!IsNumericColumnType(type)) return TextOf(GetValue(RecordIndex, Attribute));
     const TCustomSubItem* item =
         TCustomSubscribeAdapter::GetInstance()->GetSubItem(symbol, LiveDataType, /*Flag=*/false);
     if (!item->HasField(Attribute - FirstCustomColumn)) return EmptyDisplayText;
