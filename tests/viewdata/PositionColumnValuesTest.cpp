@@ -5,45 +5,29 @@
 namespace quorin {
 namespace {
 
-using TSide = TPositionSide;
 using TPositionColumnValuesTest = TPositionTest;
 
-// What a cell shows and answers is "value | text"; a whole number has "#", a text quotes.
+// Writes one text for every value.
+class TFixedFormatter : public TSpyFormatter {
+public:
+    String FormatValue(Double, TDisplayDataType, StringView, Boolean, Pointer) const override {
+        return Text;
+    }
+    String Text;
+};
 
 // Every figure has a value of its own.
-constexpr TPositionFigures Filled{.Quantity = 300,
-                                  .BODQuantity = 200,
-                                  .ShortQuantity = 20,
-                                  .BODShortQuantity = 7,
-                                  .TodayBuyQty = 11,
-                                  .TodayBuyAmount = 1200,
-                                  .TodaySellQty = 13,
-                                  .TodaySellAmount = 1300,
-                                  .TodayPendBuyQty = 17,
-                                  .TodayPendSellQty = 19,
-                                  .WithdrawQty = 23,
-                                  .DepositQty = 29,
-                                  .CoveredQty = 31,
-                                  .BODPrice = 7.5,
-                                  .Nominal = 61,
-                                  .PClose = 63,
-                                  .InitPL = 1000,
-                                  .RealPL = 100,
-                                  .ExePL = 10,
-                                  .AvgPriceFIFN = 41,
-                                  .AvgPriceMixed = 43,
-                                  .AvgPriceIn = 47,
-                                  .CustodianQty = 53,
-                                  .PendCustodianQty = 59};
+constexpr StringView Filled =
+    u"qty=300 start=200 sqty=20 sstart=7 buy=11 paid=1200 sell=13 got=1300 pbuy=17 psell=19 "
+    u"out=23 in=29 cover=31 at=7.5 nominal=61 close=63 init=1000 "
+    u"real=100 exe=10 fifn=41 mixed=43 avgin=47 held=53 pheld=59";
 
 TEST_F(TPositionColumnValuesTest, EveryColumn) {
     SetField(u"00700", Field::LastPrice, 10.0);
     SetField(u"00700", Field::PreviousClose, 8.0);
     SetField(u"00700", Field::Exchange, u"XEX"); // the market record goes first
     SetField(u"00700", Field::Currency, u"XXX");
-    TPositionFigures figures = Filled;
-    figures.Ticker = &Item(u"00700");
-    Hold(u"A1", u"00700", figures);
+    Hold(u"A1", u"00700", Filled, &Item(u"00700"));
     Deliver();
     Show(u"A1");
     SpyOnFormatter();
@@ -51,34 +35,13 @@ TEST_F(TPositionColumnValuesTest, EveryColumn) {
         Integer Attribute;
         StringView Cell;
     } cases[] = {
-        {0, u"'00700' | 00700"},
-        {3, u"10 | 10 8/$/T"},
-        {4, u"300 | 300 4/$/T"},
-        {10, u"'A1' | A1"},
-        {20, u"'Hong Kong' | Hong Kong"},
-        {21, u"'Tencent' | Tencent"},
-        {23, u"'HKD' | HKD"},
-        {29, u"'' | "},
-        {31, u"8 | 8 8/$/T"},
-        {35, u"281 | 281 4/$/T"},
-        {42, u"43 | 43 2/$/T"},
-        {95, u"280 | 280 4/$/T"},
-        {189, u"100 | 100 3/$/F"},
-        {405, u"2800 | 2800 3/$/F"},
-        {406, u"2800 | 2800 3/$/F"},
-        {446, u"910 | 910 3/$/F"},
-        {470, u"#0 | --"},
-        {479, u"11 | 11 4/$/T"},
-        {480, u"13 | 13 4/$/T"},
-        {482, u"19 | 19 4/$/T"},
-        {607, u"1010 | 1010 3/$/F"},
-        {1105, u"31 | 31 4/$/T"},
-        {1302, u"6 | 6 4/$/T"},
-        {9014, u"200 | 200 4/$/T"},
-        {1, u"'' | "},
-        {604, u"'' | "},
-        {100003, u"'' | "},
-        {2147483647, u"'' | "},
+        {0, u"'00700'"},      {3, u"10 8/$/T"},     {4, u"300 4/$/T"},    {10, u"'A1'"},
+        {20, u"'Hong Kong'"}, {21, u"'Tencent'"},   {23, u"'HKD'"},       {29, u"''"},
+        {31, u"8 8/$/T"},     {35, u"281 4/$/T"},   {42, u"43 2/$/T"},    {95, u"280 4/$/T"},
+        {189, u"100 3/$/F"},  {405, u"2800 3/$/F"}, {406, u"2800 3/$/F"}, {446, u"910 3/$/F"},
+        {470, u"#0 | --"},    {479, u"11 4/$/T"},   {480, u"13 4/$/T"},   {482, u"19 4/$/T"},
+        {607, u"1010 3/$/F"}, {1105, u"31 4/$/T"},  {1302, u"6 4/$/T"},   {9014, u"200 4/$/T"},
+        {1, u"''"},           {604, u"''"},         {100003, u"''"},      {2147483647, u"''"},
         {-1, u"'' | --"},
     };
     for (const auto& row : cases) EXPECT_EQ(Cell(0, row.Attribute), row.Cell) << row.Attribute;
@@ -98,84 +61,59 @@ TEST_F(TPositionColumnValuesTest, QuantitiesAndTheirBorders) {
     constexpr struct {
         const char* Name;
         Integer Attribute;
-        TPositionFigures Figures;
-        StringView Cell;
+        StringView Figures, Cell;
     } cases[] = {
-        {"long, below the tolerance", 4, {.Quantity = 5e-8}, u"5E-8 | 5E-8 4/$/T"},
-        {"long of a net short", 4, {.Quantity = -300}, u"#0 | --"},
-        {"long record", 4, {.Side = TSide::Long, .Quantity = 300}, u"300 | --"},
-        {"long record below 0", 4, {.Side = TSide::Long, .Quantity = -300}, u"-300 | --"},
-        {"long record at it", 4, {.Side = TSide::Long, .Quantity = 1e-7}, u"#0 | --"},
-        {"long record above it", 4, {.Side = TSide::Long, .Quantity = 2e-7}, u"2E-7 | --"},
-        {"long of a short record", 4, {.Side = TSide::Short, .Quantity = 300}, u"#0 | --"},
-        {"net short", 470, {.Quantity = -300}, u"300 | 300 4/$/T"},
-        {"net short, below the tolerance", 470, {.Quantity = -5e-8}, u"5E-8 | 5E-8 4/$/T"},
-        {"short record", 470, {.Side = TSide::Short, .Quantity = 300}, u"300 | --"},
-        {"short record below 0", 470, {.Side = TSide::Short, .Quantity = -300}, u"-300 | --"},
-        {"short record at it", 470, {.Side = TSide::Short, .Quantity = -1e-7}, u"#0 | --"},
-        {"short record above it", 470, {.Side = TSide::Short, .Quantity = 2e-7}, u"2E-7 | --"},
-        {"short of a long record", 470, {.Side = TSide::Long, .Quantity = 300}, u"#0 | --"},
-        {"net below the tolerance", 95, {.Quantity = 5e-8}, u"5E-8 | --"},
-        {"net at it", 95, {.Quantity = 1e-7}, u"1E-7 | --"},
-        {"net above it", 95, {.Quantity = 2e-7}, u"2E-7 | 2E-7 4/$/T"},
-        {"net minus it", 95, {.Quantity = -1e-7}, u"-1E-7 | --"},
-        {"net below minus it", 95, {.Quantity = -2e-7}, u"-2E-7 | -2E-7 4/$/T"},
-        {"net 0", 95, {.Quantity = 20, .ShortQuantity = 20}, u"0 | --"},
-        {"available 0", 35, {.Quantity = 20, .TodayPendSellQty = 20}, u"0 | --"},
-        {"available below 0", 35, {.Quantity = 1, .TodayPendSellQty = 3}, u"-2 | -2 4/$/T"},
-        {"bought, at it", 479, {.Quantity = 1, .TodayBuyQty = 1e-7}, u"1E-7 | --"},
-        {"bought, above it", 479, {.Quantity = 1, .TodayBuyQty = 2e-7}, u"2E-7 | 2E-7 4/$/T"},
-        {"bought, below 0", 479, {.Quantity = 1, .TodayBuyQty = -5}, u"-5 | --"},
-        {"sold, at it", 480, {.Quantity = 1, .TodaySellQty = 1e-7}, u"1E-7 | --"},
-        {"sold, below 0", 480, {.Quantity = 1, .TodaySellQty = -5}, u"-5 | --"},
-        {"pending, at it", 482, {.Quantity = 1, .TodayPendSellQty = 1e-7}, u"1E-7 | --"},
-        {"pending, below 0", 482, {.Quantity = 1, .TodayPendSellQty = -5}, u"-5 | -5 4/$/T"},
-        {"covered alone", 1105, {.Quantity = 1, .CoveredQty = 31}, u"31 | --"},
-        {"covered, start below 0",
-         1105,
-         {.Quantity = 1, .BODQuantity = -5, .CoveredQty = 31},
-         u"31 | 31 4/$/T"},
-        {"covered, start at it",
-         1105,
-         {.Quantity = 1, .BODQuantity = 1e-7, .CoveredQty = 31},
-         u"31 | --"},
-        {"covered, bought",
-         1105,
-         {.Quantity = 1, .TodayBuyQty = 1, .CoveredQty = -31},
-         u"-31 | -31 4/$/T"},
-        {"covered, bought below 0",
-         1105,
-         {.Quantity = 1, .TodayBuyQty = -1, .CoveredQty = 31},
-         u"31 | --"},
-        {"covered, sold",
-         1105,
-         {.Quantity = 1, .TodaySellQty = 1, .CoveredQty = 31},
-         u"31 | 31 4/$/T"},
-        {"covered at it",
-         1105,
-         {.Quantity = 1, .BODQuantity = 5, .CoveredQty = 1e-7},
-         u"1E-7 | --"},
-        {"moved in and out",
-         1302,
-         {.Quantity = 1, .WithdrawQty = 5, .DepositQty = 5},
-         u"0 | 0 4/$/T"},
-        {"moved out", 1302, {.Quantity = 1, .WithdrawQty = 5}, u"-5 | -5 4/$/T"},
-        {"not moved", 1302, {.Quantity = 1}, u"0 | --"},
-        {"moved in below 0", 1302, {.Quantity = 1, .DepositQty = -5}, u"-5 | --"},
-        {"start 0", 9014, {.Quantity = 1}, u"0 | --"},
-        {"start at it", 9014, {.Quantity = 1, .BODQuantity = -1e-7}, u"-1E-7 | --"},
-        {"start below 0", 9014, {.Quantity = 1, .BODQuantity = -5}, u"-5 | -5 4/$/T"},
-        {"start of a short",
-         9014,
-         {.Side = TSide::Short, .Quantity = 1, .BODQuantity = 5},
-         u"5 | 5 4/$/T"},
-        {"average 0", 42, {.Quantity = 1}, u"0 | 0 2/$/T"},
-        {"realised 0", 189, {.Quantity = 1}, u"0 | 0 3/$/F"},
-        {"unrealised 0", 446, {.Quantity = 1}, u"0 | 0 3/$/F"},
-        {"total 0", 607, {.Quantity = 1}, u"0 | 0 3/$/F"},
-        {"no last price", 3, {.Quantity = 1}, u"#0 | --"},
-        {"no market value", 405, {.Quantity = 1}, u"#0 | --"},
-        {"none to convert", 406, {.Quantity = 1}, u"#0 | --"},
+        {"long, below the tolerance", 4, u"qty=5e-8", u"5E-8 4/$/T"},
+        {"long of a net short", 4, u"qty=-300", u"#0 | --"},
+        {"long record", 4, u"long qty=300", u"300 | --"},
+        {"long record below 0", 4, u"long qty=-300", u"-300 | --"},
+        {"long record at it", 4, u"long qty=1e-7", u"#0 | --"},
+        {"long record above it", 4, u"long qty=2e-7", u"2E-7 | --"},
+        {"long of a short record", 4, u"short qty=300", u"#0 | --"},
+        {"net short", 470, u"qty=-300", u"300 4/$/T"},
+        {"net short, below the tolerance", 470, u"qty=-5e-8", u"5E-8 4/$/T"},
+        {"short record", 470, u"short qty=300", u"300 | --"},
+        {"short record below 0", 470, u"short qty=-300", u"-300 | --"},
+        {"short record at it", 470, u"short qty=-1e-7", u"#0 | --"},
+        {"short record above it", 470, u"short qty=2e-7", u"2E-7 | --"},
+        {"short of a long record", 470, u"long qty=300", u"#0 | --"},
+        {"net below the tolerance", 95, u"qty=5e-8", u"5E-8 | --"},
+        {"net at it", 95, u"qty=1e-7", u"1E-7 | --"},
+        {"net above it", 95, u"qty=2e-7", u"2E-7 4/$/T"},
+        {"net minus it", 95, u"qty=-1e-7", u"-1E-7 | --"},
+        {"net below minus it", 95, u"qty=-2e-7", u"-2E-7 4/$/T"},
+        {"net 0", 95, u"qty=20 sqty=20", u"0 | --"},
+        {"available 0", 35, u"qty=20 psell=20", u"0 | --"},
+        {"available below 0", 35, u"qty=1 psell=3", u"-2 4/$/T"},
+        {"bought, at it", 479, u"qty=1 buy=1e-7", u"1E-7 | --"},
+        {"bought, above it", 479, u"qty=1 buy=2e-7", u"2E-7 4/$/T"},
+        {"bought, below 0", 479, u"qty=1 buy=-5", u"-5 | --"},
+        {"sold, at it", 480, u"qty=1 sell=1e-7", u"1E-7 | --"},
+        {"sold, below 0", 480, u"qty=1 sell=-5", u"-5 | --"},
+        {"pending, at it", 482, u"qty=1 psell=1e-7", u"1E-7 | --"},
+        {"pending, below 0", 482, u"qty=1 psell=-5", u"-5 4/$/T"},
+        {"covered alone", 1105, u"qty=1 cover=31", u"31 | --"},
+        {"covered, start below 0", 1105, u"qty=1 start=-5 cover=31", u"31 4/$/T"},
+        {"covered, start at it", 1105, u"qty=1 start=1e-7 cover=31", u"31 | --"},
+        {"covered, bought", 1105, u"qty=1 buy=1 cover=-31", u"-31 4/$/T"},
+        {"covered, bought below 0", 1105, u"qty=1 buy=-1 cover=31", u"31 | --"},
+        {"covered, sold", 1105, u"qty=1 sell=1 cover=31", u"31 4/$/T"},
+        {"covered at it", 1105, u"qty=1 start=5 cover=1e-7", u"1E-7 | --"},
+        {"moved in and out", 1302, u"qty=1 out=5 in=5", u"0 4/$/T"},
+        {"moved out", 1302, u"qty=1 out=5", u"-5 4/$/T"},
+        {"not moved", 1302, u"qty=1", u"0 | --"},
+        {"moved in below 0", 1302, u"qty=1 in=-5", u"-5 | --"},
+        {"start 0", 9014, u"qty=1", u"0 | --"},
+        {"start at it", 9014, u"qty=1 start=-1e-7", u"-1E-7 | --"},
+        {"start below 0", 9014, u"qty=1 start=-5", u"-5 4/$/T"},
+        {"start of a short", 9014, u"short qty=1 start=5", u"5 4/$/T"},
+        {"average 0", 42, u"qty=1", u"0 2/$/T"},
+        {"realised 0", 189, u"qty=1", u"0 3/$/F"},
+        {"unrealised 0", 446, u"qty=1", u"0 3/$/F"},
+        {"total 0", 607, u"qty=1", u"0 3/$/F"},
+        {"no last price", 3, u"qty=1", u"#0 | --"},
+        {"no market value", 405, u"qty=1", u"#0 | --"},
+        {"none to convert", 406, u"qty=1", u"#0 | --"},
     };
     for (const auto& row : cases) {
         Hold(u"A1", u"00700", row.Figures);
@@ -184,14 +122,14 @@ TEST_F(TPositionColumnValuesTest, QuantitiesAndTheirBorders) {
     }
     SetConfig(ConfigKey::ShowNegForShortPos, u"1");
     EXPECT_EQ(Cell(0, 9014), u"0 | --");
-    Hold(u"A1", u"00700", {.Side = TSide::Short, .Quantity = 1, .BODQuantity = 5});
-    EXPECT_EQ(Cell(0, 9014), u"5 | 5 4/$/T") << "read by a new list only";
+    Hold(u"A1", u"00700", u"short qty=1 start=5");
+    EXPECT_EQ(Cell(0, 9014), u"5 4/$/T") << "read by a new list only";
     MakeList();
     Show(u"A1");
     EXPECT_EQ(Cell(0, 9014), u"5 | -5 4/$/T");
-    for (const TSide side : {TSide::Net, TSide::Long}) {
-        Hold(u"A1", u"00700", {.Side = side, .Quantity = 1, .BODQuantity = 5});
-        EXPECT_EQ(Cell(0, 9014), u"5 | 5 4/$/T");
+    for (const StringView figures : {u"qty=1 start=5", u"long qty=1 start=5"}) {
+        Hold(u"A1", u"00700", figures);
+        EXPECT_EQ(Cell(0, 9014), u"5 4/$/T");
     }
 }
 
@@ -201,11 +139,11 @@ TEST_F(TPositionColumnValuesTest, AveragePriceByMode) {
     SpyOnFormatter();
     constexpr struct {
         StringView Mode, Cell;
-    } cases[] = {{u"1", u"47 | 47 2/$/T"},
-                 {u"2", u"41 | 41 2/$/T"},
-                 {u"0", u"43 | 43 2/$/T"},
-                 {u"7", u"43 | 43 2/$/T"},
-                 {u"-1", u"43 | 43 2/$/T"}};
+    } cases[] = {{u"1", u"47 2/$/T"},
+                 {u"2", u"41 2/$/T"},
+                 {u"0", u"43 2/$/T"},
+                 {u"7", u"43 2/$/T"},
+                 {u"-1", u"43 2/$/T"}};
     for (const auto& row : cases) {
         SetConfig(ConfigKey::PVAvgPriceMode, row.Mode);
         EXPECT_EQ(Cell(0, 42), row.Cell) << ToUtf8(row.Mode);
@@ -228,23 +166,23 @@ TEST_F(TPositionColumnValuesTest, TickerAndMarketRecord) {
         bool HasFields;
         StringView Last, Exchange, Name21, Currency, Expiry, Close;
     } cases[] = {
-        {"both, live", u"TCHC6", 1, true, u"12 | 12 8/$/T", u"'HKFE'", u"'TCHC6'", u"'HKD'",
-         u"'202609' | 202609", u"11 | 11 8/$/T"},
+        {"both, live", u"TCHC6", 1, true, u"12 8/$/T", u"'HKFE'", u"'TCHC6'", u"'HKD'", u"'202609'",
+         u"11 8/$/T"},
         {"both, live and empty", u"TCHC6", 1, false, u"0 | --", u"'HKFE'", u"'TCHC6'", u"'HKD'",
-         u"'' | ", u"0 | --"},
+         u"''", u"0 | --"},
         {"both, waiting", u"TCHC6", 0, true, u"#0 | --", u"'HKFE'", u"'TCHC6'", u"'HKD'",
-         u"'202606' | 202606", u"#0 | --"},
+         u"'202606'", u"#0 | --"},
         {"both, no data", u"TCHC6", 2, true, u"#0 | --", u"'HKFE'", u"'TCHC6'", u"'HKD'",
-         u"'202606' | 202606", u"#0 | --"},
-        {"record", u"TCHC6", none, true, u"#0 | --", u"'HKFE'", u"'TCHC6'", u"'HKD'",
-         u"'202606' | 202606", u"#0 | --"},
-        {"ticker, live", u"Z", 1, true, u"12 | 12 8/$/T", u"'XEX'", u"'Z'", u"'XXX'",
-         u"'202609' | 202609", u"11 | 11 8/$/T"},
-        {"ticker, live and empty", u"Z", 1, false, u"0 | --", u"''", u"'Z'", u"''", u"'' | ",
+         u"'202606'", u"#0 | --"},
+        {"record", u"TCHC6", none, true, u"#0 | --", u"'HKFE'", u"'TCHC6'", u"'HKD'", u"'202606'",
+         u"#0 | --"},
+        {"ticker, live", u"Z", 1, true, u"12 8/$/T", u"'XEX'", u"'Z'", u"'XXX'", u"'202609'",
+         u"11 8/$/T"},
+        {"ticker, live and empty", u"Z", 1, false, u"0 | --", u"''", u"'Z'", u"''", u"''",
          u"0 | --"},
-        {"ticker, waiting", u"Z", 0, true, u"#0 | --", u"''", u"'Z'", u"''", u"'' | ", u"#0 | --"},
-        {"ticker, no data", u"Z", 2, true, u"#0 | --", u"''", u"'Z'", u"''", u"'' | ", u"#0 | --"},
-        {"neither", u"Z", none, true, u"#0 | --", u"''", u"'Z'", u"''", u"'' | ", u"#0 | --"},
+        {"ticker, waiting", u"Z", 0, true, u"#0 | --", u"''", u"'Z'", u"''", u"''", u"#0 | --"},
+        {"ticker, no data", u"Z", 2, true, u"#0 | --", u"''", u"'Z'", u"''", u"''", u"#0 | --"},
+        {"neither", u"Z", none, true, u"#0 | --", u"''", u"'Z'", u"''", u"''", u"#0 | --"},
     };
     Services().Language().SetText(TAppLanguage::English, u"Exchange", u"HKFE", u"HKFE");
     SpyOnFormatter();
@@ -259,15 +197,12 @@ TEST_F(TPositionColumnValuesTest, TickerAndMarketRecord) {
             item.SetField(Field::Expiry, u"202609");
         }
         item.SetStatus(row.Status);
-        Hold(u"A2", row.Symbol, {.Quantity = 1.0, .Ticker = row.Status == none ? nullptr : &item});
+        Hold(u"A2", row.Symbol, u"qty=1", row.Status == none ? nullptr : &item);
         Show(u"A2");
-        const auto same = [](StringView quoted) { // of a text column
-            return String(quoted) + u" | " + String(quoted.substr(1, quoted.size() - 2));
-        };
         EXPECT_EQ(Cell(0, 3), row.Last);
-        EXPECT_EQ(Cell(0, 20), same(row.Exchange));
-        EXPECT_EQ(Cell(0, 21), same(row.Name21));
-        EXPECT_EQ(Cell(0, 23), same(row.Currency));
+        EXPECT_EQ(Cell(0, 20), row.Exchange);
+        EXPECT_EQ(Cell(0, 21), row.Name21);
+        EXPECT_EQ(Cell(0, 23), row.Currency);
         EXPECT_EQ(Cell(0, 29), row.Expiry);
         EXPECT_EQ(Cell(0, 31), row.Close);
         Hold(u"A2", row.Symbol, 0.0);
@@ -280,8 +215,8 @@ TEST_F(TPositionColumnValuesTest, TheEmptyCodeIsTranslatedAsWell) {
     language.SetText(TAppLanguage::English, u"Currency", u"", u"nothing");
     Hold(u"A1", u"Z", 1.0);
     Show(u"A1");
-    EXPECT_EQ(Cell(0, 20), u"'nowhere' | nowhere");
-    EXPECT_EQ(Cell(0, 23), u"'nothing' | nothing");
+    EXPECT_EQ(Cell(0, 20), u"'nowhere'");
+    EXPECT_EQ(Cell(0, 23), u"'nothing'");
 }
 
 TEST_F(TPositionColumnValuesTest, ConvertedMarketValue) {
@@ -301,23 +236,20 @@ TEST_F(TPositionColumnValuesTest, ConvertedMarketValue) {
         Double SourceRatio;
         StringView Plain, Converted;
     } cases[] = {
-        {"converted", u"AU12", u"USD", nullptr, 2.0, u"40000 | 40000 3/$/F",
-         u"10000 | 10000 3/$/F"},
-        {"no target", u"AU12", u"", nullptr, 2.0, u"40000 | 40000 3/$/F", u"40000 | 40000 3/$/F"},
-        {"target without a ratio", u"AU12", u"EUR", nullptr, 2.0, u"40000 | 40000 3/$/F",
+        {"converted", u"AU12", u"USD", nullptr, 2.0, u"40000 3/$/F", u"10000 3/$/F"},
+        {"no target", u"AU12", u"", nullptr, 2.0, u"40000 3/$/F", u"40000 3/$/F"},
+        {"target without a ratio", u"AU12", u"EUR", nullptr, 2.0, u"40000 3/$/F",
          u"40000 | 80000 3/$/F"},
-        {"to its own", u"AU12", u"CNY", nullptr, 2.0, u"40000 | 40000 3/$/F",
-         u"40000 | 40000 3/$/F"},
-        {"own without a ratio", u"AU12", u"USD", nullptr, 0.0, u"40000 | 40000 3/$/F",
-         u"0 | 0 3/$/F"},
-        {"no currency", u"Z", u"USD", nullptr, 2.0, u"40 | 40 3/$/F", u"5 | 5 3/$/F"},
-        {"no currency, no ratio", u"Z", u"EUR", nullptr, 2.0, u"40 | 40 3/$/F", u"40 | 40 3/$/F"},
-        {"currency of the ticker", u"Z", u"USD", &ticker, 2.0, u"40 | 40 3/$/F", u"10 | 10 3/$/F"},
+        {"to its own", u"AU12", u"CNY", nullptr, 2.0, u"40000 3/$/F", u"40000 3/$/F"},
+        {"own without a ratio", u"AU12", u"USD", nullptr, 0.0, u"40000 3/$/F", u"0 3/$/F"},
+        {"no currency", u"Z", u"USD", nullptr, 2.0, u"40 3/$/F", u"5 3/$/F"},
+        {"no currency, no ratio", u"Z", u"EUR", nullptr, 2.0, u"40 3/$/F", u"40 3/$/F"},
+        {"currency of the ticker", u"Z", u"USD", &ticker, 2.0, u"40 3/$/F", u"10 3/$/F"},
         {"no price", u"HSIF", u"USD", nullptr, 2.0, u"#0 | --", u"#0 | --"},
     };
     for (const auto& row : cases) {
         currencies.FeedRatio(u"CNY", row.SourceRatio);
-        Hold(u"A1", row.Symbol, {.Quantity = 6, .ShortQuantity = 2, .Ticker = row.Ticker});
+        Hold(u"A1", row.Symbol, u"qty=6 sqty=2", row.Ticker);
         Show(u"A1");
         List->SetConvertCurrency(row.Target);
         EXPECT_EQ(Cell(0, 405), row.Plain) << row.Name;
@@ -327,14 +259,13 @@ TEST_F(TPositionColumnValuesTest, ConvertedMarketValue) {
 }
 
 TEST_F(TPositionColumnValuesTest, AmountsRoundAsTheyAreShown) {
-    TPositionFigures figures{
-        .Quantity = 1, .InitPL = -1000.0, .RealPL = 1234567.894, .ExePL = 0.126};
-    Hold(u"A1", u"00700", figures);
+    Hold(u"A1", u"00700", u"qty=1 init=-1000 real=1234567.894 exe=0.126");
     Show(u"A1");
     EXPECT_EQ(Cell(0, 189), u"1234567.89 | 1,234,567.89");
-    EXPECT_EQ(Cell(0, 607), u"-999.87 | -999.87");
+    EXPECT_EQ(Cell(0, 607), u"-999.87");
     EXPECT_EQ(Cell(0, 446), u"-1235567.77 | -1,235,567.77");
-    SpyOnFormatter();
+    TFixedFormatter formatter;
+    ServiceRegistry::Install(&formatter);
     constexpr struct {
         StringView Text, Cell;
     } cases[] = {{u"1,2,3.50", u"123.5 | 1,2,3.50"},
@@ -343,7 +274,7 @@ TEST_F(TPositionColumnValuesTest, AmountsRoundAsTheyAreShown) {
                  {u",", u"1234567.894 | ,"},
                  {u"-0.00", u"0 | -0.00"}};
     for (const auto& row : cases) {
-        Spy.Instead = row.Text;
+        formatter.Text = row.Text;
         EXPECT_EQ(Cell(0, 189), row.Cell) << ToUtf8(row.Text);
     }
 }

@@ -139,6 +139,21 @@ public:
     }
 };
 
+// The value of a cell, and " | " with its text where that says something else. What the spy adds to
+// the number follows it; "$" stands for the symbol of the row's record there.
+inline String CellOf(TBaseDataControl& control, Integer row, Integer attribute,
+                     const TCustomPositionData* record) {
+    const Variant value = control.GetValue(row, attribute);
+    String text = control.GetDisplayValue(row, attribute);
+    const std::size_t place =
+        record != nullptr ? text.find(u'/' + record->GetSymbol() + u'/') : String::npos;
+    if (place != String::npos) text.replace(place + 1, record->GetSymbol().size(), u"$");
+    const String plain = value.ToText();
+    if (text == plain) return Kinded(value);
+    if (text.starts_with(plain + u' ')) return Kinded(value) + text.substr(plain.size());
+    return Kinded(value) + u" | " + text;
+}
+
 // A position view that can be looked into.
 class TView : public TPositionViewDataControl {
     QUORIN_CLASS(TView, TPositionViewDataControl)
@@ -261,19 +276,8 @@ struct TPositionViewTest : TServicesFixture {
     }
     void Deliver() { Services().Deliver(); }
 
-    // The value of a cell, and " | " with its text where that says something else. What the spy
-    // adds to the number follows it; "$" stands for the row's symbol there.
     String Cell(Integer row, Integer attribute) {
-        const Variant value = View->GetValue(row, attribute);
-        String text = View->GetDisplayValue(row, attribute);
-        const TCustomPositionData* record = View->Record(row);
-        const std::size_t place =
-            record != nullptr ? text.find(u'/' + record->GetSymbol() + u'/') : String::npos;
-        if (place != String::npos) text.replace(place + 1, record->GetSymbol().size(), u"$");
-        const String plain = value.ToText();
-        if (text == plain) return Kinded(value);
-        if (text.starts_with(plain + u' ')) return Kinded(value) + text.substr(plain.size());
-        return Kinded(value) + u" | " + text;
+        return CellOf(*View, row, attribute, View->Record(row));
     }
 
     // The signals since the last time, in order: R rows, S summary, I account information.
