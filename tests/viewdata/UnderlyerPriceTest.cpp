@@ -1,3 +1,5 @@
+#include "platform/rtl/Numbers.h"
+#include "platform/rtl/Text.h"
 #include "tests/viewdata/HollowMarket.h"
 #include "tests/viewdata/MarketFixture.h"
 #include "viewdata/market/UnderlyerPriceDataControl.h"
@@ -68,31 +70,23 @@ struct TUnderlyerPriceTest : TServicesFixture {
             market.AddSeries({.Code = series, .Exchange = u"DEX"});
         }
         market.AddSeries({.Code = u"FAV", .Exchange = FavoriteExchange});
-        const auto add = [&market](StringView symbol, Integer type, StringView month = {},
-                                   StringView callPut = {}) {
-            market.AddSymbol({.Symbol = symbol,
+        // Symbol, product type, month and marker of each.
+        constexpr StringView products =
+            u"F6 2 202606|C9 3 202609 1|F9 2 202609|F6/9 2 202606|FC 2 202606 C|F 2 203012|"
+            u"C6 3 202606 C|P6 3 202606 Put|P9 3 202609 2|C6/9 3 202606 6A|P6/9 3 202606 7|"
+            u"N6 3 202606|X6 3 202606 XC1|c6 3 202606 c|N 3|STOCK 1 202606 C";
+        for (const StringView product : Split(products, u'|')) {
+            const auto words = Split(product, u' ');
+            const auto word = [&](std::size_t at) {
+                return at < words.size() ? StringView(words[at]) : StringView();
+            };
+            market.AddSymbol({.Symbol = word(0),
                               .Exchange = u"DEX",
                               .Series = u"OPT",
-                              .ProductType = type,
-                              .ExpiryMonth = month,
-                              .CallPut = callPut});
-        };
-        add(u"F6", ProductType::Futures, u"202606");
-        add(u"C9", ProductType::Options, u"202609", u"1");
-        add(u"F9", ProductType::Futures, u"202609");
-        add(u"F6/9", ProductType::Futures, u"202606");
-        add(u"FC", ProductType::Futures, u"202606", u"C");
-        add(u"F", ProductType::Futures, u"203012");
-        add(u"C6", ProductType::Options, u"202606", u"C");
-        add(u"P6", ProductType::Options, u"202606", u"Put");
-        add(u"P9", ProductType::Options, u"202609", u"2");
-        add(u"C6/9", ProductType::Options, u"202606", u"6A");
-        add(u"P6/9", ProductType::Options, u"202606", u"7");
-        add(u"N6", ProductType::Options, u"202606");
-        add(u"X6", ProductType::Options, u"202606", u"XC1");
-        add(u"c6", ProductType::Options, u"202606", u"c");
-        add(u"N", ProductType::Options);
-        add(u"STOCK", StockProductType, u"202606", u"C");
+                              .ProductType = ToIntegerOr(word(1), 0),
+                              .ExpiryMonth = word(2),
+                              .CallPut = word(3)});
+        }
         market.AddSymbol({.Symbol = u"FAVF",
                           .Exchange = FavoriteExchange,
                           .Series = u"FAV",
