@@ -42,12 +42,20 @@ Int64 TOrderDesk::TimeNanos() const {
 }
 
 TOrderReason TOrderDesk::Take(const TOrderValues& values) {
+    return SaysItCloses(values) ? TakeClose(values) : TakeOne(values);
+}
+
+void TOrderDesk::Refuse(TDeskOrder& order, TOrderReason reason) {
+    order.State = TOrderState::Refused;
+    order.Reason = reason;
+    Note(TOrderAuditKind::Refusal, order, {order.Values.Price, order.Values.Quantity});
+}
+
+TOrderReason TOrderDesk::TakeOne(const TOrderValues& values) {
     const TOrderReason reason = Check(values);
     TDeskOrder& order = Enter(values);
     if (reason != TOrderReason::None) {
-        order.State = TOrderState::Refused;
-        order.Reason = reason;
-        Note(TOrderAuditKind::Refusal, order, {values.Price, values.Quantity});
+        Refuse(order, reason);
         return reason;
     }
     Note(TOrderAuditKind::Order, order, {values.IsMarket() ? 0.0 : values.Price, values.Quantity});

@@ -72,6 +72,11 @@ public:
     ~TOrderDesk();
 
     // The answer is None for an order that was taken. Calls nobody back.
+    //
+    // An order with ClosePositionFlagKey closes what is held and no more: against a short record it
+    // becomes a buy, and in a master account whose own position is not exactly its quantity it is
+    // spread over the master and then its sub-accounts in their order, each closing its own side.
+    // Every part is an order of its own; what nobody holds is refused. It is taken when a part is.
     TOrderReason Take(const TOrderValues& values);
     // Notes that something came that is no order.
     void RefuseUnknown();
@@ -118,6 +123,19 @@ private:
     TOrderMarket& Market();
     TDeskOrder& At(Int64 number) { return FOrders[static_cast<std::size_t>(number - 1)]; }
     TDeskOrder& Enter(const TOrderValues& values);
+    // What an account holds that an order could close, with the side that closes it.
+    struct TClosable {
+        Integer BuySell = OrderSide::Sell;
+        Double Held = 0.0;
+        Double Open = 0.0; // less what working orders close already
+    };
+    static bool SaysItCloses(const TOrderValues& values);
+    TClosable ClosableOf(StringView account, const TOrderValues& values) const;
+    Double WaitingClose(StringView account, StringView symbol, Integer side) const;
+    TList<String> ClosingAccounts(const TOrderValues& values) const;
+    TOrderReason TakeClose(const TOrderValues& values);
+    TOrderReason TakeOne(const TOrderValues& values);
+    void Refuse(TDeskOrder& order, TOrderReason reason);
     TOrderReason Check(const TOrderValues& values) const;
     bool IsWholeClose(const TOrderValues& values) const;
     bool CrossesZero(const TOrderValues& values) const;

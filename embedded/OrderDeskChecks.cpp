@@ -69,15 +69,9 @@ bool TOrderDesk::IsWholeClose(const TOrderValues& values) const {
 bool TOrderDesk::CrossesZero(const TOrderValues& values) const {
     if (!FPositions.IsSided(values.Account, values.Symbol)) return false;
     const Double held = HeldQuantity(values.Account, values.Symbol);
-    Double closable = values.IsBuy() ? -held : held;
-    if (closable <= 0.0) return false; // it opens, or adds
-    for (const Int64 number : FWorking) {
-        const TDeskOrder& other = *FindOrder(number);
-        if (other.Values.Account == values.Account && other.Values.Symbol == values.Symbol &&
-            other.Values.BuySell == values.BuySell) {
-            closable -= other.Values.Quantity - other.Matched;
-        }
-    }
+    Double closable = values.IsBuy() ? -held : held; // less what other orders close
+    if (closable <= 0.0) return false;               // it opens, or adds
+    closable -= WaitingClose(values.Account, values.Symbol, values.BuySell);
     return WithoutDust(values.Quantity - closable) > 0.0;
 }
 
