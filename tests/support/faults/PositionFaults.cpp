@@ -129,13 +129,22 @@ void TFaultyPositionAdapter::TellChange(TFaultyEntry& entry) {
         return;
     }
     THeld held;
-    AddHeld(held, entry.Key());
     if (FPlan.OneIn(2)) AddAllHeld(held);
+    held.AddOrSetValue(entry.Key(), KnownPositions(entry));
     FPlan.Count(TFault::NamesMore);
-    TAccountPositionDictionary sender;
-    for (const auto& item : held) sender.Add(item.Key, &item.Value);
-    entry.Tell(&sender);
-    Take(entry, &sender);
+    Tell(entry, held);
+}
+
+// What opened or closed and waits for its delivery is left out.
+TPositionDictionary TFaultyPositionAdapter::KnownPositions(const TFaultyEntry& entry) {
+    TPositionDictionary positions;
+    FInner.GetPositionList(entry.Key(), positions);
+    const TTold& told = FTold[&entry];
+    TPositionDictionary known;
+    for (const auto& [symbol, record] : positions) {
+        if (IsOpen(*record) == told.Open.ContainsKey(symbol)) known.Add(symbol, record);
+    }
+    return known;
 }
 
 void TFaultyPositionAdapter::TellMove(TFaultyEntry& entry) {

@@ -42,6 +42,7 @@ private:
     void Take(TFaultyEntry& entry, Pointer sender);
     // Tells that the last position is closed, then that it is open; false where there is none.
     bool DropAndReAdd(TFaultyEntry& entry);
+    TPositionDictionary KnownPositions(const TFaultyEntry& entry);
     void AddHeld(THeld& held, StringView account) const;
     void AddAllHeld(THeld& held) const;
     static void Tell(TFaultyEntry& entry, THeld& held);
