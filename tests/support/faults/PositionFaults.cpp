@@ -47,9 +47,8 @@ void TFaultyPositionAdapter::RemovePositionCallback(StringView Account, TObject*
 
 void TFaultyPositionAdapter::AddPositionMarketDataCallback(const TDataCallbackEvent& Callback,
                                                            TObject* Owner) {
-    FMoves.Register(Owner, {}, Callback, [&](const auto& event) {
-        FInner.AddPositionMarketDataCallback(event, Owner);
-    });
+    FMoves.Register(Owner, {}, Callback,
+                    [&](const auto& event) { FInner.AddPositionMarketDataCallback(event, Owner); });
     FPlan.InRegistration(FMoves);
 }
 
@@ -189,7 +188,19 @@ void TFaultyPositionAdapter::Take(TFaultyEntry& entry, Pointer sender) {
     }
 }
 
+// A list of sums puts a row that comes back where its sum is made, wherever it stood.
+bool TFaultyPositionAdapter::MayMoveRows(const TFaultyEntry& entry) const {
+    if (!FAggregates.Has(entry)) return false;
+    TPositionDictionary all;
+    FInner.GetPositionList(entry.Key(), all);
+    TAccountDictionary subAccounts;
+    FAccounts.GetSubAccountList(entry.Key(), subAccounts);
+    for (const auto& item : subAccounts) FInner.GetPositionList(item.Key, all);
+    return all.Count() > 1;
+}
+
 bool TFaultyPositionAdapter::DropAndReAdd(TFaultyEntry& entry) {
+    if (MayMoveRows(entry)) return false;
     const TTold& told = FTold[&entry];
     String symbol = told.Last;
     if (symbol.empty() && told.Open.Count() == 1) symbol = told.Open.Keys()[0];
