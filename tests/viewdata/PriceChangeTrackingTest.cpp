@@ -110,11 +110,15 @@ TEST_F(TPriceChangeTrackingTest, LastPriceSurvivesAReloadAndItsMoveDoesNot) {
 }
 
 TEST_F(TPriceChangeTrackingTest, AReloadFromInsideAnUpdateForgetsItsMove) {
-    Show({0});
-    Tick({u"00700"}, 5.0);
-    Control->SetOnDataChanged(MakeEvent<&TPriceChangeTrackingTest::Reload>(this));
-    Tick({u"00700"}, 6.0);
-    EXPECT_EQ(LastMove(), std::nullopt);
+    for (Integer round = 0; round < 100; ++round) { // a fault signals from another place each time
+        Show({0});
+        Tick({u"00700"}, 5.0);
+        Control->SetOnDataChanged(MakeEvent<&TPriceChangeTrackingTest::Reload>(this));
+        Tick({u"00700"}, 6.0);
+        EXPECT_EQ(LastMove(), std::nullopt);
+        Control->SetOnDataChanged(nullptr);
+        Load(FavoriteExchange);
+    }
 }
 
 TEST_F(TPriceChangeTrackingTest, ChangeAgainstThePreviousCloseIsExact) {

@@ -20,7 +20,7 @@ void TFaultyEntry::Called(Pointer sender, Pointer data) {
     }
 }
 
-TFaultyEntry* TFaultyCallbacks::Find(TObject* owner, StringView key) {
+const TFaultyEntry* TFaultyCallbacks::Find(const TObject* owner, StringView key) const {
     const auto found = std::find_if(FEntries.begin(), FEntries.end(), [&](const auto& entry) {
         return entry.FIsAlive && entry.FOwner == owner && entry.FKey == key;
     });
@@ -30,7 +30,7 @@ TFaultyEntry* TFaultyCallbacks::Find(TObject* owner, StringView key) {
 // The same registration again is the same entry; another callback is another one.
 TFaultyEntry& TFaultyCallbacks::Obtain(TObject* owner, StringView key,
                                        const TDataCallbackEvent& event) {
-    if (TFaultyEntry* known = Find(owner, key)) {
+    if (auto* known = const_cast<TFaultyEntry*>(Find(owner, key))) {
         if (known->FEvent == event) return *known;
         known->FIsAlive = false;
     }
@@ -38,7 +38,11 @@ TFaultyEntry& TFaultyCallbacks::Obtain(TObject* owner, StringView key,
 }
 
 void TFaultyCallbacks::Remove(TObject* owner, StringView key) {
-    if (TFaultyEntry* known = Find(owner, key)) known->FIsAlive = false;
+    if (auto* known = const_cast<TFaultyEntry*>(Find(owner, key))) known->FIsAlive = false;
+}
+
+bool TFaultyCallbacks::Has(const TFaultyEntry& other) const {
+    return Find(other.FOwner, other.FKey) != nullptr;
 }
 
 bool TFaultyCallbacks::HasAny() const {

@@ -73,12 +73,14 @@ public:
     void End(TFaultyEntry& entry) { entry.FIsAlive = false; }
 
     bool HasAny() const;
+    // The owner of an entry of another list is registered here under the same key.
+    bool Has(const TFaultyEntry& other) const;
     // Tells all owners that are registered now.
     void TellAll();
 
 private:
     friend class TFaultyEntry;
-    TFaultyEntry* Find(TObject* owner, StringView key);
+    const TFaultyEntry* Find(const TObject* owner, StringView key) const;
 
     TFaultPlan& FPlan;
     TTell FTell;

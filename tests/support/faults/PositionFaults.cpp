@@ -47,9 +47,8 @@ void TFaultyPositionAdapter::RemovePositionCallback(StringView Account, TObject*
 
 void TFaultyPositionAdapter::AddPositionMarketDataCallback(const TDataCallbackEvent& Callback,
                                                            TObject* Owner) {
-    FMoves.Register(Owner, {}, Callback, [&](const auto& event) {
-        FInner.AddPositionMarketDataCallback(event, Owner);
-    });
+    FMoves.Register(Owner, {}, Callback,
+                    [&](const auto& event) { FInner.AddPositionMarketDataCallback(event, Owner); });
     FPlan.InRegistration(FMoves);
 }
 
@@ -129,13 +128,22 @@ void TFaultyPositionAdapter::TellChange(TFaultyEntry& entry) {
         return;
     }
     THeld held;
-    AddHeld(held, entry.Key());
     if (FPlan.OneIn(2)) AddAllHeld(held);
+    held.AddOrSetValue(entry.Key(), KnownPositions(entry));
     FPlan.Count(TFault::NamesMore);
-    TAccountPositionDictionary sender;
-    for (const auto& item : held) sender.Add(item.Key, &item.Value);
-    entry.Tell(&sender);
-    Take(entry, &sender);
+    Tell(entry, held);
+}
+
+// What opened or closed and waits for its delivery is left out.
+TPositionDictionary TFaultyPositionAdapter::KnownPositions(const TFaultyEntry& entry) {
+    TPositionDictionary positions;
+    FInner.GetPositionList(entry.Key(), positions);
+    const TTold& told = FTold[&entry];
+    TPositionDictionary known;
+    for (const auto& [symbol, record] : positions) {
+        if (IsOpen(*record) == told.Open.ContainsKey(symbol)) known.Add(symbol, record);
+    }
+    return known;
 }
 
 void TFaultyPositionAdapter::TellMove(TFaultyEntry& entry) {
@@ -180,7 +188,19 @@ void TFaultyPositionAdapter::Take(TFaultyEntry& entry, Pointer sender) {
     }
 }
 
+// A list of sums puts a row that comes back where its sum is made, wherever it stood.
+bool TFaultyPositionAdapter::MayMoveRows(const TFaultyEntry& entry) const {
+    if (!FAggregates.Has(entry)) return false;
+    TPositionDictionary all;
+    FInner.GetPositionList(entry.Key(), all);
+    TAccountDictionary subAccounts;
+    FAccounts.GetSubAccountList(entry.Key(), subAccounts);
+    for (const auto& item : subAccounts) FInner.GetPositionList(item.Key, all);
+    return all.Count() > 1;
+}
+
 bool TFaultyPositionAdapter::DropAndReAdd(TFaultyEntry& entry) {
+    if (MayMoveRows(entry)) return false;
     const TTold& told = FTold[&entry];
     String symbol = told.Last;
     if (symbol.empty() && told.Open.Count() == 1) symbol = told.Open.Keys()[0];

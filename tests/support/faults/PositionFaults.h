@@ -40,8 +40,10 @@ private:
     void TellMove(TFaultyEntry& entry);
     void TellSubAccounts(TFaultyEntry& entry);
     void Take(TFaultyEntry& entry, Pointer sender);
+    bool MayMoveRows(const TFaultyEntry& entry) const;
     // Tells that the last position is closed, then that it is open; false where there is none.
     bool DropAndReAdd(TFaultyEntry& entry);
+    TPositionDictionary KnownPositions(const TFaultyEntry& entry);
     void AddHeld(THeld& held, StringView account) const;
     void AddAllHeld(THeld& held) const;
     static void Tell(TFaultyEntry& entry, THeld& held);
