@@ -90,7 +90,7 @@ TEmbeddedLanguageManager::ReadTables(const std::filesystem::path& path) {
 
 void TEmbeddedLanguageManager::SetText(TAppLanguage language, StringView tag, StringView key,
                                        StringView text, StringView type) {
-    if (language == TAppLanguage::None || key.empty()) return;
+    if (language == TAppLanguage::None) return;
     FTables[static_cast<std::size_t>(language)].Obtain(tag).AddOrSetValue(
         key, TEntry{String(text), String(type)});
 }

@@ -50,13 +50,6 @@ public:
         auto found = std::find(FItems.begin(), FItems.end(), value);
         return found == FItems.end() ? -1 : static_cast<Integer>(found - FItems.begin());
     }
-    // The same for the last equal entry, searched from the end.
-    template <class U>
-    Integer LastIndexOf(const U& value) const {
-        Integer index = Count() - 1;
-        while (index >= 0 && !((*this)[index] == value)) --index;
-        return index;
-    }
     template <class U>
     bool Contains(const U& value) const {
         return IndexOf(value) >= 0;

@@ -10,8 +10,6 @@
 #include "viewdata/services/PositionAdapter.h"
 #include "viewdata/services/SubscribeAdapter.h"
 
-#include <utility>
-
 namespace quorin {
 
 namespace {
@@ -100,9 +98,12 @@ void TCustomPositionDataControl::SetAccount(StringView Account) {
     FDataList.Clear();
     FDataDictionary.Clear();
     TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
-    const String previous = std::exchange(FAccount, account); // first: an update may come at once
     positions.ChangePositionAccount(
-        account, MakeEvent<&TCustomPositionDataControl::PositionUpdate>(this), this, previous);
+        account, MakeEvent<&TCustomPositionDataControl::PositionUpdate>(this), this, FAccount);
+    FAccount = account;
+    // What an update inside that call has brought back belongs to the account before.
+    FDataList.Clear();
+    FDataDictionary.Clear();
     TPositionDictionary held;
     positions.GetPositionList(FAccount, held);
     for (const auto& [symbol, record] : held) {
@@ -121,7 +122,8 @@ void TCustomPositionDataControl::TakeIn(const String& symbol, TCustomPositionDat
 // Searched from the end: what is passed on the way is what moves up when the row goes.
 void TCustomPositionDataControl::Drop(StringView symbol) {
     if (!FDataDictionary.Remove(symbol)) return;
-    const Integer row = FDataList.LastIndexOf(symbol);
+    Integer row = FDataList.Count() - 1;
+    while (row >= 0 && !SameUnits(FDataList[row], symbol)) --row;
     if (row >= 0) FDataList.Delete(row);
 }
 
