@@ -420,6 +420,37 @@ TEST_F(AccountTreeTest, SumStandsAListThatChangesOnTheWay) {
     }
 }
 
+TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
+    View().SetAccount(u"M");
+    View().SetAggregate();
+    const auto feed = [this] {
+        Accounts().FeedAccount(u"S", {.MasterAccount = u"M"});
+        Accounts().FeedBalance(u"S", u"USD", {.Value604 = 10});
+    };
+    struct TCase {
+        const char* Name;
+        std::function<void()> Feed;
+        Double Sum;
+    };
+    const std::vector<TCase> cases = {
+        {"there", feed, 11.0},
+        {"dropped", [&] { Accounts().DropAccount(u"S"); }, 1.0},
+        {"back", feed, 11.0},
+        {"dropped and back at once", [&] { Accounts().DropAccount(u"S"), feed(); }, 11.0},
+    };
+    Accounts().FeedBalance(u"M", u"USD", {.Value604 = 1});
+    for (const TCase& row : cases) {
+        row.Feed();
+        for (Integer delivery = 0; delivery < 3; ++delivery) {
+            Deliver();
+            EXPECT_EQ(View().GetAggregatedAccountCurrencyData(
+                          Accounts().GetAccount(u"M", false)->GetAccountData(u"USD"), 604),
+                      Variant(row.Sum))
+                << row.Name;
+        }
+    }
+}
+
 TEST_F(AccountTreeTest, ReceiverMayFreeTheControl) {
     WithoutCallsInside("the receiver frees the control");
     const TAccountDictionary own = Naming({u"M"});
