@@ -164,6 +164,20 @@ void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDeta
     FChanged.AddOrSetValue(account, record.get());
 }
 
+bool TEmbeddedAccountAdapter::DropAccount(StringView account) {
+    TDroppedAccount dropped{FAccounts.Extract(account), FSummedRecords.Extract(account)};
+    TEmbeddedAccount* record = dropped.Account.get();
+    if (record == nullptr) return false;
+    const auto isRecord = [record](const TEmbeddedAccount* other) { return other == record; };
+    FAccountList.RemoveAll(isRecord);
+    FAwaited.RemoveAll(isRecord);
+    FFedBalances.Remove(record->GetAccount());
+    FNewSubAccounts.Remove(record->GetAccount());
+    FChanged.AddOrSetValue(record->GetAccount(), record);
+    FDropped.Add(std::move(dropped));
+    return true;
+}
+
 bool TEmbeddedAccountAdapter::FeedBalance(StringView account, StringView currency,
                                           const TBalanceFigures& figures) {
     TEmbeddedAccount* record = Find(account);
@@ -252,6 +266,7 @@ void TEmbeddedAccountAdapter::Deliver() {
     CountDown();
     if (!FReady) return;
     const TDeliverySerial serial = FDeliveries.Begin();
+    const TDroppedAccounts gone = std::exchange(FDroppedTold, std::exchange(FDropped, {}));
     TAccountDictionary changed = std::exchange(FChanged, {});
     TAccountDictionary joined = std::exchange(FNewSubAccounts, {});
     TAccountDictionary loaded = LoadDetails();

@@ -48,6 +48,10 @@ public:
 
     // Makes the account known, or replaces the details of a known one. The empty code is ignored.
     void FeedAccount(StringView account, const TAccountDetails& details = {});
+    // Ends an account: from here on no operation knows it, and the next Deliver tells of it. What
+    // was handed out of it stays valid until the Deliver after that has returned. Its positions are
+    // left alone. False for an account that was not fed.
+    bool DropAccount(StringView account);
     // The figures of a known account in one currency, in all together with the empty code. False
     // for an account that was not fed.
     bool FeedBalance(StringView account, StringView currency, const TBalanceFigures& figures);
@@ -86,8 +90,16 @@ private:
     void DeliverChanges(TDeliverySerial serial, TAccountDictionary& changed);
     TAccountDictionary LoadDetails();
 
+    struct TDroppedAccount {
+        std::unique_ptr<TEmbeddedAccount> Account;
+        TBalanceRecords Summed;
+    };
+    using TDroppedAccounts = TList<TDroppedAccount>;
+
     TEmbeddedCurrencyAdapter& FMultiCurrencies;
     TDictionary<String, std::unique_ptr<TEmbeddedAccount>> FAccounts;
+    TDroppedAccounts FDropped;     // nobody has been told yet
+    TDroppedAccounts FDroppedTold; // with the last Deliver
     TList<TEmbeddedAccount*> FAccountList;
     TDictionary<String, TBalanceRecords> FSummedRecords; // by account
     TDictionary<String, String> FCustomValues;           // by section and key

@@ -99,6 +99,35 @@ TEST_F(AccountsTest, OneRecordPerCurrency) {
     TCustomCurrencyAdapter::GetInstance()->RemoveMultiCurrencyInfoCallback(&receiver);
 }
 
+TEST_F(AccountsTest, DroppedAccountIsToldOfAndOutlivesTheCall) {
+    TAccountReceiver own;
+    TAccountReceiver ofMaster;
+    Accounts().FeedAccount(u"S", {.Name = u"Sub", .MasterAccount = u"M"});
+    Accounts().FeedBalance(u"S", u"USD", {.Value991 = 5.0});
+    Services().Deliver();
+    Adapter().ChangeAccountCallback(u"S", own.Event(), &own, u"");
+    Adapter().AddSubAccountCallback(u"M", ofMaster.Event(), &ofMaster, nullptr);
+    const TCustomAccount* account = Adapter().GetAccount(u"S", false);
+    const TCustomAccountData* usd = account->GetAccountData(u"USD");
+    EXPECT_FALSE(Accounts().DropAccount(u"X"));
+    EXPECT_TRUE(Accounts().DropAccount(u"S"));
+    EXPECT_EQ(Adapter().GetAccount(u"S", true), nullptr);
+    EXPECT_EQ(Adapter().GetAccountCount(), 0);
+    EXPECT_EQ(SubAccounts(u"M"), u"");
+    EXPECT_FALSE(Accounts().FeedBalance(u"S", u"USD", {}));
+    Services().Deliver();
+    EXPECT_EQ(own.Take() + ofMaster.Take(), u"S ; S ; ");
+    EXPECT_EQ(account->GetName(), u"Sub");
+    EXPECT_EQ(usd->GetValue991(), 5.0);
+
+    Accounts().FeedAccount(u"S", {.Name = u"New"});
+    Services().Deliver();
+    EXPECT_EQ(own.Take(), u"S ; ");
+    EXPECT_EQ(Adapter().GetAccount(u"S", false)->GetName(), u"New");
+    Adapter().RemoveAccountCallback(u"S", &own);
+    Adapter().RemoveSubAccountCallback(u"M", &ofMaster);
+}
+
 TEST_F(AccountsTest, EachFigureHasItsOperation) {
     TBalanceFigures figures;
     Double number = 1.0;

@@ -191,7 +191,7 @@ TEST_F(AccountCashTest, SignalsOfEachEvent) {
     for (const TCase& row : cases) {
         Signals();
         row.Action();
-        ExpectSignals(row.Signals, row.Name);
+        EXPECT_EQ(Signals(), row.Signals) << row.Name;
         EXPECT_EQ(Accounts().RegistrationCount(), row.Registrations) << row.Name;
     }
 }
@@ -242,6 +242,7 @@ TEST_F(AccountCashTest, TreeListWalksFromTheRoot) {
 }
 
 TEST_F(AccountCashTest, ReceiverMayFreeTheControl) {
+    WithoutCallsInside("the receiver frees the control");
     const std::vector<std::function<void()>> actions = {
         [&] { View().MonitorAllAccount(); },
         [&] { View().AccountUpdate(nullptr, nullptr); },

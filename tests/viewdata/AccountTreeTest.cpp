@@ -115,7 +115,7 @@ TEST_F(AccountTreeTest, ColumnListsReplaceEachOther) {
     EXPECT_EQ(View().GetCount(), 6);
     View().SetColumnList(&Columns.Make({607}));
     EXPECT_EQ(Nodes(), u"607 607-HKD 607-USD");
-    ExpectSignals(0, "the caller tells the view");
+    EXPECT_EQ(Signals(), 0) << "the caller tells the view";
 }
 
 TEST_F(AccountTreeTest, CurrenciesThatComeLater) {
@@ -191,7 +191,7 @@ TEST_F(AccountTreeTest, SignalsOfEachEvent) {
     for (const TCase& row : cases) {
         Signals();
         row.Action();
-        ExpectSignals(row.Signals, row.Name);
+        EXPECT_EQ(Signals(), row.Signals) << row.Name;
     }
     View().SetOnDataChanged(nullptr);
     View().Changed();
@@ -226,7 +226,7 @@ TEST_F(AccountTreeTest, DeliveriesReachTheControl) {
     Accounts().FeedBalance(u"S", u"", {});
     Accounts().FeedBalance(u"P", u"", {});
     Deliver();
-    ExpectSignals(0, "others");
+    EXPECT_EQ(Signals(), 0) << "others";
 }
 
 // Registrations of the account service: one for the account, one for the sub-accounts.
@@ -420,7 +420,39 @@ TEST_F(AccountTreeTest, SumStandsAListThatChangesOnTheWay) {
     }
 }
 
+TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
+    View().SetAccount(u"M");
+    View().SetAggregate();
+    const auto feed = [this] {
+        Accounts().FeedAccount(u"S", {.MasterAccount = u"M"});
+        Accounts().FeedBalance(u"S", u"USD", {.Value604 = 10});
+    };
+    struct TCase {
+        const char* Name;
+        std::function<void()> Feed;
+        Double Sum;
+    };
+    const std::vector<TCase> cases = {
+        {"there", feed, 11.0},
+        {"dropped", [&] { Accounts().DropAccount(u"S"); }, 1.0},
+        {"back", feed, 11.0},
+        {"dropped and back at once", [&] { Accounts().DropAccount(u"S"), feed(); }, 11.0},
+    };
+    Accounts().FeedBalance(u"M", u"USD", {.Value604 = 1});
+    for (const TCase& row : cases) {
+        row.Feed();
+        for (Integer delivery = 0; delivery < 3; ++delivery) {
+            Deliver();
+            EXPECT_EQ(View().GetAggregatedAccountCurrencyData(
+                          Accounts().GetAccount(u"M", false)->GetAccountData(u"USD"), 604),
+                      Variant(row.Sum))
+                << row.Name;
+        }
+    }
+}
+
 TEST_F(AccountTreeTest, ReceiverMayFreeTheControl) {
+    WithoutCallsInside("the receiver frees the control");
     const TAccountDictionary own = Naming({u"M"});
     struct TCase {
         const char* Name;

@@ -439,6 +439,7 @@ TEST_F(AccountValuesTest, PricingFollowsTheSettingsOfTheStart) {
 }
 
 TEST_F(AccountValuesTest, NumbersAskForNoMemory) {
+    WithoutFaults("faults ask for memory");
     View().SetColumnList(&Columns.Make({604, 189, 996, 777, 101601}));
     Accounts().FeedBalance(u"M", u"USD", Figures(1, 2, 3, 4, 5, 6, 7));
     for (const Boolean summed : {false, true}) {
