@@ -1,0 +1,358 @@
+#include "tests/viewdata/EditorFixture.h"
+
+#include "platform/rtl/FormatSettings.h"
+#include "platform/widgets/ResourceStrings.h"
+#include "viewdata/frame/ColumnInfo.h"
+#include "viewdata/services/ResourceKeys.h"
+
+namespace quorin {
+namespace {
+
+// A form with one field of each kind.
+struct TEditorManagerTest : TEditorFixture {
+    enum TKind { Price, Quantity, Symbol, Account, KindCount };
+
+    TEditorManagerTest() { Start(); }
+
+    void Start() override {
+        Kind = Price;
+        for (auto& edit : Spins) edit = CreateComponent<TcxSpinEdit>();
+        for (auto& edit : Popups) edit = CreateComponent<TcxPopupEdit>();
+        for (int kind = 0; kind < KindCount; ++kind) {
+            TcxCustomEdit& edit = FieldOfKind(kind);
+            edit.SetParent(&Form);
+            Traces[kind] = std::make_unique<TEditTrace>(edit, [] { return ""; });
+        }
+    }
+    std::string State() override { return {}; }
+
+    TcxCustomEdit& FieldOfKind(int kind) {
+        if (kind < Symbol) return *Spins[kind];
+        return *Popups[kind - Symbol];
+    }
+    void Free(int kind) {
+        if (kind < Symbol) return Spins[kind].reset();
+        Popups[kind - Symbol].reset();
+    }
+    void Register(int kind, StringView group) {
+        switch (kind) {
+        case Price: return Manager().RegisterPriceEditor(Spins[kind].get(), group);
+        case Quantity: return Manager().RegisterQuantityEditor(Spins[kind].get(), group);
+        case Symbol: return Manager().RegisterSymbolEditor(Popups[0].get(), group, false, true);
+        default: return Manager().RegisterAccountEditor(Popups[1].get(), group, false, true);
+        }
+    }
+    void Remove(int kind) {
+        switch (kind) {
+        case Price: return Manager().RemovePriceEditor(Spins[kind].get());
+        case Quantity: return Manager().RemoveQuantityEditor(Spins[kind].get());
+        case Symbol: return Manager().RemoveSymbolEditor(Popups[0].get());
+        default: return Manager().RemoveAccountEditor(Popups[1].get());
+        }
+    }
+    Integer Registered() { return Services().RegistrationCount(); }
+    TcxCustomEdit* Edited() override {
+        const bool isThere =
+            Kind < Symbol ? Spins[Kind] != nullptr : Popups[Kind - Symbol] != nullptr;
+        return isThere ? &FieldOfKind(Kind) : nullptr;
+    }
+
+    int Kind = Price;
+    std::array<std::unique_ptr<TcxSpinEdit>, 2> Spins;
+    std::array<std::unique_ptr<TcxPopupEdit>, 2> Popups;
+    std::array<std::unique_ptr<TEditTrace>, KindCount> Traces;
+};
+
+TEST_F(TEditorManagerTest, GivesTheFieldBackToTheForm) {
+    for (int kind = 0; kind < KindCount; ++kind) {
+        SCOPED_TRACE(kind);
+        const auto forms = EventsOf(FieldOfKind(kind));
+        Manager();
+        const Integer before = Registered();
+        Remove(kind); // unknown
+        Register(kind, u"G");
+        Register(kind, u"G");
+        EXPECT_NE(EventsOf(FieldOfKind(kind)), forms);
+        Remove(kind);
+        EXPECT_EQ(EventsOf(FieldOfKind(kind)), forms);
+        Remove(kind);
+        EXPECT_EQ(EventsOf(FieldOfKind(kind)), forms);
+        EXPECT_EQ(Registered(), before);
+        Register(kind, u"G");
+        Register(kind, u"");
+        TEditorManager::ReleaseInstance();
+        EXPECT_EQ(EventsOf(FieldOfKind(kind)), forms) << "released";
+    }
+}
+
+TEST_F(TEditorManagerTest, GivesTheWheelBackIfItIsItsOwn) {
+    SetConfig(ConfigKey::EnableMouseWheel, u"N");
+    SetConfig(ConfigKey::EnableQtyMouseWheel, u"N");
+    for (const int kind : {Price, Quantity}) {
+        SCOPED_TRACE(kind);
+        TcxCustomEdit& edit = FieldOfKind(kind);
+        const TMouseWheelEvent own = edit.OnMouseWheel();
+        Register(kind, u"");
+        EXPECT_FALSE(edit.OnMouseWheel() == own);
+        Remove(kind);
+        EXPECT_FALSE(edit.OnMouseWheel());
+        Register(kind, u"");
+        edit.SetOnMouseWheel(own);
+        Remove(kind);
+        EXPECT_TRUE(edit.OnMouseWheel() == own) << "the form's, set meanwhile";
+    }
+}
+
+// Each row acts inside a handler of the form.
+TEST_F(TEditorManagerTest, MayLoseTheFieldInsideAHandler) {
+    struct TCase {
+        const char* Name;
+        int Kind;
+        const char* Inside;
+        StringView Script;
+    };
+    const TCase cases[] = {
+        {"price, change", Price, "change", u"type:1"},
+        {"price, change by a step", Price, "change", u"up"},
+        {"price, key", Price, "down", u"type:1"},
+        {"price, key up", Price, "up", u"type:1"},
+        {"price, validation", Price, "validate", u"type:1 leave"},
+        {"price, exit", Price, "exit", u"leave"},
+        {"price, mouse", Price, "mousedown", u"press:0 release"},
+        {"price, mouse up", Price, "mouseup", u"press:0 release"},
+        {"price, click", Price, "click", u"click:0"},
+        {"quantity, change", Quantity, "change", u"type:1"},
+        {"quantity, key press", Quantity, "press", u"type:1k"},
+        {"quantity, K", Quantity, "change", u"type:k"},
+        {"quantity, validation", Quantity, "validate", u"type:1 leave"},
+        {"quantity, exit", Quantity, "exit", u"leave"},
+        {"quantity, mouse", Quantity, "mousedown", u"press:0 release"},
+        {"symbol, key", Symbol, "down", u"type:700 return"},
+        {"symbol, change", Symbol, "change", u"type:7 return"},
+        {"symbol, exit", Symbol, "exit", u"type:700 leave"},
+        {"symbol, enter", Symbol, "enter", u"leave enter type:7"},
+        {"account, key press", Account, "press", u"type:a"},
+        {"account, change", Account, "change", u"type:a"},
+        {"account, exit", Account, "exit", u"leave"},
+    };
+    for (const TCase& row : cases) {
+        for (const bool frees : {false, true}) {
+            SCOPED_TRACE(std::string(row.Name) + (frees ? ", freed" : ", removed"));
+            Start();
+            Kind = row.Kind;
+            Manager();
+            const Integer before = Registered();
+            const auto forms = EventsOf(FieldOfKind(Kind));
+            Edited()->Enter();
+            Register(Kind, u"G");
+            Do(u"all");
+            Traces[Kind]->Take();
+            bool acted = false;
+            Traces[Kind]->ActsOn = row.Inside;
+            Traces[Kind]->Act = [&] {
+                acted = true;
+                if (frees) {
+                    Free(Kind);
+                } else {
+                    Remove(Kind);
+                }
+            };
+            Do(row.Script);
+            EXPECT_TRUE(acted);
+            EXPECT_EQ(Registered(), before);
+            EXPECT_TRUE(frees || EventsOf(FieldOfKind(Kind)) == forms);
+        }
+    }
+}
+
+TEST_F(TEditorManagerTest, ForgetsFieldsThatDie) {
+    Manager();
+    const Integer before = Registered();
+    for (int kind = 0; kind < KindCount; ++kind) {
+        SCOPED_TRACE(kind);
+        Register(kind, u"G");
+        EXPECT_EQ(Registered() > before, kind != Quantity);
+        Free(kind);
+        EXPECT_EQ(Registered(), before);
+    }
+    SetConfig(ConfigKey::EnableMouseWheel, u"N"); // walks all records
+    TCustomGlobalChannelManager::GetInstance()->PublishValue(Channel::CurrentSymbol, u"00700", {},
+                                                             u"G");
+}
+
+TEST_F(TEditorManagerTest, LooksUpColumns) {
+    struct TColumn {
+        Integer ID;
+        StringView Key;
+    };
+    std::vector<std::unique_ptr<TColumnInfo>> columns;
+    TColumnList list;
+    for (const auto& [id, key] : {TColumn{5, u"Five"}, TColumn{6, u""}, TColumn{7, u"6"},
+                                  TColumn{8, u"Five"}, TColumn{5, u"Again"}}) {
+        columns.push_back(TColumnInfo::AddColumn(id, u"Caption", 80, key, false));
+        list.Add(columns.back().get());
+    }
+    struct TCase {
+        StringView Key;
+        Integer ID;
+    };
+    for (const auto& [key, id] : {TCase{u"Five", 5}, TCase{u"6", 6}, TCase{u"five", -1},
+                                  TCase{u"5", -1}, TCase{u"", -1}, TCase{u"Again", 5}}) {
+        EXPECT_EQ(TEditorManager::GetColumnIDByKey(key, &list), id) << ToUtf8(key);
+    }
+    EXPECT_EQ(TEditorManager::GetColumnIDByKey(u"Five", nullptr), -1);
+    const std::pair<Integer, StringView> keys[] = {{5, u"Five"}, {6, u""}, {7, u"6"}, {9, u""}};
+    for (const auto& [id, key] : keys) {
+        EXPECT_EQ(TEditorManager::GetColumnKeyByID(id, &list), key) << id;
+    }
+    EXPECT_EQ(TEditorManager::GetColumnKeyByID(5, nullptr), u"");
+}
+
+TEST_F(TEditorManagerTest, ConvertsSymbolsByALibrary) {
+    struct TCase {
+        const char* Name;
+        String Symbol;
+        String Converted;
+    };
+    const TCase cases[] = {
+        {"mapped", u"00700", u"X00700"},
+        {"empty", u"", u""},
+        {"no answer", u"NOTHING", u"NOTHING"},
+        {"nil", u"NULL", u"NULL"},
+        {"longest", u"LONG", String(255, u'L')},
+        {"text of its own", u"OWN", u"\u00C4OWN"},
+        {"one byte", u"\u00C9", u"X\u00C9"},
+        {"no byte", u"A\u0100", u"A\u0100"},
+        {"no end in the buffer", u"ENDLESS", String(256, u'E')},
+    };
+    SetConfig(ConfigKey::SymbolmapDLL, u"quorin-conversion-good.so");
+    for (const TCase& row : cases) {
+        EXPECT_EQ(ToUtf8(Manager().GetConvertSymbol(row.Symbol)), ToUtf8(row.Converted))
+            << row.Name;
+    }
+    Kind = Symbol;
+    Register(Symbol, u"");
+    Edited()->Enter();
+    Do(u"type:700 return");
+    EXPECT_EQ(ToUtf8(Edited()->Hint()), "X00700") << "the padded code";
+}
+
+TEST_F(TEditorManagerTest, PassesSymbolsOnWithoutALibrary) {
+    SetConfig(ConfigKey::SymbolmapDLL, u"quorin-conversion-broken.so");
+    Host().ExpectLogLine(
+        u"Can not find mapping function in symbol map DLL:quorin-conversion-broken.so");
+    EXPECT_EQ(Manager().GetConvertSymbol(u"700"), u"700");
+    for (const StringView missing : {u"", u"no-such-library.so"}) {
+        TEditorManager::ReleaseInstance();
+        SetConfig(ConfigKey::SymbolmapDLL, missing);
+        EXPECT_EQ(Manager().GetConvertSymbol(u"700"), u"700") << ToUtf8(missing);
+    }
+}
+
+// The texts that widgets bring along, in the order of their keys, and the names of days and months.
+std::string WidgetTexts() {
+    std::string texts;
+    const auto add = [&texts](const String& text) { texts += ToUtf8(text) + "|"; };
+    for (int target = static_cast<int>(scxGridFindPanelClearButtonCaption);
+         target <= static_cast<int>(cxSDatePopupNow); ++target) {
+        add(cxGetResourceString(static_cast<TcxResourceString>(target)));
+    }
+    for (const String& name : FormatSettings().ShortDayNames) add(name);
+    for (const String& name : FormatSettings().ShortMonthNames) add(name);
+    return texts;
+}
+
+TEST_F(TEditorManagerTest, WritesTheTextsOfWidgets) {
+    static constexpr StringView keys[] = {u"Res_Find_Clear",
+                                          u"Res_Find_Find",
+                                          u"Res_Search_Hints",
+                                          u"Res_Filter_Equals",
+                                          u"Res_Filter_NotEqual",
+                                          u"Res_Filter_Contains",
+                                          u"Res_Filter_NotContain",
+                                          u"Res_Filter_Greater",
+                                          u"Res_Filter_GreaterOrEqual",
+                                          u"Res_Filter_Less",
+                                          u"Res_Filter_LessOrEqual",
+                                          u"Res_Filter_Between",
+                                          u"Res_Filter_NotBetween",
+                                          u"Res_Filter_And",
+                                          u"Res_Filter_Or",
+                                          u"Res_Today",
+                                          u"Res_OK_Btn",
+                                          u"Res_Cancel_Btn",
+                                          u"Res_Clear",
+                                          u"Res_Now",
+                                          u"",
+                                          u"Res_Sun",
+                                          u"Res_Mon",
+                                          u"Res_Tue",
+                                          u"Res_Wed",
+                                          u"Res_Thur",
+                                          u"Res_Fri",
+                                          u"Res_Sat",
+                                          u"",
+                                          u"Res_Jan",
+                                          u"Res_Feb",
+                                          u"Res_Mar",
+                                          u"Res_Apr",
+                                          u"Res_May",
+                                          u"Res_Jun",
+                                          u"Res_Jul",
+                                          u"Res_Aug",
+                                          u"Res_Sep",
+                                          u"Res_Oct",
+                                          u"Res_Nov",
+                                          u"Res_Dec"};
+    TEmbeddedLanguageManager& language = Services().Language();
+    std::string marked;
+    for (const StringView key : keys) {
+        if (!key.empty()) {
+            language.SetText(TAppLanguage::SimplifiedChinese, Const_ResourceStringTag, key,
+                             u"<" + String(key) + u">");
+        }
+        marked += key.empty() ? "|" : "<" + ToUtf8(key) + ">|";
+    }
+    Manager();
+    const std::string english = WidgetTexts();
+    language.SetLanguage(TAppLanguage::SimplifiedChinese);
+    EXPECT_EQ(WidgetTexts(), marked);
+    cxSetResourceString(cxSDatePopupToday, u"mine");
+    Manager().RefreshResourceLabel();
+    EXPECT_EQ(cxGetResourceString(cxSDatePopupToday), u"mine") << "the same language writes once";
+    language.SetLanguage(TAppLanguage::English);
+    EXPECT_EQ(WidgetTexts(), english);
+    language.SetText(TAppLanguage::English, Const_ResourceStringTag, u"Res_Today", {});
+    language.SetLanguage(TAppLanguage::SimplifiedChinese);
+    language.SetLanguage(TAppLanguage::English);
+    EXPECT_EQ(cxGetResourceString(cxSDatePopupToday), u"") << "no text of its own comes back";
+}
+
+TEST_F(TEditorManagerTest, SharesSevenPictures) {
+    TIImageResourceList& list = *TIImageResourceList::GetInstance();
+    EXPECT_EQ(&list, TIImageResourceList::GetInstance());
+    EXPECT_EQ(list.Width(), 320);
+    EXPECT_EQ(list.Height(), 240);
+    TcxImageList& images = list.DefaultImageList();
+    ASSERT_EQ(images.Count(), 7);
+    constexpr std::uint32_t alpha = 0xFF000000u;
+    constexpr std::uint32_t white = 0xFFFFFFu;
+    for (Integer index = 0; index < images.Count(); ++index) {
+        SCOPED_TRACE(index);
+        TcxImage image;
+        ASSERT_TRUE(images.GetImage(index, image));
+        EXPECT_EQ(image.Width, 16);
+        EXPECT_EQ(image.Height, 16);
+        ASSERT_EQ(image.Pixels.size(), 256u);
+        const bool isSeen = std::any_of(image.Pixels.begin(), image.Pixels.end(),
+                                        [](std::uint32_t pixel) { return (pixel & alpha) != 0; });
+        EXPECT_EQ(isSeen, index != ResourceImage::Empty);
+        EXPECT_EQ(images.MaskColor(index) == white, index == ResourceImage::Empty);
+        EXPECT_EQ(images.MaskColor(index).has_value(), index == ResourceImage::Empty);
+    }
+    TcxImage none;
+    EXPECT_FALSE(images.GetImage(7, none));
+}
+
+} // namespace
+} // namespace quorin
