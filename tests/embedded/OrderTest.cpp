@@ -32,8 +32,8 @@ protected:
 TEST_F(OrderTest, WhatIsTakenOutlivesTheOrder) {
     FOrder->SetOrderFlags(6);
     FOrder->SetOrderFlags(FOrder->GetOrderFlags() | OrderFlag::Market);
-    FOrder->SetExtraValue(ClosePositionFlagKey, u"N");
-    FOrder->SetExtraValue(ClosePositionFlagKey, ClosePositionFlagValue);
+    FOrder->SetExtraValue(u"key", u"N");
+    FOrder->SetExtraValue(u"key", u"Y");
     ASSERT_TRUE(Take(FOrder.get()));
     FOrder->Clear();
 
@@ -46,7 +46,7 @@ TEST_F(OrderTest, WhatIsTakenOutlivesTheOrder) {
     EXPECT_EQ(taken.BuySell, OrderSide::Sell);
     EXPECT_EQ(taken.Flags, 7);
     String extra;
-    EXPECT_TRUE(taken.ExtraValues.TryGetValue(ClosePositionFlagKey, extra));
+    EXPECT_TRUE(taken.ExtraValues.TryGetValue(u"key", extra));
     EXPECT_EQ(extra, u"Y");
 }
 

@@ -43,8 +43,9 @@ TCustomUnderlyerPriceDataControl::TCustomUnderlyerPriceDataControl(TComponent* A
     : TCustomMarketDataControl(AOwner) {}
 
 void TCustomUnderlyerPriceDataControl::Reload() {
+    const TLifeline::TWatch watch(FReloadLine);
     InitData();
-    FireDataChanged();
+    if (watch.IsAlive()) FireDataChanged();
 }
 
 void TCustomUnderlyerPriceDataControl::SetExchange(StringView Exchange) {
@@ -84,13 +85,16 @@ void TCustomUnderlyerPriceDataControl::SetDisplayMode(TUnderlyerPriceDisplayMode
     Reload();
 }
 
+// A load from inside this one has read later: its rows stand, and this one ends.
 void TCustomUnderlyerPriceDataControl::InitData() {
     ClearAll();
+    ++FLoads;
     if (FExchange.empty() || FSeries.empty()) return;
     if (!IsFuturesMode(FDisplayMode) && FMonth.empty()) return;
     const TCustomMarketAdapter& market = Market();
+    const std::uint32_t load = FLoads;
     const Integer count = market.GetMarketDataCount(FExchange, FSeries);
-    for (Integer index = 0; index < count; ++index) {
+    for (Integer index = 0; index < count && load == FLoads; ++index) {
         TCustomMarketData* data = market.GetMarketDataAt(FExchange, FSeries, index);
         if (data != nullptr && IsShown(*data)) AddMarketData(data);
     }

@@ -64,6 +64,9 @@ protected:
 private:
     void Reload();
     Boolean IsShown(const TCustomMarketData& data) const;
+
+    std::uint32_t FLoads = 0; // begun
+    TLifeline FReloadLine;
 };
 
 } // namespace quorin

@@ -34,10 +34,6 @@ Double ClosingQuantity(const TCustomPositionData& record) {
     return std::min(std::fabs(record.GetQuantity()), MaxQuantity);
 }
 
-Boolean IsNet(const TCustomPositionData& record) {
-    return record.GetSide() == TPositionSide::Net;
-}
-
 void MarkAsClosing(TCustomClientOrder& order) {
     order.SetExtraValue(ClosePositionFlagKey, ClosePositionFlagValue);
 }

@@ -17,10 +17,6 @@ namespace A = PositionAttribute;
 constexpr Integer AverageOfIncome = 1; // "PVAvgPriceMode"; every other mode is the mixed average
 constexpr Integer AverageFirstInFirstNetted = 2;
 
-Boolean IsNet(const TCustomPositionData& record) {
-    return record.GetSide() == TPositionSide::Net;
-}
-
 Variant LivePrice(const TCustomPositionData& record, Integer field) {
     const TCustomSubItem* ticker = LiveTicker(record);
     if (ticker == nullptr) return 0;
@@ -59,24 +55,6 @@ Double TotalPL(const TCustomPositionData& record) {
 
 Double UnrealisedPL(const TCustomPositionData& record) {
     return record.GetInitPL() + record.GetExePL() - record.GetRealPL();
-}
-
-Double MovedQuantity(const TCustomPositionData& record) {
-    return record.GetDepositQty() - record.GetWithdrawQty();
-}
-
-Boolean HasTraded(const TCustomPositionData& record) {
-    return record.GetTodayBuyQty() > ShownTolerance || record.GetTodaySellQty() > ShownTolerance;
-}
-
-// A covered quantity says something only where there was or is something to cover.
-Boolean ShowsCovered(const TCustomPositionData& record) {
-    return !IsNearZero(record.GetCoveredQty()) &&
-           (!IsNearZero(record.GetBODQuantity()) || HasTraded(record));
-}
-
-Boolean ShowsMoved(const TCustomPositionData& record) {
-    return record.GetDepositQty() > ShownTolerance || record.GetWithdrawQty() > ShownTolerance;
 }
 
 String Format(const TCustomPositionData& record, Double value, TDisplayDataType type) {
@@ -145,7 +123,7 @@ String TCustomPositionDataControl::GetDisplayValue(Integer RecordIndex, Integer 
     case A::TotalPL:              return AmountText(TotalPL(record), record.GetSymbol());
     case A::CoveredQuantity:      return QuantityText(record, record.GetCoveredQty(), ShowsCovered(record));
     case A::MovedQuantity:        return QuantityText(record, MovedQuantity(record), ShowsMoved(record));
-    case A::StartQuantity:        return StartQuantityText(record);
+    case A::StartQuantity:        return QuantityText(record, Signed(record, record.GetBODQuantity()));
     // Texts and unknown columns: what GetValue answers, which may be empty.
     default:                      return TextOf(GetValue(RecordIndex, Attribute));
     }
@@ -189,10 +167,9 @@ String TCustomPositionDataControl::MarketValueText(const TCustomPositionData& re
     return AmountText(value, record.GetSymbol());
 }
 
-String TCustomPositionDataControl::StartQuantityText(const TCustomPositionData& record) const {
-    const Double quantity = record.GetBODQuantity();
-    const Boolean isNegated = record.GetSide() == TPositionSide::Short && FShowNegForShortPos;
-    return QuantityText(record, isNegated ? -quantity : quantity);
+Double TCustomPositionDataControl::Signed(const TCustomPositionData& record,
+                                          Double quantity) const {
+    return record.GetSide() == TPositionSide::Short && FShowNegForShortPos ? -quantity : quantity;
 }
 
 String TCustomPositionDataControl::QuantityText(const TCustomPositionData& record, Double quantity,

@@ -1,8 +1,9 @@
 #include "viewdata/position/PositionDataControl.h"
 
 #include "platform/rtl/Text.h"
+#include "viewdata/frame/Settings.h"
+#include "viewdata/position/PositionRecipes.h"
 #include "viewdata/services/ConfigKeys.h"
-#include "viewdata/services/ConfigManager.h"
 #include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/MarketAdapter.h"
@@ -14,22 +15,19 @@ namespace quorin {
 
 namespace {
 
-Boolean ReadFlag(StringView key) {
-    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
-    return config.ReadBool(config.GetCurrentSection(), key);
+// A row's product uses one of the tick tables.
+Boolean UsesSpread(const TCustomPositionData& record, const TSpreadDictionary& spreads) {
+    const TCustomSubItem* item = record.GetTicker();
+    if (item == nullptr) {
+        item = TCustomSubscribeAdapter::GetInstance()->GetSubItem(record.GetSymbol(), LiveDataType,
+                                                                  /*Flag=*/true);
+    }
+    return item != nullptr && spreads.ContainsKey(item->FieldText(Field::SpreadCode));
 }
 
 // Exactly 0.0: the smallest quantity keeps its row.
 Boolean IsOpen(const TCustomPositionData& record) {
     return record.GetQuantity() != 0.0;
-}
-
-// What an update says of one account; nil for nothing.
-const TPositionDictionary* ChangesOf(Pointer sender, StringView account) {
-    if (sender == nullptr) return nullptr;
-    TPositionDictionary* const* changes =
-        static_cast<const TAccountPositionDictionary*>(sender)->Find(account);
-    return changes != nullptr ? *changes : nullptr;
 }
 
 } // namespace
@@ -73,9 +71,8 @@ void TCustomPositionDataControl::ReadSettlementMarkets() {
 
 void TCustomPositionDataControl::ConfigUpdate(Pointer Sender, Pointer Data) {
     TCustomDataControl::ConfigUpdate(Sender, Data);
-    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
     FClosePositionConfirmation = ReadFlag(ConfigKey::ConfirmationClosePosition);
-    FAvgPriceMode = config.ReadInteger(config.GetCurrentSection(), ConfigKey::PVAvgPriceMode);
+    FAvgPriceMode = ReadNumber(ConfigKey::PVAvgPriceMode);
 }
 
 Boolean TCustomPositionDataControl::GetRowValue(Integer, Pointer&) {
@@ -98,8 +95,13 @@ void TCustomPositionDataControl::SetAccount(StringView Account) {
     FDataList.Clear();
     FDataDictionary.Clear();
     TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
+    const std::uint32_t move = ++FMoves;
     positions.ChangePositionAccount(
         account, MakeEvent<&TCustomPositionDataControl::PositionUpdate>(this), this, FAccount);
+    if (move != FMoves) { // moved on from inside that call: the later move counts
+        if (FAccount != account) positions.RemovePositionCallback(account, this);
+        return;
+    }
     FAccount = account;
     // What an update inside that call has brought back belongs to the account before.
     FDataList.Clear();
@@ -151,22 +153,14 @@ void TCustomPositionDataControl::PositionMarketDataUpdate(Pointer Sender, Pointe
 
 void TCustomPositionDataControl::SpreadUpdate(Pointer Sender, Pointer) {
     if (Sender == nullptr) return;
+    const auto& spreads = *static_cast<const TSpreadDictionary*>(Sender);
+    // By a copy of the symbols: a look-up may tell of changes.
     for (const String& symbol : FDataDictionary.Keys()) {
         TCustomPositionData* const* record = FDataDictionary.Find(symbol);
-        if (record == nullptr || *record == nullptr || !UsesSpread(**record, Sender)) continue;
+        if (record == nullptr || *record == nullptr || !UsesSpread(**record, spreads)) continue;
         FireDataChanged();
         return;
     }
-}
-
-Boolean TCustomPositionDataControl::UsesSpread(const TCustomPositionData& record, Pointer spreads) {
-    const TCustomSubItem* item = record.GetTicker();
-    if (item == nullptr) {
-        item = TCustomSubscribeAdapter::GetInstance()->GetSubItem(record.GetSymbol(), LiveDataType,
-                                                                  /*Flag=*/true);
-    }
-    return item != nullptr && static_cast<const TSpreadDictionary*>(spreads)->ContainsKey(
-                                  item->FieldText(Field::SpreadCode));
 }
 
 void TCustomPositionDataControl::CurrencyRatioUpdate(Pointer Sender, Pointer) {
@@ -181,8 +175,9 @@ void TCustomPositionDataControl::SetConvertCurrency(StringView Currency) {
 
 Boolean TCustomPositionDataControl::AddToFavorite(Integer RecordIndex) {
     const TCustomPositionData* record = RecordAt(RecordIndex);
-    return record != nullptr &&
-           TCustomMarketAdapter::GetInstance()->AddFavorite(record->GetSymbol());
+    if (record == nullptr) return false;
+    const String symbol = record->GetSymbol();
+    return TCustomMarketAdapter::GetInstance()->AddFavorite(symbol);
 }
 
 Boolean TCustomPositionDataControl::Watchable(Integer RecordIndex) {

@@ -96,6 +96,8 @@ protected:
 
     // Nil for a bad row.
     TCustomPositionData* RecordAt(Integer RecordIndex) const;
+    // A short record's quantity may be shown below zero; its raw value never is.
+    Double Signed(const TCustomPositionData& record, Double quantity) const;
     // Appends a row unless the symbol has one; takes a row out if there is one.
     void TakeIn(const String& symbol, TCustomPositionData* record);
     void Drop(StringView symbol);
@@ -106,10 +108,10 @@ protected:
     virtual TCloseAllQuestion AskCloseAll();
 
     String FAccount;
+    std::unique_ptr<TCustomComparer> FComparer;                // of FDataList
     TDictionary<String, TCustomPositionData*> FDataDictionary; // records of the rows
     TList<String> FDataList;                                   // the rows: symbols in order
-    std::unique_ptr<TCustomComparer> FComparer;                // of FDataList
-    std::unique_ptr<TCustomClientOrder> FMyOrder; // nil while there is no order service
+    std::unique_ptr<TCustomClientOrder> FMyOrder; // nil where there was no order service
     Boolean FClosePositionConfirmation = false;
     Integer FAvgPriceMode = 0;
     TDictionary<String, String> FT1SettelementMarket; // upper-case exchange codes, to themselves
@@ -117,11 +119,10 @@ protected:
     String FConvertCurrency;
     Boolean FShowNegForShortPos = false;
     Boolean FIsActionPending = false; // an order or copy action is under way
+    std::uint32_t FMoves = 0;         // to another account, begun
 
 private:
     void ReadSettlementMarkets();
-    Boolean UsesSpread(const TCustomPositionData& record, Pointer spreads);
-
     static Boolean Closes(TCloseStyle style, const TCustomPositionData& record);
     Boolean FillCloseOrder(const TCustomPositionData& record, TClosePrice price);
     void FillBatchOrder(const TCustomPositionData& record);
@@ -132,7 +133,6 @@ private:
     Double AveragePrice(const TCustomPositionData& record) const;
     Variant ConvertedMarketValue(const TCustomPositionData& record) const;
     String ConvertedMarketValueText(const TCustomPositionData& record) const;
-    String StartQuantityText(const TCustomPositionData& record) const;
     String QuantityText(const TCustomPositionData& record, Double quantity, Boolean shown) const;
     String QuantityText(const TCustomPositionData& record, Double quantity) const; // not near zero
     String LivePriceText(const TCustomPositionData& record, Integer field) const;

@@ -22,6 +22,13 @@ String CodeOf(const TCustomPositionData& record,
 
 } // namespace
 
+const TPositionDictionary* ChangesOf(Pointer sender, StringView account) {
+    if (sender == nullptr) return nullptr;
+    TPositionDictionary* const* changes =
+        static_cast<const TAccountPositionDictionary*>(sender)->Find(account);
+    return changes != nullptr ? *changes : nullptr;
+}
+
 const TCustomSubItem* LiveTicker(const TCustomPositionData& record) {
     const TCustomSubItem* ticker = record.GetTicker();
     return ticker != nullptr && ticker->GetStatus() == ItemStatus::Ready ? ticker : nullptr;

@@ -14,6 +14,33 @@ inline Boolean IsNearZero(Double value) {
     return value <= ShownTolerance && value >= -ShownTolerance;
 }
 
+// What an update says of one account; nil for nothing. `sender` is a TAccountPositionDictionary or
+// nil.
+const TPositionDictionary* ChangesOf(Pointer sender, StringView account);
+
+inline Boolean IsNet(const TCustomPositionData& record) {
+    return record.GetSide() == TPositionSide::Net;
+}
+
+// Bought or sold today.
+inline Boolean HasTraded(const TCustomPositionData& record) {
+    return record.GetTodayBuyQty() > ShownTolerance || record.GetTodaySellQty() > ShownTolerance;
+}
+
+// Deposited less withdrawn, and whether there was either.
+inline Double MovedQuantity(const TCustomPositionData& record) {
+    return record.GetDepositQty() - record.GetWithdrawQty();
+}
+inline Boolean ShowsMoved(const TCustomPositionData& record) {
+    return record.GetDepositQty() > ShownTolerance || record.GetWithdrawQty() > ShownTolerance;
+}
+
+// A covered quantity says something only where there was or is something to cover.
+inline Boolean ShowsCovered(const TCustomPositionData& record) {
+    return !IsNearZero(record.GetCoveredQty()) &&
+           (!IsNearZero(record.GetBODQuantity()) || HasTraded(record));
+}
+
 // What is held in the end.
 inline Double NetQuantity(const TCustomPositionData& record) {
     return record.GetQuantity() - record.GetShortQuantity();

@@ -40,10 +40,6 @@ Boolean IsAbove(Double value) {
     return value > ShownTolerance;
 }
 
-Boolean HasTraded(const TCustomPositionData& record) {
-    return IsAbove(record.GetTodayBuyQty()) || IsAbove(record.GetTodaySellQty());
-}
-
 // What came in: held in the morning and since. `start` above 0 is of the side that is asked for.
 TNumber TotalOf(Double start, Double today) {
     if (IsAbove(start)) return start + today;
@@ -118,14 +114,6 @@ Double TodayNetQuantity(const TCustomPositionData& record) {
     return record.GetTodayBuyQty() - record.GetTodaySellQty();
 }
 
-Double MovedQuantity(const TCustomPositionData& record) {
-    return record.GetDepositQty() - record.GetWithdrawQty();
-}
-
-Boolean ShowsMoved(const TCustomPositionData& record) {
-    return IsAbove(record.GetDepositQty()) || IsAbove(record.GetWithdrawQty());
-}
-
 Double Custody(const TCustomPositionData& record) {
     return record.GetCustodianQty() * -1.0;
 }
@@ -187,7 +175,7 @@ Variant TPositionViewDataControl::GetValue(Integer RecordIndex, Integer Attribut
     if (found == nullptr) return Variant::EmptyText();
     const TPin pin(*this);
     TCustomPositionData& record = *found;
-    const Boolean isSided = record.GetSide() != TPositionSide::Net;
+    const Boolean isSided = !IsNet(record);
     // clang-format off
     switch (Attribute) {
     case A::Side:                  return SideText(record);
@@ -236,7 +224,7 @@ String TPositionViewDataControl::GetDisplayValue(Integer RecordIndex, Integer At
     if (found == nullptr) return EmptyDisplayText;
     const TPin pin(*this);
     TCustomPositionData& record = *found;
-    const Boolean isSided = record.GetSide() != TPositionSide::Net;
+    const Boolean isSided = !IsNet(record);
     const TCells cells(record, EmptyDisplayText);
     const Double net = NetQuantity(record);
     const Double bought = record.GetTodayBuyQty();
@@ -323,15 +311,9 @@ String TPositionViewDataControl::AcceptValueText(TCustomPositionData& record, St
     return TCells(record, EmptyDisplayText).General(value, Type::Amount, shown);
 }
 
-// A short record may show what it holds below zero; its raw value never is.
-Double TPositionViewDataControl::Signed(const TCustomPositionData& record, Double quantity) const {
-    return record.GetSide() == TPositionSide::Short && FShowNegForShortPos ? -quantity : quantity;
-}
-
 String TPositionViewDataControl::CoveredText(const TCustomPositionData& record) const {
     const Double covered = record.GetCoveredQty();
-    const Boolean shown = (!IsNearZero(record.GetBODQuantity()) || HasTraded(record)) &&
-                          !IsNearZero(covered) && record.GetSide() != TPositionSide::Long;
+    const Boolean shown = ShowsCovered(record) && record.GetSide() != TPositionSide::Long;
     return TCells(record, EmptyDisplayText).Own(Signed(record, covered), Type::Quantity, shown);
 }
 

@@ -1,11 +1,11 @@
 #include "viewdata/positionview/PositionViewDataControl.h"
 
 #include "platform/rtl/Text.h"
+#include "viewdata/frame/Settings.h"
 #include "viewdata/position/PositionRecipes.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/ChinaConnect.h"
 #include "viewdata/services/ConfigKeys.h"
-#include "viewdata/services/ConfigManager.h"
 #include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/PositionAdapter.h"
@@ -14,11 +14,6 @@
 namespace quorin {
 
 namespace {
-
-Boolean ReadFlag(StringView key) {
-    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
-    return config.ReadBool(config.GetCurrentSection(), key);
-}
 
 TCustomAccount* FindAccount(StringView code) {
     return TCustomAccountAdapter::GetInstance()->GetAccount(code, /*Flag=*/true);
@@ -72,9 +67,7 @@ void TPositionViewDataControl::ConfigUpdate(Pointer Sender, Pointer Data) {
         RefreshDataList();
         isChanged = true;
     }
-    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
-    const Integer bondStyle =
-        config.ReadInteger(config.GetCurrentSection(), ConfigKey::DenominatorModeValue);
+    const Integer bondStyle = ReadNumber(ConfigKey::DenominatorModeValue);
     if (bondStyle != FBondStyle) {
         FBondStyle = bondStyle;
         isChanged = true;
@@ -87,8 +80,13 @@ void TPositionViewDataControl::SetAccount(StringView Account) {
     const String account(Account); // the text may belong to what goes now
     TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
     TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    const std::uint32_t move = ++FMoves;
     positions.ChangePositionAccount(
         account, MakeEvent<&TPositionViewDataControl::PositionUpdate>(this), this, FAccount);
+    if (move != FMoves) { // moved on from inside that call: the later move counts
+        if (FAccount != account) positions.RemovePositionCallback(account, this);
+        return;
+    }
     if (FAggregated) positions.RemoveAggregatePositionCallback(FAccount, this);
     if (FLoadAccountStatus && !FAccount.empty()) accounts.RemoveAccountCallback(FAccount, this);
     FAccount = account;
@@ -101,13 +99,11 @@ void TPositionViewDataControl::SetAccount(StringView Account) {
         FAccountGroupID = record->GetAccountGroupID();
         FAccountStatus = record->GetAccountStatus();
     }
-    const Boolean wasAggregated = FAggregated;
     if (FAggregated) {
         positions.AddAggregatePositionCallback(
             FAccount, MakeEvent<&TPositionViewDataControl::PositionUpdate>(this), this, nullptr);
     }
     InitAggregateAccountList();
-    if (wasAggregated && !FAggregated) positions.RemoveAggregatePositionCallback(FAccount, this);
     if (FLoadAccountStatus && !FAccount.empty()) {
         accounts.ChangeAccountCallback(FAccount,
                                        MakeEvent<&TPositionViewDataControl::AccountUpdate>(this),
@@ -129,6 +125,7 @@ void TPositionViewDataControl::InitAggregateAccountList() {
         TCustomAccountAdapter::GetInstance()->GetSubAccountList(FAccount, FSubAccountList);
     } else {
         FAggregated = false;
+        TCustomPositionAdapter::GetInstance()->RemoveAggregatePositionCallback(FAccount, this);
     }
 }
 
@@ -202,9 +199,10 @@ void TPositionViewDataControl::PositionUpdate(Pointer Sender, Pointer) {
     if (FAggregated) {
         isTouched = CheckNeedUpdatePosition(changes);
         if (isTouched) RefreshDataList();
-    } else if (TPositionDictionary* const* own = changes->Find(FAccount)) {
-        for (const auto& [symbol, position] : **own) {
+    } else if (const TPositionDictionary* own = ChangesOf(Sender, FAccount)) {
+        for (const auto& [symbol, position] : *own) {
             isTouched = true;
+            if (position == nullptr) continue;
             if (IsDisplayPosition(position)) {
                 TakeIn(symbol, position);
             } else {

@@ -14,6 +14,7 @@ namespace quorin {
 // values them at live prices; and follows the account's status and details. Not supported: sorting,
 // patching of sums (what touches one of the accounts rebuilds the list).
 //
+// Rows of quantity 0.0 may stand in the list here, see "DisplayZeroQty". Needs the account service.
 // Rows that stay keep their order among each other; there is no sorting, also not after SetAccount.
 // Columns are the numbers of PositionViewAttributes.h and PositionAttributes.h. Bad rows answer as
 // in the base class. A reader never sees a half-built list, and rows that a rebuild drops while one
@@ -42,6 +43,7 @@ class TPositionViewDataControl : public TCustomPositionDataControl {
     // Patches the plain list, rebuilds the aggregated one if an account of it is named. Signals the
     // rows, then the summary.
     void PositionUpdate(Pointer Sender, Pointer Data) override;
+    // Signals the rows alone, also of an empty aggregated list; rebuilds nothing.
     void PositionMarketDataUpdate(Pointer Sender, Pointer Data) override;
     // Stays aggregated for a master account and for the empty code, not for any other.
     void SetAccount(StringView Account) override;
@@ -96,7 +98,7 @@ class TPositionViewDataControl : public TCustomPositionDataControl {
     virtual void InitAggregateAccountList();
     // Takes them in again if Sender names one of them; whether it did.
     virtual Boolean CheckNeedUpdateSubAccountList(const TAccountDictionary* Sender);
-    // Lets the aggregate rows go. Whoever calls it has emptied the list before.
+    // Lets the sums go. None of them is a row of the list any more.
     virtual void ClearAggregateData();
     // Sender names the account or one of its sub-accounts.
     virtual Boolean CheckNeedUpdatePosition(const TAccountPositionDictionary* Sender);
@@ -123,6 +125,8 @@ class TPositionViewDataControl : public TCustomPositionDataControl {
     void AccountUpdate(Pointer Sender, Pointer Data);
 
 protected:
+    using TSums = TDictionary<String, std::unique_ptr<TAggregatePositionData>>;
+
     Boolean FDisplayZeroQty = false;
     Integer FBondStyle = 0;
     String FAccountGroupID;
@@ -132,7 +136,7 @@ protected:
     Boolean FAggregated = false;
     TAccountDictionary FSubAccountList; // the records stay the account service's
     // Every sum, shown or not, by symbol.
-    TDictionary<String, std::unique_ptr<TAggregatePositionData>> FAggregatePositionList;
+    TSums FAggregatePositionList;
     Boolean FShowingChinaConnectAccountData = false;
     String FChinaConnectCurrency;
     TNotifyEvent FOnAccountInfoUpdate;
@@ -141,7 +145,6 @@ protected:
     String FFilterCurrency;
 
 private:
-    using TSums = TDictionary<String, std::unique_ptr<TAggregatePositionData>>;
     struct TRows; // of a rebuild that is under way
 
     // Keeps dropped rows for as long as an operation that reads or closes them lasts.
@@ -169,13 +172,12 @@ private:
     String AcceptValueText(TCustomPositionData& record, StringView currency);
     String AverageCostText(TCustomPositionData& record);
     String ProductMarginText(TCustomPositionData& record);
-    Double Signed(const TCustomPositionData& record, Double quantity) const;
     String CoveredText(const TCustomPositionData& record) const;
 
     TPositionDictionary FHeld; // of one account; reused from rebuild to rebuild
     std::vector<std::unique_ptr<TAggregatePositionData>> FParkedRows;
     Integer FPins = 0;
-    Integer FRebuilds = 0; // begun
+    std::uint32_t FRebuilds = 0; // begun
     TLifeline FLifeline;
 };
 

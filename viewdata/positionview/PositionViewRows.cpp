@@ -20,7 +20,7 @@ struct TPositionViewDataControl::TRows {
 // A service may tell of changes while it is asked, and so begin another rebuild inside this one:
 // that one has read later, and this one's rows are thrown away.
 void TPositionViewDataControl::RefreshDataList() {
-    const Integer rebuild = ++FRebuilds;
+    const std::uint32_t rebuild = ++FRebuilds;
     TRows rows;
     rows.Dictionary.Reserve(FDataDictionary.Count());
     if (FAggregated) {

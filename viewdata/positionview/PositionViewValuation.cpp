@@ -1,6 +1,7 @@
 #include "viewdata/position/PositionRecipes.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
 #include "viewdata/positionview/PositionViewDataControl.h"
+#include "viewdata/positionview/PositionViewPin.h"
 #include "viewdata/positionview/PricingRules.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/ChinaConnect.h"
@@ -48,6 +49,7 @@ Boolean TPositionViewDataControl::GetAvgPrice(TCustomPositionData* Position, Dou
 }
 
 Double TPositionViewDataControl::GetPL(TCustomPositionData* Position) {
+    const TPin pin(*this);
     return ProfitAndLoss(*this, Position);
 }
 
@@ -74,6 +76,7 @@ Double TPositionViewDataControl::GetLastQty(TCustomPositionData* Position) {
 
 Boolean TPositionViewDataControl::GetProductMargin(TCustomPositionData* Position, Double& Ratio) {
     if (Position == nullptr) return false;
+    const TPin pin(*this);
     const TCustomAccount* account =
         TCustomAccountAdapter::GetInstance()->GetAccount(Position->GetAccount(), /*Flag=*/true);
     if (account == nullptr || account->GetMarginType() != MarginType::Margin) return false;
@@ -85,6 +88,8 @@ Boolean TPositionViewDataControl::GetProductMargin(TCustomPositionData* Position
 
 Boolean TPositionViewDataControl::GetAcceptValue(TCustomPositionData* Position, StringView Currency,
                                                  Double& Value) {
+    const TPin pin(*this);
+    const String currency(Currency); // may be the control's own, which a look-up may change
     Double ratio = 0.0;
     if (Position == nullptr || !GetProductMargin(Position, ratio)) return false;
     Double value = 0.0;
@@ -93,9 +98,9 @@ Boolean TPositionViewDataControl::GetAcceptValue(TCustomPositionData* Position, 
         return false;
     }
     value *= ratio;
-    if (!Currency.empty()) {
+    if (!currency.empty()) {
         value = InBaseCurrency(*Position, value);
-        const Double target = RatioOf(Currency);
+        const Double target = RatioOf(currency);
         if (target != 0.0) value /= target; // exactly 0.0: it is not known
     }
     Value = value;
@@ -111,12 +116,13 @@ Double TPositionViewDataControl::GetTotalAcceptValue() {
 }
 
 Double TPositionViewDataControl::Total(Integer attribute) {
+    const TPin pin(*this);
     const Boolean splits = IsChinaConnectOn();
     Double total = 0.0;
     for (Integer row = 0; row < GetCount(); ++row) {
         if (splits && !IsInTotal(row)) continue;
-        Double value = 0.0;
-        if (GetValue(row, attribute).TryToDouble(value)) total += value;
+        const Variant value = GetValue(row, attribute);
+        if (value.IsNumber()) total += value.ToDouble(); // text counts as nothing
     }
     if (!splits || !FShowingChinaConnectAccountData) return total;
     const Double ratio = RatioOf(FChinaConnectCurrency);

@@ -28,14 +28,14 @@ inline constexpr Double Tolerance = 1e-7;
 inline constexpr Double NoAsk = std::numeric_limits<Double>::max(); // sorts behind every price
 inline constexpr Double WholeUnit = 1.0; // contract size of what has none
 
-inline Boolean IsAbove(Double value, Double limit) {
+inline Boolean IsLarger(Double value, Double limit) { // whatever its sign
     return std::fabs(value) > limit;
 }
 
 // What stood in the account in the morning counts at its own price, without one at the close.
 inline Double StartPrice(const TCustomPositionData& position) {
     const Double price = position.GetBODPrice();
-    return IsAbove(price, Tolerance) ? price : position.GetPClose();
+    return IsLarger(price, Tolerance) ? price : position.GetPClose();
 }
 
 // The side of the quote that a sided record could be closed on.
@@ -102,7 +102,7 @@ inline Boolean AverageCost(const TCustomPositionData* position, Double& price) {
     const Double quantity = isLong ? position->GetTodayBuyQty() : position->GetTodaySellQty();
     const Double total = start + quantity;
     // A short record counts down to the smallest quantity: exactly 0.0 is nothing there.
-    if (!pricing::IsAbove(total, isLong ? pricing::Tolerance : 0.0)) return false;
+    if (!pricing::IsLarger(total, isLong ? pricing::Tolerance : 0.0)) return false;
     const Double amount = isLong ? position->GetTodayBuyAmount() : position->GetTodaySellAmount();
     price = (start * pricing::StartPrice(*position) + amount) / total;
     return true;
@@ -115,7 +115,7 @@ Double ProfitAndLoss(Control& control, TCustomPositionData* position) {
     const Double sign = position->GetSide() == TPositionSide::Short ? -1.0 : 1.0;
     const Double mark = control.GetPLPrice(position);
     Double cost = 0.0;
-    control.GetAvgPrice(position, cost);
+    if (!control.GetAvgPrice(position, cost)) cost = 0.0;
     const TCustomSubItem* item = position->GetTicker();
     const Double size = item != nullptr
                             ? ToDoubleOr(item->FieldText(Field::ContractSize), pricing::WholeUnit)

@@ -32,7 +32,7 @@ namespace quorin {
 // - What a service hands out stays the service's: nobody else frees it. Texts that come back by
 //   reference live as long as their record and may change with it; copy what must last.
 // - A known key keeps one object, updated in place, for as long as the service lists it. A record
-//   outlives the callback that tells of its end.
+//   outlives the callback that tells of its end, and any order action that is under way.
 //
 // Answers
 // - Nothing throws. What is not there answers nil, an empty text, 0, 0.0 or false.
