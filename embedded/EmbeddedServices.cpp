@@ -44,13 +44,14 @@ TEmbeddedServices::~TEmbeddedServices() {
                    TCustomMarketAdapter, TCustomMarketDataFormatter, TCustomDataTypeTable,
                    TCustomSeriesComparer, TCustomOrderAdapter, TCustomOrderActionManager,
                    TCustomLoginCtrl, TCustomAccountAdapter, TCustomPositionAdapter,
-                   TCustomCurrencyAdapter, TCustomProductAdapter, TCustomFeatureSwitches>();
+                   TCustomCurrencyAdapter, TCustomProductAdapter, TCustomFeatureSwitches,
+                   TCustomLibraryLoader>();
 }
 
 void TEmbeddedServices::Install() {
     InstallServices(FConfig, FLanguage, FChannels, FMessageBox, FLog, FFormatter, FItems, FMarket,
                     FMarketFormatter, FDataTypes, FSeriesComparer, FOrderAdapter, FOrders, FLogin,
-                    FAccounts, FPositions, FCurrencies, FProducts, FFeatures);
+                    FAccounts, FPositions, FCurrencies, FProducts, FFeatures, FLibraries);
 }
 
 void TEmbeddedServices::LoadAccounts(const std::filesystem::path& folder) {

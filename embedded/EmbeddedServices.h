@@ -8,6 +8,7 @@
 #include "embedded/CurrencyService.h"
 #include "embedded/FormatterService.h"
 #include "embedded/LanguageService.h"
+#include "embedded/LibraryLoader.h"
 #include "embedded/LogService.h"
 #include "embedded/MarginFeed.h"
 #include "embedded/MarketFormatterService.h"
@@ -54,6 +55,7 @@ public:
     TEmbeddedLanguageManager& Language() { return FLanguage; }
     TEmbeddedGlobalChannelManager& Channels() { return FChannels; }
     TEmbeddedLogFile& Log() { return FLog; }
+    TEmbeddedLibraryLoader& Libraries() { return FLibraries; }
     TEmbeddedSubscribeAdapter& Items() { return FItems; }
     TEmbeddedMarketAdapter& Market() { return FMarket; }
     // The orders and their audit list.
@@ -92,6 +94,7 @@ private:
     TEmbeddedGlobalChannelManager FChannels;
     TEmbeddedMessageBoxCtrl FMessageBox;
     TEmbeddedLogFile FLog;
+    TEmbeddedLibraryLoader FLibraries;
     TEmbeddedFormatter FFormatter{FConfig};
     TEmbeddedSubscribeAdapter FItems;
     TEmbeddedMarketAdapter FMarket{FItems};
