@@ -1,6 +1,6 @@
 // Orders through an hour of the simulated venue, with the shipped universe and accounts.
 
-#include "tests/embedded/MoneyChecker.h"
+#include "tests/support/MoneyChecker.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/TempFile.h"
 

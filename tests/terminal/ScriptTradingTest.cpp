@@ -1,6 +1,7 @@
 // What a script trades, checked against the fills of the audit list.
 
 #include "platform/rtl/Utf.h"
+#include "tests/support/MoneyChecker.h"
 #include "tests/terminal/ScriptPlay.h"
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/position/PositionAttributes.h"
@@ -111,7 +112,9 @@ TEST(ScriptTradingTest, FirstTradesShowTheRightFigures) {
         {
             TScriptPlay play(TAnswerBy::Yes, seed);
             THeldBySymbol held = HeldAtStart(u"P50001");
+            const TMoneyChecker checker; // of every account and currency
             first = play.RunFile(FirstTrades);
+            EXPECT_EQ(checker.Check(), std::vector<std::string>()) << seed;
             EXPECT_EQ(play.Errors.str(), "") << seed;
             AddFills(held, play.Screen->Desk().Audit(), u"P50001");
             EXPECT_GE(FillCount(play.Screen->Desk().Audit()), 8) << seed;

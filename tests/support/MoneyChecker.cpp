@@ -1,4 +1,4 @@
-#include "tests/embedded/MoneyChecker.h"
+#include "tests/support/MoneyChecker.h"
 
 #include "platform/rtl/Utf.h"
 #include "viewdata/services/AccountAdapter.h"
