@@ -33,8 +33,9 @@ constexpr TRatio Ratios[] = {
      "LoadByHand/1000000", 1.5},
     {"aggregating 40,000 positions against a hash map by hand", "AggregateView/40000",
      "AggregateByHand/40000", 3.0},
+    // The loop by hand grows by 1.4 here: so many records leave the cache.
     {"aggregating 40,000 positions against 10,000, per position", "AggregateView/40000",
-     "AggregateView/10000", 1.5, 4.0},
+     "AggregateView/10000", 2.0, 4.0},
     {"price on an aggregated view, 40,000 positions against 10", "AggregatedPrice/40000",
      "AggregatedPrice/10", 1.5},
     {"price change reaching a grid, 10,000 positions against 10", "PositionPriceChange/10000",
@@ -48,7 +49,7 @@ constexpr TRatio Ratios[] = {
     {"removing the middle of 10,000 rows against a vector", "RemoveRows/Middle/10000",
      "EraseByHand/Middle/10000", 3.0},
     {"removing the last of 10,000 rows against an update of one", "RemoveRows/Last/10000",
-     "PositionUpdateOfOne/10000", 3.0},
+     "PositionUpdateOfOne/10000", 3.0, 100.0}, // which goes a hundred times per round
     {"100,000 x 20 cells as CSV against plain buffered output", "CsvExport/100000",
      "CsvPlain/100000", 2.0},
     {"100,000 x 20 cells as XLSX against the library alone", "XlsxExport/100000",
