@@ -5,6 +5,8 @@
 #include "viewdata/frame/ColumnInfo.h"
 #include "viewdata/services/ResourceKeys.h"
 
+#include <stdexcept>
+
 namespace quorin {
 namespace {
 
@@ -220,6 +222,11 @@ TEST_F(TEditorManagerTest, ConvertsSymbolsByALibrary) {
     EXPECT_EQ(ToUtf8(Edited()->Hint()), "X00700") << "the padded code";
 }
 
+struct TThrowingLoader : TCustomLibraryLoader {
+    Pointer LoadLibrary(StringView) override { throw std::runtime_error("no disk"); }
+    Pointer FindExport(Pointer, const char*) override { return {}; }
+};
+
 TEST_F(TEditorManagerTest, PassesSymbolsOnWithoutALibrary) {
     SetConfig(ConfigKey::SymbolmapDLL, u"quorin-conversion-broken.so");
     Host().ExpectLogLine(
@@ -230,6 +237,13 @@ TEST_F(TEditorManagerTest, PassesSymbolsOnWithoutALibrary) {
         SetConfig(ConfigKey::SymbolmapDLL, missing);
         EXPECT_EQ(Manager().GetConvertSymbol(u"700"), u"700") << ToUtf8(missing);
     }
+    TEditorManager::ReleaseInstance();
+    TCustomLibraryLoader* const loader = TCustomLibraryLoader::GetInstance();
+    TThrowingLoader throwing;
+    ServiceRegistry::Install(&throwing);
+    Host().ExpectLogLine(u"Load symbol map DLL no-such-library.so failed: no disk");
+    EXPECT_EQ(Manager().GetConvertSymbol(u"700"), u"700");
+    ServiceRegistry::Install(loader);
 }
 
 // The texts that widgets bring along, in the order of their keys, and the names of days and months.

@@ -95,6 +95,27 @@ TEST_F(TSymbolEditorTest, LinkedFieldsFollowAndNeverEcho) {
     });
 }
 
+// What a form does inside the exit of a field that follows another is no change of its own.
+TEST_F(TSymbolEditorTest, StaysSilentWhileItFollows) {
+    WithoutFaults("an offer that is told twice is followed twice");
+    Do(u"register:-");
+    Current().Trace->ActsOn = "exit";
+    Current().Trace->Act = [this] { Do(u"offer:HSIF pick:00005"); };
+    Do(u"offer:00007");
+    EXPECT_EQ(State(), "|00005, HKD, HSBC [00005] heard 00007 HSIF");
+}
+
+TEST_F(TSymbolEditorTest, LeavesOnce) {
+    Do(u"register:- type:7");
+    Current().Trace->Take();
+    Current().Trace->ActsOn = "exit";
+    Current().Trace->Act = [this] { Do(u"pick:00005"); };
+    Do(u"leave");
+    EXPECT_EQ(State(), "|00005, HKD, HSBC [00005] heard 00007 00005");
+    EXPECT_EQ(Current().Trace->Take(),
+              "validate'7' change:00007, HKD, CK exit change:00005 change:00005, HKD, HSBC");
+}
+
 TEST_F(TSymbolEditorTest, TakesOverWhatIsShared) {
     ExpectStates({
         {"channel", u"offer:00007 register:-", "|00007, HKD, CK [00007] heard 00007"},
@@ -141,6 +162,7 @@ TEST_F(TSymbolEditorTest, DropsItsListDown) {
     Do(u"register:-");
     TcxPopupEdit& edit = *Edited();
     EXPECT_EQ(edit.Properties().PopupControl(), &Current().List);
+    EXPECT_EQ(edit.Properties().PopupWidth(), 450);
     Do(u"f4");
     EXPECT_TRUE(edit.DroppedDown());
     EXPECT_EQ(edit.PopupWindow().Width(), 450);
