@@ -82,6 +82,7 @@ protected:
         FSpy = std::make_unique<TChannelSpy>();
         static constexpr TSpreadBand halves[] = {{0.0, 100.0, 0.5}};
         Services().Market().AddSpreadTable(u"SLOW", halves);
+        Add({.Symbol = u"00007", .Names = {.Name = u"CK"}});
         Add({.Symbol = u"RATIO", .SpreadCode = u"HK", .DisplayRatio = u"10"});
         Add({.Symbol = u"ZERO", .SpreadCode = u"HK", .DisplayRatio = u"0"});
         Add({.Symbol = u"WORD", .SpreadCode = u"HK", .DisplayRatio = u"ten"});
@@ -182,9 +183,11 @@ protected:
         Edit->Enter();
         Trace->Take();
     }
+    // The step is told where it is not 1.
     std::string State() override {
-        return FieldOf(*Edit) + " " + Told(Edit->EditValue()) + " step " +
-               Told(Edit->Properties().Increment());
+        const Double step = Edit->Properties().Increment();
+        return FieldOf(*Edit) + " " + Told(Edit->EditValue()) +
+               (step == 1.0 ? "" : " step " + Told(step));
     }
     void ExpectWords(const std::vector<TEditorCase>& cases) {
         for (const TEditorCase& row : cases) {
@@ -216,8 +219,6 @@ protected:
 template <auto Register, auto Remove, Integer ChannelNumber, Integer ListMessage>
 class TPopupFixture : public TEditorFixture {
 protected:
-    using TReceiver = TPopupFixture;
-
     TPopupFixture() {
         Host().SetReceiver(TRecordingHost::TReceiver::Of<&TPopupFixture::MakeList>(this));
         Start();
@@ -226,6 +227,7 @@ protected:
     void Start() override {
         TCustomGlobalChannelManager& channels = *TCustomGlobalChannelManager::GetInstance();
         FCurrent = 0;
+        FBoth = false;
         for (TField& field : Fields) {
             field.Edit = CreateComponent<TcxPopupEdit>();
             field.Edit->SetParent(&Form);
@@ -239,17 +241,14 @@ protected:
         Edited()->Enter();
         Heard();
     }
-    // "text [hint]" of the first field, of both once the other holds something, and then what was
-    // published.
+    // "text [hint]" of the first field, of both once the other was used, and what was published.
     std::string State() override {
-        std::string state;
-        for (const TField& field : Fields) {
-            if (!state.empty()) state += " / ";
-            state += FieldOf(*field.Edit) + " [" + ToUtf8(field.Edit->Hint()) + "]";
-            if (&field == &Fields[FCurrent] && FCurrent == 0 && Fields[1].Edit->Text().empty()) {
-                break;
-            }
-        }
+        const auto told = [](const TcxPopupEdit& edit) {
+            return FieldOf(edit) + " [" + ToUtf8(edit.Hint()) + "]";
+        };
+        const std::string second = told(*Fields[1].Edit);
+        std::string state = told(*Fields[0].Edit);
+        if (FBoth) state = state == second ? "both " + state : state + " / " + second;
         const std::string heard = Heard();
         return heard.empty() ? state : state + " heard" + heard;
     }
@@ -283,6 +282,7 @@ protected:
         if (name == u"offer") return channels.PublishValue(ChannelNumber, value, {}, group), true;
         if (name == u"group") return channels.SetGroupValue(group, ChannelNumber, value), true;
         if (name == u"on") {
+            FBoth = true;
             FCurrent = static_cast<std::size_t>(ToIntegerOr(argument, 1) - 1);
             return Edited()->Enter(), true;
         }
@@ -302,6 +302,7 @@ private:
     }
 
     std::size_t FCurrent = 0;
+    bool FBoth = false; // both were used
 };
 
 } // namespace quorin

@@ -5,6 +5,8 @@
 #include "viewdata/frame/ColumnInfo.h"
 #include "viewdata/services/ResourceKeys.h"
 
+#include <stdexcept>
+
 namespace quorin {
 namespace {
 
@@ -106,38 +108,28 @@ TEST_F(TEditorManagerTest, GivesTheWheelBackIfItIsItsOwn) {
 // Each row acts inside a handler of the form.
 TEST_F(TEditorManagerTest, MayLoseTheFieldInsideAHandler) {
     struct TCase {
-        const char* Name;
         int Kind;
         const char* Inside;
         StringView Script;
     };
+    // clang-format off
     const TCase cases[] = {
-        {"price, change", Price, "change", u"type:1"},
-        {"price, change by a step", Price, "change", u"up"},
-        {"price, key", Price, "down", u"type:1"},
-        {"price, key up", Price, "up", u"type:1"},
-        {"price, validation", Price, "validate", u"type:1 leave"},
-        {"price, exit", Price, "exit", u"leave"},
-        {"price, mouse", Price, "mousedown", u"press:0 release"},
-        {"price, mouse up", Price, "mouseup", u"press:0 release"},
-        {"price, click", Price, "click", u"click:0"},
-        {"quantity, change", Quantity, "change", u"type:1"},
-        {"quantity, key press", Quantity, "press", u"type:1k"},
-        {"quantity, K", Quantity, "change", u"type:k"},
-        {"quantity, validation", Quantity, "validate", u"type:1 leave"},
-        {"quantity, exit", Quantity, "exit", u"leave"},
-        {"quantity, mouse", Quantity, "mousedown", u"press:0 release"},
-        {"symbol, key", Symbol, "down", u"type:700 return"},
-        {"symbol, change", Symbol, "change", u"type:7 return"},
-        {"symbol, exit", Symbol, "exit", u"type:700 leave"},
-        {"symbol, enter", Symbol, "enter", u"leave enter type:7"},
-        {"account, key press", Account, "press", u"type:a"},
-        {"account, change", Account, "change", u"type:a"},
-        {"account, exit", Account, "exit", u"leave"},
+        {Price, "change", u"type:1"}, {Price, "change", u"up"}, {Price, "down", u"type:1"},
+        {Price, "up", u"type:1"}, {Price, "validate", u"type:1 leave"}, {Price, "exit", u"leave"},
+        {Price, "mousedown", u"press:0 release"}, {Price, "mouseup", u"press:0 release"},
+        {Price, "click", u"click:0"}, {Quantity, "change", u"type:1"},
+        {Quantity, "press", u"type:1k"}, {Quantity, "change", u"type:k"},
+        {Quantity, "validate", u"type:1 leave"}, {Quantity, "exit", u"leave"},
+        {Quantity, "mousedown", u"press:0 release"}, {Symbol, "down", u"type:700 return"},
+        {Symbol, "change", u"type:7 return"}, {Symbol, "exit", u"type:700 leave"},
+        {Symbol, "enter", u"leave enter type:7"}, {Account, "press", u"type:a"},
+        {Account, "change", u"type:a"}, {Account, "exit", u"leave"},
     };
+    // clang-format on
     for (const TCase& row : cases) {
         for (const bool frees : {false, true}) {
-            SCOPED_TRACE(std::string(row.Name) + (frees ? ", freed" : ", removed"));
+            SCOPED_TRACE(std::to_string(row.Kind) + " in " + row.Inside + " of " +
+                         ToUtf8(row.Script) + (frees ? ", freed" : ", removed"));
             Start();
             Kind = row.Kind;
             Manager();
@@ -181,10 +173,7 @@ TEST_F(TEditorManagerTest, ForgetsFieldsThatDie) {
 }
 
 TEST_F(TEditorManagerTest, LooksUpColumns) {
-    struct TColumn {
-        Integer ID;
-        StringView Key;
-    };
+    using TColumn = std::pair<Integer, StringView>;
     std::vector<std::unique_ptr<TColumnInfo>> columns;
     TColumnList list;
     for (const auto& [id, key] : {TColumn{5, u"Five"}, TColumn{6, u""}, TColumn{7, u"6"},
@@ -192,12 +181,8 @@ TEST_F(TEditorManagerTest, LooksUpColumns) {
         columns.push_back(TColumnInfo::AddColumn(id, u"Caption", 80, key, false));
         list.Add(columns.back().get());
     }
-    struct TCase {
-        StringView Key;
-        Integer ID;
-    };
-    for (const auto& [key, id] : {TCase{u"Five", 5}, TCase{u"6", 6}, TCase{u"five", -1},
-                                  TCase{u"5", -1}, TCase{u"", -1}, TCase{u"Again", 5}}) {
+    for (const auto& [id, key] : {TColumn{5, u"Five"}, TColumn{6, u"6"}, TColumn{-1, u"five"},
+                                  TColumn{-1, u"5"}, TColumn{-1, u""}, TColumn{5, u"Again"}}) {
         EXPECT_EQ(TEditorManager::GetColumnIDByKey(key, &list), id) << ToUtf8(key);
     }
     EXPECT_EQ(TEditorManager::GetColumnIDByKey(u"Five", nullptr), -1);
@@ -237,6 +222,11 @@ TEST_F(TEditorManagerTest, ConvertsSymbolsByALibrary) {
     EXPECT_EQ(ToUtf8(Edited()->Hint()), "X00700") << "the padded code";
 }
 
+struct TThrowingLoader : TCustomLibraryLoader {
+    Pointer LoadLibrary(StringView) override { throw std::runtime_error("no disk"); }
+    Pointer FindExport(Pointer, const char*) override { return {}; }
+};
+
 TEST_F(TEditorManagerTest, PassesSymbolsOnWithoutALibrary) {
     SetConfig(ConfigKey::SymbolmapDLL, u"quorin-conversion-broken.so");
     Host().ExpectLogLine(
@@ -247,6 +237,13 @@ TEST_F(TEditorManagerTest, PassesSymbolsOnWithoutALibrary) {
         SetConfig(ConfigKey::SymbolmapDLL, missing);
         EXPECT_EQ(Manager().GetConvertSymbol(u"700"), u"700") << ToUtf8(missing);
     }
+    TEditorManager::ReleaseInstance();
+    TCustomLibraryLoader* const loader = TCustomLibraryLoader::GetInstance();
+    TThrowingLoader throwing;
+    ServiceRegistry::Install(&throwing);
+    Host().ExpectLogLine(u"Load symbol map DLL no-such-library.so failed: no disk");
+    EXPECT_EQ(Manager().GetConvertSymbol(u"700"), u"700");
+    ServiceRegistry::Install(loader);
 }
 
 // The texts that widgets bring along, in the order of their keys, and the names of days and months.
@@ -263,55 +260,20 @@ std::string WidgetTexts() {
 }
 
 TEST_F(TEditorManagerTest, WritesTheTextsOfWidgets) {
-    static constexpr StringView keys[] = {u"Res_Find_Clear",
-                                          u"Res_Find_Find",
-                                          u"Res_Search_Hints",
-                                          u"Res_Filter_Equals",
-                                          u"Res_Filter_NotEqual",
-                                          u"Res_Filter_Contains",
-                                          u"Res_Filter_NotContain",
-                                          u"Res_Filter_Greater",
-                                          u"Res_Filter_GreaterOrEqual",
-                                          u"Res_Filter_Less",
-                                          u"Res_Filter_LessOrEqual",
-                                          u"Res_Filter_Between",
-                                          u"Res_Filter_NotBetween",
-                                          u"Res_Filter_And",
-                                          u"Res_Filter_Or",
-                                          u"Res_Today",
-                                          u"Res_OK_Btn",
-                                          u"Res_Cancel_Btn",
-                                          u"Res_Clear",
-                                          u"Res_Now",
-                                          u"",
-                                          u"Res_Sun",
-                                          u"Res_Mon",
-                                          u"Res_Tue",
-                                          u"Res_Wed",
-                                          u"Res_Thur",
-                                          u"Res_Fri",
-                                          u"Res_Sat",
-                                          u"",
-                                          u"Res_Jan",
-                                          u"Res_Feb",
-                                          u"Res_Mar",
-                                          u"Res_Apr",
-                                          u"Res_May",
-                                          u"Res_Jun",
-                                          u"Res_Jul",
-                                          u"Res_Aug",
-                                          u"Res_Sep",
-                                          u"Res_Oct",
-                                          u"Res_Nov",
-                                          u"Res_Dec"};
+    // Without their "Res_"; an empty one for each place 0.
+    const String names = u"Find_Clear Find_Find Search_Hints Filter_Equals Filter_NotEqual "
+                         u"Filter_Contains Filter_NotContain Filter_Greater Filter_GreaterOrEqual "
+                         u"Filter_Less Filter_LessOrEqual Filter_Between Filter_NotBetween "
+                         u"Filter_And Filter_Or Today OK_Btn Cancel_Btn Clear Now  Sun Mon Tue Wed "
+                         u"Thur Fri Sat  Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec";
     TEmbeddedLanguageManager& language = Services().Language();
     std::string marked;
-    for (const StringView key : keys) {
-        if (!key.empty()) {
-            language.SetText(TAppLanguage::SimplifiedChinese, Const_ResourceStringTag, key,
-                             u"<" + String(key) + u">");
+    for (const StringView name : Split(names, u' ')) {
+        const String key = u"Res_" + String(name);
+        if (!name.empty()) {
+            language.SetText(TAppLanguage::SimplifiedChinese, Const_ResourceStringTag, key, key);
         }
-        marked += key.empty() ? "|" : "<" + ToUtf8(key) + ">|";
+        marked += (name.empty() ? "" : ToUtf8(key)) + "|";
     }
     Manager();
     const std::string english = WidgetTexts();

@@ -24,101 +24,118 @@ struct TSymbolEditorTest
 
 TEST_F(TSymbolEditorTest, MakesACodeOfWhatIsEntered) {
     ExpectStates({
-        {"padded", u"register:- type:700 return", "|00700, HKD, Tencent [00700] heard 00700"},
-        {"left", u"register:- type:700 leave", "|00700, HKD, Tencent [00700] heard 00700"},
+        {"padded", u"register:- type:7 return", "|00007, HKD, CK [00007] heard 00007"},
+        {"left", u"register:- type:7 leave", "|00007, HKD, CK [00007] heard 00007"},
         {"five digits", u"register:- type:12345 return", "12345| [12345] heard 12345"},
         {"six digits", u"register:- type:123456 return", "123456| [123456] heard 123456"},
         {"zero", u"register:- type:0 return", "00000| [00000] heard 00000"},
         {"no number", u"register:- type:7A return", "7A| [7A] heard 7A"},
-        {"capitals", u"register:- type:hsif leave",
-         "|HSIF, HKD, Hang Seng future [HSIF] heard HSIF"},
-        {"blanks", u"register:- typed:__700_ leave", "|00700, HKD, Tencent [00700] heard 00700"},
+        {"capitals", u"bare:- type:hsif leave", "|HSIF [HSIF] heard HSIF"},
+        {"blanks", u"register:- typed:__7_ leave", "|00007, HKD, CK [00007] heard 00007"},
         {"unknown, left", u"register:- type:abc leave", "|ABC [ABC] heard ABC"},
-        {"display typed", u"register:- typed:700,_USD,_ANY return",
-         "|00700, HKD, Tencent [00700] heard 00700"},
+        {"display", u"register:- typed:7,_USD,_X return", "|00007, HKD, CK [00007] heard 00007"},
         {"comma alone", u"register:- type:, return", "| [] heard -"},
-        {"confirmed twice", u"register:- type:700 return return leave",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"other case", u"register:- type:abc return type:x back all type:abc leave",
+        {"confirmed twice", u"register:- type:7 return return leave",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"other case", u"register:- type:abc return all type:abc leave",
          "|ABC [ABC] heard ABC ABC"},
-        {"cleared", u"register:- type:700 return all back leave", "| [] heard 00700 -"},
-        {"not yet confirmed", u"register:- type:700", "700| []"},
-        {"without names", u"bare:- type:700 return", "00700| [00700] heard 00700"},
-        {"names off", u"set:DisplaySymbolName=no register:- type:700 return",
-         "00700| [00700] heard 00700"},
-        {"names off afterwards", u"register:- set:DisplaySymbolName=N type:700 return",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"names off and bound again",
-         u"register:- type:700 return set:DisplaySymbolName=N register:-",
-         "00700| [00700] heard 00700"},
+        {"cleared", u"register:- type:7 return all back leave", "| [] heard 00007 -"},
+        {"not yet confirmed", u"register:- type:7", "7| []"},
+        {"without names", u"bare:- type:7 return", "00007| [00007] heard 00007"},
+        {"names off", u"set:DisplaySymbolName=no register:- type:7 return",
+         "00007| [00007] heard 00007"},
+        {"off afterwards", u"register:- set:DisplaySymbolName=N type:7 return",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"bound again", u"register:- type:7 return set:DisplaySymbolName=N register:-",
+         "00007| [00007] heard 00007"},
         {"picked", u"register:- f4 pick:00005", "|00005, HKD, HSBC [00005] heard 00005"},
         {"picked twice", u"register:- pick:00005 pick:00005",
          "|00005, HKD, HSBC [00005] heard 00005"},
-        {"nothing picked", u"register:- type:700 return f4 pick:-",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"pasted", u"register:- paste:_700_ return", "|00700, HKD, Tencent [00700] heard 00700"},
+        {"nothing picked", u"register:- type:7 return f4 pick:-",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"pasted", u"register:- paste:_7_ return", "|00007, HKD, CK [00007] heard 00007"},
     });
 }
 
 TEST_F(TSymbolEditorTest, LinkedFieldsFollowAndNeverEcho) {
     ExpectStates({
-        {"group", u"register:G on:2 register:G type:700 return",
-         "|00700, HKD, Tencent [00700] / |00700, HKD, Tencent [00700] heard 00700@G"},
-        {"back and forth", u"register:G on:2 register:G type:700 leave on:1 all type:5 leave",
-         "|00005, HKD, HSBC [00005] / |00005, HKD, HSBC [00005] heard 00700@G 00005@G"},
-        {"other group, no mode", u"register:H on:2 register:G type:700 return",
-         "|00700, HKD, Tencent [00700] / |00700, HKD, Tencent [00700] heard 00700@G"},
-        {"other group, mode", u"mode:0 register:H on:2 register:G type:700 return",
-         "| [] / |00700, HKD, Tencent [00700] heard 00700@G"},
-        {"own group, mode", u"mode:0 register:G on:2 register:G type:700 return",
-         "|00700, HKD, Tencent [00700] / |00700, HKD, Tencent [00700] heard 00700@G"},
-        {"no group follows a group, no mode", u"register:- on:2 register:G type:700 return",
-         "|00700, HKD, Tencent [00700] / |00700, HKD, Tencent [00700] heard 00700@G"},
-        {"no group, mode 0", u"mode:0 register:- offer:00700", "| [] heard 00700"},
-        {"no group, mode 1", u"mode:1 register:- offer:00700",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"no group, mode 2", u"mode:2 register:- offer:00700", "| [] heard 00700"},
-        {"no group, mode in words", u"mode:one register:- offer:00700",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"group and an offer, mode 1", u"mode:1 register:G offer:00700", "| [] heard 00700"},
-        {"group and an offer, no mode", u"register:G offer:00700",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"alone", u"alone:G on:2 register:G type:700 return",
-         "| [] / |00700, HKD, Tencent [00700] heard 00700@G"},
-        {"alone publishes", u"register:G on:2 alone:G type:700 return",
-         "|00700, HKD, Tencent [00700] / |00700, HKD, Tencent [00700] heard 00700@G"},
+        {"group", u"register:G on:2 register:G type:7 return",
+         "both |00007, HKD, CK [00007] heard 00007@G"},
+        {"and back", u"register:G on:2 register:G type:7 on:1 all type:5 leave",
+         "both |00005, HKD, HSBC [00005] heard 00007@G 00005@G"},
+        {"other group", u"register:H on:2 register:G type:7 return",
+         "both |00007, HKD, CK [00007] heard 00007@G"},
+        {"other group, mode", u"mode:0 register:H on:2 register:G type:7 return",
+         "| [] / |00007, HKD, CK [00007] heard 00007@G"},
+        {"own group, mode", u"mode:0 register:G on:2 register:G type:7 return",
+         "both |00007, HKD, CK [00007] heard 00007@G"},
+        {"no group", u"register:- on:2 register:G type:7 return",
+         "both |00007, HKD, CK [00007] heard 00007@G"},
+        {"no group, mode 0", u"mode:0 register:- offer:00007", "| [] heard 00007"},
+        {"no group, mode 1", u"mode:1 register:- offer:00007",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"no group, mode 2", u"mode:2 register:- offer:00007", "| [] heard 00007"},
+        {"mode in words", u"mode:one register:- offer:00007",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"group and an offer, mode 1", u"mode:1 register:G offer:00007", "| [] heard 00007"},
+        {"group and an offer, no mode", u"register:G offer:00007",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"alone", u"alone:G on:2 register:G type:7 return",
+         "| [] / |00007, HKD, CK [00007] heard 00007@G"},
+        {"alone publishes", u"register:G on:2 alone:G type:7 return",
+         "both |00007, HKD, CK [00007] heard 00007@G"},
         {"alone takes over", u"group:00005@G alone:G", "|00005, HKD, HSBC [00005]"},
-        {"disabled", u"register:G disable offer:00700@G enable", "| [] heard 00700@G"},
-        {"nothing offered", u"register:G type:700 return offer:-@G",
-         "|00700, HKD, Tencent [00700] heard 00700@G -@G"},
+        {"disabled", u"register:G disable offer:00007@G enable", "| [] heard 00007@G"},
+        {"nothing offered", u"register:G type:7 return offer:-@G",
+         "|00007, HKD, CK [00007] heard 00007@G -@G"},
         {"unknown offered", u"register:G offer:XYZ@G", "|XYZ [XYZ] heard XYZ@G"},
-        {"moved to another group", u"mode:0 register:G register:H offer:00700@G",
-         "| [] heard 00700@G"},
-        {"removed", u"register:G remove offer:00700@G", "| [] heard 00700@G"},
+        {"moved to another group", u"mode:0 register:G register:H offer:00007@G",
+         "| [] heard 00007@G"},
+        {"removed", u"register:G remove offer:00007@G", "| [] heard 00007@G"},
     });
+}
+
+// What a form does inside the exit of a field that follows another is no change of its own.
+TEST_F(TSymbolEditorTest, StaysSilentWhileItFollows) {
+    WithoutFaults("an offer that is told twice is followed twice");
+    Do(u"register:-");
+    Current().Trace->ActsOn = "exit";
+    Current().Trace->Act = [this] { Do(u"offer:HSIF pick:00005"); };
+    Do(u"offer:00007");
+    EXPECT_EQ(State(), "|00005, HKD, HSBC [00005] heard 00007 HSIF");
+}
+
+TEST_F(TSymbolEditorTest, LeavesOnce) {
+    Do(u"register:- type:7");
+    Current().Trace->Take();
+    Current().Trace->ActsOn = "exit";
+    Current().Trace->Act = [this] { Do(u"pick:00005"); };
+    Do(u"leave");
+    EXPECT_EQ(State(), "|00005, HKD, HSBC [00005] heard 00007 00005");
+    EXPECT_EQ(Current().Trace->Take(),
+              "validate'7' change:00007, HKD, CK exit change:00005 change:00005, HKD, HSBC");
 }
 
 TEST_F(TSymbolEditorTest, TakesOverWhatIsShared) {
     ExpectStates({
-        {"channel", u"offer:00700 register:-", "|00700, HKD, Tencent [00700] heard 00700"},
+        {"channel", u"offer:00007 register:-", "|00007, HKD, CK [00007] heard 00007"},
         {"group", u"group:00005@G register:G", "|00005, HKD, HSBC [00005]"},
-        {"group, not the channel", u"offer:00700 register:G", "| [] heard 00700"},
-        {"gives its own", u"hint:00700 register:G on:2 register:G",
-         "|00700, HKD, Tencent [00700] / |00700, HKD, Tencent [00700]"},
-        {"group before its own", u"group:00005@G hint:00700 register:G",
+        {"group, not the channel", u"offer:00007 register:G", "| [] heard 00007"},
+        {"gives its own", u"hint:00007 register:G on:2 register:G", "both |00007, HKD, CK [00007]"},
+        {"group before its own", u"group:00005@G hint:00007 register:G",
          "|00005, HKD, HSBC [00005]"},
-        {"no group, own", u"offer:00005 hint:00700 bare:-", "00700| [00700] heard 00005"},
+        {"no group, own", u"offer:00005 hint:00007 bare:-", "00007| [00007] heard 00005"},
     });
 }
 
 TEST_F(TSymbolEditorTest, RebuildsTheDisplay) {
     ExpectStates({
-        {"half typed, exchange", u"register:- type:700 return type:x exchange:A",
-         "|00700, HKD, Tencent [00700] heard 00700"},
-        {"half typed, language", u"register:- type:700 return all type:5 language",
-         "|00700, HKD, Tencent [00700] heard 00700"},
+        {"half typed, exchange", u"register:- type:7 return type:x exchange:A",
+         "|00007, HKD, CK [00007] heard 00007"},
+        {"half typed, language", u"register:- type:7 return all type:5 language",
+         "|00007, HKD, CK [00007] heard 00007"},
         {"nothing confirmed", u"register:- type:5 exchange:B language", "5| []"},
-        {"bare code", u"bare:- type:700 return exchange:C", "00700| [00700] heard 00700"},
+        {"bare code", u"bare:- type:7 return exchange:C", "00007| [00007] heard 00007"},
     });
 }
 
@@ -135,7 +152,7 @@ TEST_F(TSymbolEditorTest, FillsInNamesThatArriveLate) {
     EXPECT_EQ(count(), before);
     Do(u"all type:MORE return");
     EXPECT_EQ(count(), before + 1);
-    Do(u"all type:700 return");
+    Do(u"all type:7 return");
     EXPECT_EQ(count(), before) << "another symbol ends the wait";
     Do(u"all type:MORE return remove");
     EXPECT_EQ(count(), before - 4) << "channel, group, language, exchange";
@@ -145,6 +162,7 @@ TEST_F(TSymbolEditorTest, DropsItsListDown) {
     Do(u"register:-");
     TcxPopupEdit& edit = *Edited();
     EXPECT_EQ(edit.Properties().PopupControl(), &Current().List);
+    EXPECT_EQ(edit.Properties().PopupWidth(), 450);
     Do(u"f4");
     EXPECT_TRUE(edit.DroppedDown());
     EXPECT_EQ(edit.PopupWindow().Width(), 450);
