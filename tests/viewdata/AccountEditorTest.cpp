@@ -150,6 +150,7 @@ TEST_F(TAccountEditorTest, DropsItsListDown) {
     edit.SetWidth(700);
     Do(u"press:0 release on:2 register:- f4");
     EXPECT_EQ(edit.PopupWindow().Width(), 700);
+    EXPECT_EQ(edit.Properties().PopupWidth(), 700);
     EXPECT_EQ(accounts.Asked, 1);
     TcxImage person;
     ASSERT_TRUE(TIImageResourceList::GetInstance()->DefaultImageList().GetImage(0, person));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "embedded/LibraryLoader.h"
 #include "tests/platform/EditTrace.h"
 #include "tests/support/ServicesFixture.h"
 #include "viewdata/editors/EditorManager.h"
@@ -78,7 +77,6 @@ class TEditorFixture : public TServicesFixture, protected TEditPerson {
 protected:
     TEditorFixture() {
         WithoutCallsInside("a half-typed symbol is replaced by any exchange update");
-        if (TCustomLibraryLoader::GetInstance() == nullptr) ServiceRegistry::Install(&FLoader);
         FSpy = std::make_unique<TChannelSpy>();
         static constexpr TSpreadBand halves[] = {{0.0, 100.0, 0.5}};
         Services().Market().AddSpreadTable(u"SLOW", halves);
@@ -102,9 +100,6 @@ protected:
         TEditorManager::ReleaseInstance();
         TIImageResourceList::ReleaseInstance();
         FSpy.reset();
-        if (TCustomLibraryLoader::GetInstance() == &FLoader) {
-            ServiceRegistry::Remove<TCustomLibraryLoader>();
-        }
     }
 
     static TEditorManager& Manager() { return *TEditorManager::GetInstance(); }
@@ -163,7 +158,6 @@ private:
         EXPECT_NE(Services().Market().AddSymbol(record), nullptr) << ToUtf8(record.Symbol);
     }
 
-    TEmbeddedLibraryLoader FLoader;
     std::unique_ptr<TChannelSpy> FSpy;
     std::vector<std::pair<String, String>> FTouchedSettings;
 };

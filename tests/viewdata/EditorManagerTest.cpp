@@ -3,6 +3,7 @@
 #include "platform/rtl/FormatSettings.h"
 #include "platform/widgets/ResourceStrings.h"
 #include "viewdata/frame/ColumnInfo.h"
+#include "viewdata/services/LibraryLoader.h"
 #include "viewdata/services/ResourceKeys.h"
 
 #include <stdexcept>

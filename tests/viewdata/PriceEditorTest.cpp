@@ -35,6 +35,7 @@ TEST_F(TPriceEditorTest, KeepsGroupMarksWhileTyping) {
         {"typed after that", u"value:5 all back type:7", "7| 7.0"},
         {"taken away by the form", u"value:5 null", "0| 0.0"},
         {"below the minimum", u"min:10 value:50 all type:5", "1|0 10.0"},
+        {"below it, by the form", u"min:10 value:50 right value:5", "5| 5.0"},
         {"at the minimum", u"min:5 value:50 all type:5", "5| 5.0"},
         {"written by the form", u"value:1234.5", "1,234.5| 1234.5"},
     });
@@ -77,7 +78,7 @@ TEST_F(TPriceEditorTest, StepsAlongTheTickTable) {
         {"no table any more", u"symbol:00700 value:350.2 symbol:HSIF up", "350.4| 350.4 step 0.2"},
         {"another table's band", u"symbol:00700 value:35 symbol:RATIO value:350 up",
          "350.5| 350.5 step 0.5"},
-        {"no product any more", u"symbol:00700 value:350.2 register:", "350.2| 350.2"},
+        {"no product any more", u"symbol:00700 value:350.2 register: up", "351.2| 351.2"},
         {"the product again", u"symbol:00700 register: symbol:00700 value:350.2 up",
          "350.4| 350.4 step 0.2"},
     });

@@ -64,6 +64,8 @@ TEST_F(TQuantityEditorTest, StepsByTheLot) {
         {"down to the lot", u"symbol:00700 value:200 down", "100| 100 step 100.0"},
         {"below a lot", u"symbol:00700 value:50", "50| 50 step 100.0"},
         {"by the form", u"symbol:00700 value:1234", "1,200| 1200 step 100.0"},
+        {"by the form, left", u"symbol:00700 leave value:1234", "1,200| 1200 step 100.0"},
+        {"negative, by the form", u"value:5 right value:-5", "-5| -5"},
         {"no symbol", u"value:1234 up", "1,235| 1235"},
         {"the last quantity again", u"symbol:00700 type:1234 null value:1234",
          "1,234| 1234 step 100.0"},

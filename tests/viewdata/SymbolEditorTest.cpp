@@ -172,6 +172,7 @@ TEST_F(TSymbolEditorTest, DropsItsListDown) {
     edit.SetWidth(700);
     Do(u"press:0 release");
     EXPECT_EQ(edit.PopupWindow().Width(), 700);
+    EXPECT_EQ(edit.Properties().PopupWidth(), 700);
     edit.ResizePopup(10, 10);
     EXPECT_EQ(edit.PopupWindow().Width(), 150);
     EXPECT_EQ(edit.PopupWindow().Height(), 100);
