@@ -1,4 +1,6 @@
+#include "embedded/DataError.h"
 #include "platform/rtl/Numbers.h"
+#include "platform/rtl/Utf.h"
 #include "terminal/console/AuditText.h"
 #include "terminal/console/ScriptAnswers.h"
 
@@ -81,8 +83,21 @@ void Cancel(TScriptScreen& screen, const TScriptArguments& arguments, std::ostre
     PrintResult(out, screen.Desk().CancelOrder(number), DoneText);
 }
 
-void Audit(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
+void SaveAudit(const TOrderAudit& audit, const String& file) {
+    try {
+        audit.Save(ToUtf8(file));
+    } catch (const EDataError& error) {
+        Fail(FromUtf8(error.what()));
+    }
+}
+
+void Audit(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
     const TOrderAudit& audit = screen.Desk().Audit();
+    if (arguments.Has(1)) {
+        SaveAudit(audit, arguments.Word(1));
+        PrintResult(out, true, DoneText);
+        return;
+    }
     for (Integer index = 0; index < audit.Count(); ++index) {
         PrintAnswer(out, u"audit", AuditLine(audit[index], screen.Desk()));
     }
@@ -96,7 +111,7 @@ constexpr TScriptCommand Commands[] = {
     {"copyprice ROW ATTRIBUTE", "copies a cell of a market row into order entry", CopyPrice},
     {"orders", "shows all orders of the day", Orders},
     {"cancel NUMBER", "cancels what is left of an order, by its number", Cancel},
-    {"audit", "lists everything that happened to orders", Audit},
+    {"audit [FILE]", "lists everything that happened to orders, or saves it as CSV", Audit},
 };
 
 } // namespace
