@@ -155,6 +155,7 @@ void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDeta
     }
     const bool joins =
         !details.MasterAccount.empty() && record->GetMasterAccount() != details.MasterAccount;
+    if (record->GetMasterAccount() != details.MasterAccount) NoteLeft(*record);
     if (record->HasLateDetails() || (isNew && FDetailsLate)) {
         record->SetDetailsLate(details);
     } else {
@@ -162,6 +163,12 @@ void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDeta
     }
     if (joins) FNewSubAccounts.AddOrSetValue(account, record.get());
     FChanged.AddOrSetValue(account, record.get());
+}
+
+// Its master hears of it as well, whoever it belongs to when it is told.
+void TEmbeddedAccountAdapter::NoteLeft(TEmbeddedAccount& account) {
+    const String& master = account.GetMasterAccount();
+    if (!master.empty()) FLeftMasters.Obtain(master).AddOrSetValue(account.GetAccount(), &account);
 }
 
 bool TEmbeddedAccountAdapter::DropAccount(StringView account) {
@@ -174,6 +181,7 @@ bool TEmbeddedAccountAdapter::DropAccount(StringView account) {
     FFedBalances.Remove(record->GetAccount());
     FNewSubAccounts.Remove(record->GetAccount());
     FChanged.AddOrSetValue(record->GetAccount(), record);
+    NoteLeft(*record);
     FDropped.Add(std::move(dropped));
     return true;
 }
@@ -266,7 +274,6 @@ void TEmbeddedAccountAdapter::Deliver() {
     CountDown();
     if (!FReady) return;
     const TDeliverySerial serial = FDeliveries.Begin();
-    const TDroppedAccounts gone = std::exchange(FDroppedTold, std::exchange(FDropped, {}));
     TAccountDictionary changed = std::exchange(FChanged, {});
     TAccountDictionary joined = std::exchange(FNewSubAccounts, {});
     TAccountDictionary loaded = LoadDetails();
@@ -293,6 +300,9 @@ void TEmbeddedAccountAdapter::DeliverChanges(TDeliverySerial serial, TAccountDic
         if (item.Value->IsSubAccount()) {
             byMaster.Obtain(item.Value->GetMasterAccount()).Add(item.Key, item.Value);
         }
+    }
+    for (const auto& left : std::exchange(FLeftMasters, {})) {
+        for (const auto& item : left.Value) byMaster.Obtain(left.Key).Add(item.Key, item.Value);
     }
     for (const auto& item : changed) {
         FAccountCallbacks.Deliver(serial, item.Key, Pointer(&changed), Pointer());

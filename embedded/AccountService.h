@@ -49,8 +49,8 @@ public:
     // Makes the account known, or replaces the details of a known one. The empty code is ignored.
     void FeedAccount(StringView account, const TAccountDetails& details = {});
     // Ends an account: from here on no operation knows it, and the next Deliver tells of it. What
-    // was handed out of it stays valid until the Deliver after that has returned. Its positions are
-    // left alone. False for an account that was not fed.
+    // was handed out of it stays valid as long as the service. Its positions are left alone. False
+    // for an account that was not fed.
     bool DropAccount(StringView account);
     // The figures of a known account in one currency, in all together with the empty code. False
     // for an account that was not fed.
@@ -85,6 +85,7 @@ public:
 
 private:
     TEmbeddedAccount* Find(StringView account) const;
+    void NoteLeft(TEmbeddedAccount& account);
     TBalanceRecords* SummedRecords(const TEmbeddedAccount& account);
     void CountDown();
     void DeliverChanges(TDeliverySerial serial, TAccountDictionary& changed);
@@ -98,8 +99,8 @@ private:
 
     TEmbeddedCurrencyAdapter& FMultiCurrencies;
     TDictionary<String, std::unique_ptr<TEmbeddedAccount>> FAccounts;
-    TDroppedAccounts FDropped;     // nobody has been told yet
-    TDroppedAccounts FDroppedTold; // with the last Deliver
+    TDroppedAccounts FDropped;                            // kept: somebody may still look at them
+    TDictionary<String, TAccountDictionary> FLeftMasters; // by master: what has left it
     TList<TEmbeddedAccount*> FAccountList;
     TDictionary<String, TBalanceRecords> FSummedRecords; // by account
     TDictionary<String, String> FCustomValues;           // by section and key

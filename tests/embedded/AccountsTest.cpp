@@ -288,6 +288,29 @@ TEST_F(AccountsTest, NothingIsKnownBeforeTheListIsReady) {
     Adapter().RemoveSubAccountLoadCallback(&loaded);
 }
 
+TEST_F(AccountsTest, AMasterHearsOfWhatLeavesIt) {
+    TAccountReceiver master;
+    Accounts().FeedAccount(u"M");
+    Accounts().FeedAccount(u"S", {.MasterAccount = u"M"});
+    Adapter().AddSubAccountCallback(u"M", master.Event(), &master, nullptr);
+    Services().Deliver();
+    master.Take();
+
+    Accounts().FeedAccount(u"S", {.MasterAccount = u"M2"});
+    Services().Deliver();
+    EXPECT_NE(master.Take(), u"") << "to another master";
+    Accounts().FeedAccount(u"S", {.MasterAccount = u"M"});
+    Services().Deliver();
+    master.Take();
+    const TCustomAccount* dropped = Adapter().GetAccount(u"S", false);
+    Accounts().DropAccount(u"S");
+    Accounts().FeedAccount(u"S", {.MasterAccount = u"M2"});
+    for (Integer delivery = 0; delivery < 3; ++delivery) Services().Deliver();
+    EXPECT_NE(master.Take(), u"") << "dropped, and back elsewhere";
+    EXPECT_EQ(dropped->GetAccount(), u"S") << "stays readable";
+    Adapter().RemoveSubAccountCallback(u"M", &master);
+}
+
 TEST_F(AccountsTest, RatiosByAccountAndForAll) {
     const TCustomProductAdapter& products = *TCustomProductAdapter::GetInstance();
     Services().Products().FeedProduct(u"00700", u"").SetMarginRatio(0.6);

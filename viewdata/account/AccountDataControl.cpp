@@ -136,10 +136,10 @@ void TCustomAccountInfoDataControl::RefreshSubAccounts() {
 
 void TCustomAccountInfoDataControl::AccountUpdate(Pointer Sender, Pointer) {
     const auto* changes = static_cast<const TAccountDictionary*>(Sender);
-    if (changes == nullptr || FAccount.empty()) return;
+    if (FAccount.empty()) return;
     const TPin pin(*this);
-    RefreshSubAccounts();
-    if (!pin.IsAlive()) return;
+    RefreshSubAccounts(); // also with nothing named: a record may have gone
+    if (changes == nullptr || !pin.IsAlive()) return;
     if (TCustomAccount* const* own = changes->Find(FAccount)) {
         const TCustomAccount* account = *own;
         if (account != nullptr && account->GetCurrencyCount() != FAccountCurrencyDataCount) {

@@ -24,7 +24,7 @@ public:
     // Accounts that GetAccountByIndex serves; 0 until the list is ready.
     virtual Integer GetAccountCount() const = 0;
     virtual Boolean IsAccountKnown(StringView Account) const = 0;
-    // A sub-account of the master `Account` changed. `Sender`: TAccountDictionary of what changed,
+    // A sub-account of the master `Account` changed, or has left it. `Sender`: TAccountDictionary of what changed,
     // or nil. `Reserved` is nil.
     virtual void AddSubAccountCallback(StringView Account, const TDataCallbackEvent& Callback,
                                        TObject* Owner, Pointer Reserved) = 0;
