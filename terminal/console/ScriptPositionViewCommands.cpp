@@ -67,8 +67,7 @@ constexpr TScriptCommand Commands[] = {
      ChinaConnect},
     {"accountinfo", "the holder and the status of the account", AccountInfo},
     {"totals", "market value and accept value of the position view", Totals},
-    {"copysymbol ROW", "copies a row of the position view into order entry, as a sale",
-     CopySymbol},
+    {"copysymbol ROW", "copies a row of the position view into order entry, as a sale", CopySymbol},
 };
 
 } // namespace

@@ -11,8 +11,7 @@ namespace {
 const std::filesystem::path Accounts =
     std::filesystem::path(QUORIN_DATA_DIR) / "scripts" / "accounts.txt";
 
-constexpr StringView Office[] = {u"M88001", u"M88001-01", u"M88001-02", u"M88001-03",
-                                 u"M88001-04"};
+constexpr StringView Office[] = {u"M88001", u"M88001-01", u"M88001-02", u"M88001-03", u"M88001-04"};
 
 TEST(ScriptPositionViewTest, TheShippedScriptHasNoWrongLineAndPrintsTheSameTwice) {
     const auto play = [] {
