@@ -9,6 +9,7 @@ namespace quorin {
 
 // The families of commands, in the order of the help.
 std::span<const TScriptCommand> ListCommands();
+std::span<const TScriptCommand> PositionViewCommands();
 std::span<const TScriptCommand> OrderCommands();
 std::span<const TScriptCommand> GeneralCommands();
 

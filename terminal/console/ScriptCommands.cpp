@@ -38,7 +38,8 @@ Integer RecordOf(TListForm& list, Integer row) {
 
 std::vector<TScriptCommand> ScriptCommands() {
     std::vector<TScriptCommand> commands;
-    for (const auto family : {ListCommands(), OrderCommands(), GeneralCommands()}) {
+    for (const auto family :
+         {ListCommands(), PositionViewCommands(), OrderCommands(), GeneralCommands()}) {
         commands.insert(commands.end(), family.begin(), family.end());
     }
     return commands;
@@ -62,7 +63,8 @@ std::string ScriptHelp() {
     std::string text =
         "Commands of a script, one a line, # begins a comment, \"...\" holds blanks. ROW counts\n"
         "from 0; for buy, sell, copyprice and move it is a row of the market list, for close and\n"
-        "copyorder of the positions, for cell of the list that was shown last:\n";
+        "copyorder of the positions shown last, for cell and row of the list that was shown "
+        "last:\n";
     for (const TScriptCommand& command : ScriptCommands()) {
         text += std::string("  ") + command.Pattern + "\n      " + command.Help + "\n";
     }

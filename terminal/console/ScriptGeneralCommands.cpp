@@ -1,11 +1,13 @@
 #include "platform/rtl/Numbers.h"
 #include "terminal/console/ScriptAnswers.h"
+#include "terminal/console/TextWidth.h"
 
 namespace quorin {
 
 namespace {
 
 constexpr Char SectionMark = u'/';
+constexpr Integer AttributeWidth = 5;
 constexpr Integer LanguageCount = 3;
 
 void Step(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
@@ -53,13 +55,25 @@ String KindText(const Variant& value) {
     return text + u"]";
 }
 
+String CellText(TListForm& list, Integer row, Integer attribute) {
+    return KindText(list.Value(row, attribute)) + u" | " + Quoted(list.Text(row, attribute));
+}
+
 void Cell(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
     TListForm& list = screen.LastList();
     const Integer row = arguments.Number(1);
     CheckRow(list, row);
-    const Integer attribute = arguments.Number(2);
-    PrintAnswer(out, u"cell",
-                KindText(list.Value(row, attribute)) + u" | " + Quoted(list.Text(row, attribute)));
+    PrintAnswer(out, u"cell", CellText(list, row, arguments.Number(2)));
+}
+
+void Row(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
+    TListForm& list = screen.LastList();
+    const Integer row = arguments.Number(1);
+    CheckRow(list, row);
+    for (const Integer attribute : list.Attributes()) {
+        const String number = FitText(IntegerToText(attribute), AttributeWidth, TAlign::Right);
+        PrintAnswer(out, u"cell", number + u"  " + CellText(list, row, attribute));
+    }
 }
 
 void Help(TScriptScreen&, const TScriptArguments&, std::ostream& out) {
@@ -71,6 +85,7 @@ constexpr TScriptCommand Commands[] = {
     {"set KEY VALUE", "changes a setting, KEY or SECTION/KEY; \"\" takes it away", Set},
     {"language N", "0 English, 1 Traditional, 2 Simplified Chinese", Language},
     {"cell ROW ATTRIBUTE", "raw value and text of a cell of the list shown last", Cell},
+    {"row ROW", "raw value and text of every column of a row of the list shown last", Row},
     {"help", "prints this", Help},
 };
 

@@ -142,6 +142,8 @@ void ChangeFavourite(TScriptScreen& screen, const TScriptArguments& arguments, s
         isDone = market.List().RemoveFavoritePrice(record);
     } else if (&list == &screen.Positions()) {
         isDone = screen.Positions().Control().AddToFavorite(record);
+    } else if (&list == &screen.PositionView()) {
+        isDone = screen.PositionView().Control().AddToFavorite(record);
     } else {
         isDone = market.List().AddToFavorite(record);
     }

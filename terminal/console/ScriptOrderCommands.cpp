@@ -31,9 +31,14 @@ void QuickOrder(TScriptScreen& screen, const TScriptArguments& arguments, std::o
     }
 }
 
-TPositionForm& ShownPositions(TScriptScreen& screen) {
-    if (!screen.IsShowingPositions()) Fail(u"no positions are shown");
-    return screen.Positions();
+TListForm& ShownPositions(TScriptScreen& screen) {
+    if (screen.ShownPositions() == nullptr) Fail(u"no positions are shown");
+    return *screen.ShownPositions();
+}
+
+TCustomPositionDataControl& PositionControl(TScriptScreen& screen) {
+    if (screen.IsShowingPositionView()) return screen.PositionView().Control();
+    return screen.Positions().Control();
 }
 
 struct TClose {
@@ -48,22 +53,20 @@ constexpr TClose Closes[] = {
 };
 
 void Close(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
-    TPositionForm& positions = ShownPositions(screen);
-    const Integer record = RecordOf(positions, arguments.Number(2));
+    const Integer record = RecordOf(ShownPositions(screen), arguments.Number(2));
     for (const TClose& close : Closes) {
         if (!arguments.Is(1, close.Price)) continue;
-        PrintResult(out, (positions.Control().*close.Take)(record), TakenText);
+        PrintResult(out, (PositionControl(screen).*close.Take)(record), TakenText);
     }
 }
 
 void CloseAll(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
-    PrintResult(out, screen.Positions().Control().CloseAllPositions(), TakenText);
+    PrintResult(out, PositionControl(screen).CloseAllPositions(), TakenText);
 }
 
 void CopyOrder(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
-    TPositionForm& positions = ShownPositions(screen);
-    const Integer record = RecordOf(positions, arguments.Number(1));
-    PrintResult(out, positions.Control().CopyOrder(record), DoneText);
+    const Integer record = RecordOf(ShownPositions(screen), arguments.Number(1));
+    PrintResult(out, PositionControl(screen).CopyOrder(record), DoneText);
 }
 
 void CopyPrice(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {

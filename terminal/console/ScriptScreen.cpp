@@ -60,6 +60,13 @@ void TScriptScreen::ShowUnderlyer(const TUnderlyerChoice& choice, StringView tit
 void TScriptScreen::ShowPositions() {
     FHasPositions = true;
     FLastList = &FPositions;
+    FShownPositions = &FPositions;
+}
+
+void TScriptScreen::ShowPositionView() {
+    FHasPositionView = true;
+    FLastList = &FPositionView;
+    FShownPositions = &FPositionView;
 }
 
 void TScriptScreen::ShowAccount(StringView account) {
@@ -67,6 +74,7 @@ void TScriptScreen::ShowAccount(StringView account) {
     Watch().ShowAccount(FAccount);
     FUnderlyer.ShowAccount(FAccount);
     FPositions.Control().SetAccount(FAccount);
+    FPositionView.Control().SetAccount(FAccount);
 }
 
 String TScriptScreen::Exchange() const {
@@ -95,10 +103,14 @@ void TScriptScreen::PrintChanges(std::ostream& out) {
     if (FHasPositions) {
         PrintList(out, FPrintedPositions, FPositions, FPositions.View().RowCount());
     }
+    if (FHasPositionView) {
+        PrintList(out, FPrintedPositionView, FPositionView, FPositionView.View().RowCount());
+    }
     if (FHasOrders) PrintList(out, FPrintedOrders, FOrders, FOrders.View().RowCount());
     PrintLine(out, EntryLabel, FPrintedEntry, FSession.Host().Orders().Entry().Text());
     FMarket->NoteShown();
     FPositions.NoteShown();
+    FPositionView.NoteShown();
 }
 
 // Questions and answers were printed when they were asked.

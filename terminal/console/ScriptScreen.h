@@ -3,6 +3,7 @@
 #include "terminal/console/ConsoleSession.h"
 #include "terminal/forms/OrdersForm.h"
 #include "terminal/forms/PositionForm.h"
+#include "terminal/forms/PositionViewForm.h"
 #include "terminal/forms/UnderlyerForm.h"
 
 #include <ostream>
@@ -24,14 +25,19 @@ public:
     TMarketWatchForm& Watch() { return FSession.Watch(); }
     TUnderlyerForm& Underlyer() { return FUnderlyer; }
     TPositionForm& Positions() { return FPositions; }
-    // The market list or the positions, whichever was shown last.
+    // The market list, the positions or the position view, whichever was shown last.
     TListForm& LastList() { return *FLastList; }
-    bool IsShowingPositions() const { return FHasPositions; }
+    TPositionViewForm& PositionView() { return FPositionView; }
+    // The list that closes act on: the positions or the position view, whichever was shown last;
+    // nothing before that.
+    TListForm* ShownPositions() { return FShownPositions; }
+    bool IsShowingPositionView() const { return FShownPositions == &FPositionView; }
 
     // An exchange, or FavoriteExchange.
     void ShowWatch(StringView exchange);
     void ShowUnderlyer(const TUnderlyerChoice& choice, StringView title);
     void ShowPositions();
+    void ShowPositionView();
     void ShowOrders() { FHasOrders = true; }
     void ShowAccount(StringView account);
     // The exchange of the market list; empty for the favourites.
@@ -57,10 +63,13 @@ private:
     TConsoleSession& FSession;
     TUnderlyerForm FUnderlyer;
     TPositionForm FPositions;
+    TPositionViewForm FPositionView;
     TOrdersForm FOrders;
     TMarketListForm* FMarket;
     TListForm* FLastList;
+    TListForm* FShownPositions = nullptr;
     bool FHasPositions = false;
+    bool FHasPositionView = false;
     bool FHasOrders = false;
     Integer FReported = 0; // lines of the audit list
     String FAccount;
@@ -70,6 +79,7 @@ private:
     String FPrintedEntry;
     TPrinted FPrintedMarket{u"market", true, {}, {}};
     TPrinted FPrintedPositions{u"position", true, {}, {}};
+    TPrinted FPrintedPositionView{u"view", true, {}, {}};
     TPrinted FPrintedOrders{u"order", false, {}, {}};
 };
 

@@ -86,6 +86,12 @@ String TListForm::Text(Integer row, Integer attribute) {
     return record == NoRow ? String() : FBase->GetDisplayValue(record, attribute);
 }
 
+std::vector<Integer> TListForm::Attributes() {
+    std::vector<Integer> attributes;
+    for (const TColumnInfo* info : *FBase->GetColList()) attributes.push_back(info->ID());
+    return attributes;
+}
+
 bool TListForm::IsText(Integer attribute) const {
     return std::find(std::begin(TextAttributes), std::end(TextAttributes), attribute) !=
            std::end(TextAttributes);

@@ -58,6 +58,10 @@ class TListForm : public TObject {
     Variant Value(Integer row, Integer attribute);
     String Text(Integer row, Integer attribute);
 
+    // The columns that the list can tell about a row, shown or not: those shown, unless a
+    // descendant knows more.
+    virtual std::vector<Integer> Attributes();
+
     // Whether the column is read as text, from the left.
     virtual bool IsText(Integer attribute) const;
     // Whether the column's cells may carry a mark behind their text, and the mark of a cell;

@@ -32,6 +32,9 @@ inline constexpr StringView Res_MarketValue = u"Res_MarketValue";
 inline constexpr StringView Res_RealisedPL = u"Res_RealisedPL";
 inline constexpr StringView Res_UnrealisedPL = u"Res_UnrealisedPL";
 inline constexpr StringView Res_TotalPL = u"Res_TotalPL";
+inline constexpr StringView Res_Bought = u"Res_Bought";
+inline constexpr StringView Res_Sold = u"Res_Sold";
+inline constexpr StringView Res_AcceptValue = u"Res_AcceptValue";
 // Orders and what is asked about them.
 inline constexpr StringView Res_Buy = u"Res_Buy";
 inline constexpr StringView Res_Sell = u"Res_Sell";
