@@ -116,10 +116,11 @@ void TPriceEditorRecord::SymbolUpdate(Pointer, Pointer) {
     if (FSubItem == nullptr || FSubItem->GetStatus() != ItemStatus::Ready) return;
     const TRun run(*this);
     const TCustomSubItem& item = *FSubItem;
+    const String symbol = FSymbol;
     Unsubscribe();
     TakeTable(item);
     if (FSpread != nullptr) SpreadUpdate(nullptr, nullptr);
-    TakeRatio(item);
+    if (FSymbol == symbol) TakeRatio(item); // else the form has chosen another product inside
 }
 
 void TPriceEditorRecord::TakeTable(const TCustomSubItem& item) {
