@@ -103,9 +103,10 @@ protected:
     TConvertSymbol FOnConvertSymbol = nullptr;
 
 private:
-    // The record of the field, bound to it; nil when the field was taken away meanwhile.
-    template <class Record, class Editor>
-    Record* Bind(TRecords<Record>& records, Editor* editor, StringView groupID);
+    // The record of the field, made with `arguments` and bound to it; nil when the field was taken
+    // away meanwhile.
+    template <class Record, class Editor, class... A>
+    Record* Bind(TRecords<Record>& records, Editor* editor, StringView groupID, A&... arguments);
     template <class Record>
     void Drop(TRecords<Record>& records, Int64 identity);
     void DropAll();
