@@ -162,23 +162,27 @@ TEST_F(TEditorManagerTest, MayLoseTheFieldInsideAHandler) {
     }
 }
 
-// A fraction is rounded where a quantity field takes whole numbers only.
+// A quantity field rounds the fraction that stands in it, a symbol field decorates its code.
 TEST_F(TEditorManagerTest, MayLoseTheFieldWhileItIsRegistered) {
-    for (const bool frees : {false, true}) {
-        SCOPED_TRACE(frees ? "freed" : "removed");
-        Start();
-        Manager();
-        const Integer before = Registered();
-        Spins[Quantity]->Properties().SetValueType(TcxSpinEditValueType::Float);
-        Spins[Quantity]->SetEditValue(1.5);
-        const auto forms = EventsOf(FieldOfKind(Quantity));
-        Traces[Quantity]->Take();
-        Traces[Quantity]->ActsOn = "change";
-        Traces[Quantity]->Act = [&] { frees ? Free(Quantity) : Remove(Quantity); };
-        Register(Quantity, u"G");
-        EXPECT_EQ(Traces[Quantity]->Take(), "change:");
-        EXPECT_EQ(Registered(), before);
-        EXPECT_TRUE(frees || EventsOf(FieldOfKind(Quantity)) == forms);
+    for (const int kind : {Quantity, Symbol}) {
+        for (const bool frees : {false, true}) {
+            SCOPED_TRACE(std::to_string(kind) + (frees ? ", freed" : ", removed"));
+            Start();
+            Manager();
+            const Integer before = Registered();
+            Spins[Quantity]->Properties().SetValueType(TcxSpinEditValueType::Float);
+            Spins[Quantity]->SetEditValue(1.5);
+            Popups[0]->SetText(u"00700");
+            Popups[0]->SetHint(u"00700");
+            const auto forms = EventsOf(FieldOfKind(kind));
+            Traces[kind]->Take();
+            Traces[kind]->ActsOn = "change";
+            Traces[kind]->Act = [&] { frees ? Free(kind) : Remove(kind); };
+            Register(kind, u"");
+            EXPECT_EQ(Traces[kind]->Take(), "change:");
+            EXPECT_EQ(Registered(), before);
+            EXPECT_TRUE(frees || EventsOf(FieldOfKind(kind)) == forms);
+        }
     }
 }
 

@@ -171,6 +171,7 @@ void TSymbolEditorRecord::AwaitName(const String& symbol) {
 
 void TSymbolEditorRecord::ApplySymbol(StringView Symbol) {
     if (FEditor == nullptr) return;
+    const TRun run(*this);
     const String symbol(Symbol); // the text may be the widget's own
     const String name = NameOf(symbol);
     String currency = CurrencyOf(symbol);
