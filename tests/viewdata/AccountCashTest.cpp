@@ -208,6 +208,14 @@ TEST_F(AccountCashTest, AllAccountsWaitForTheList) {
     EXPECT_EQ(Tree(), u"M(USD CNY) S(USD) N()");
     EXPECT_EQ(Accounts().RegistrationCount(), 3);
     EXPECT_GE(Signals(), 1);
+    Accounts().DropAccount(u"S");
+    Deliver();
+    EXPECT_EQ(Tree(), u"M(USD CNY) N()");
+    Accounts().FeedAccount(u"S");
+    Accounts().FeedBalance(u"S", u"JPY", {});
+    Deliver();
+    EXPECT_EQ(Tree(), u"M(USD CNY) N() S(JPY)");
+    EXPECT_GE(Signals(), 2);
 }
 
 TEST_F(AccountCashTest, TreeListWalksFromTheRoot) {

@@ -144,6 +144,16 @@ TEST_F(AccountTreeTest, NoCurrencyRowsBeforeTheyAreKnown) {
     Accounts().FeedBalance(u"unknown", u"USD", {});
     Deliver();
     EXPECT_EQ(Nodes(), u"604 604-USD");
+    // Columns that change while no account is known have their rows once it is known again.
+    Accounts().SetReady(false);
+    View().SetColumnList(&Columns.Make({606}));
+    EXPECT_EQ(Nodes(), u"606");
+    EXPECT_EQ(View().GetValue(View().GetNode(0), Value), Variant::EmptyText());
+    Accounts().SetReadyAfter(2);
+    Deliver();
+    EXPECT_EQ(Nodes(), u"606");
+    Deliver();
+    EXPECT_EQ(Nodes(), u"606 606-USD");
 }
 
 TEST_F(AccountTreeTest, SignalsOfEachEvent) {
@@ -378,15 +388,24 @@ TEST_F(AccountTreeTest, AccountChosenInsideTheChoiceOfAnother) {
     View().SetColumnList(&Columns.Make({604}));
     View().SetAccount(u"M");
     View().SetAggregate();
-    for (const StringView inner : {u"S", u"M"}) {
+    struct TCase {
+        StringView First, Last;
+        Integer Registrations; // of the account, and of the sub-accounts while they are summed
+    };
+    for (const TCase& row : {TCase{u"M", u"M", 2}, {u"S", u"S", 1}, {u"S", u"M", 1}}) {
         View().SetAccount(u"M");
-        talking.InChange = [this, inner] {
-            View().SetAccount(u"S");
-            View().SetAccount(inner);
+        talking.InChange = [this, row] {
+            View().SetAccount(row.First);
+            View().SetAccount(row.Last);
         };
         View().SetAccount(u"P");
-        EXPECT_EQ(View().Account(), inner) << "the later choice";
-        EXPECT_EQ(Accounts().RegistrationCount(), 1) << "one account is followed";
+        EXPECT_EQ(View().Account(), row.Last) << "the later choice";
+        EXPECT_EQ(Accounts().RegistrationCount(), row.Registrations);
+        Deliver();
+        Signals();
+        Accounts().FeedBalance(row.Last, u"USD", {});
+        Deliver();
+        EXPECT_GE(Signals(), 1) << "the account that is shown is followed";
     }
 }
 
@@ -404,19 +423,19 @@ TEST_F(AccountTreeTest, SumStandsAListThatChangesOnTheWay) {
     View().SetAccount(u"M");
     View().SetAggregate();
     TCustomAccountData* usd = Accounts().GetAccount(u"M", false)->GetAccountData(u"USD");
-    for (const Integer attribute : {604, 996}) {
-        Integer lookUp = 0;
-        std::function<void()> change = [&] {
-            if (++lookUp == 3) {
-                View().InitAggregateAccountList();
-            } else {
+    for (const Integer first : {3, 4}) { // from that look-up on it never keeps still
+        for (const Integer attribute : {604, 996}) {
+            Integer lookUp = 0;
+            std::function<void()> change = [&] {
+                if (++lookUp >= first) View().InitAggregateAccountList();
                 talking.InGetAccount = change;
-            }
-        };
-        talking.InGetAccount = change;
-        EXPECT_EQ(View().GetAggregatedAccountCurrencyData(usd, attribute),
-                  Variant(attribute == 604 ? 15.0 : -6.0));
-        EXPECT_EQ(lookUp, 3);
+            };
+            talking.InGetAccount = change;
+            EXPECT_EQ(View().GetAggregatedAccountCurrencyData(usd, attribute),
+                      Variant(attribute == 604 ? 15.0 : -6.0));
+            EXPECT_GT(lookUp, first);
+            talking.InGetAccount = nullptr;
+        }
     }
 }
 
@@ -437,6 +456,13 @@ TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
         {"dropped", [&] { Accounts().DropAccount(u"S"); }, 1.0},
         {"back", feed, 11.0},
         {"dropped and back at once", [&] { Accounts().DropAccount(u"S"), feed(); }, 11.0},
+        {"another one joins",
+         [&] {
+             Accounts().FeedAccount(u"S2", {.MasterAccount = u"M"});
+             Accounts().FeedBalance(u"S2", u"USD", {.Value604 = 100});
+         },
+         11.0},
+        {"and is taken in", [&] { View().SetAggregate(), View().SetAggregate(); }, 111.0},
     };
     Accounts().FeedBalance(u"M", u"USD", {.Value604 = 1});
     for (const TCase& row : cases) {
@@ -448,6 +474,37 @@ TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
                       Variant(row.Sum))
                 << row.Name;
         }
+    }
+}
+
+TEST_F(AccountTreeTest, ShownAccountThatIsDroppedAndComesBack) {
+    View().SetColumnList(&Columns.Make({604}));
+    View().SetAccount(u"P");
+    struct TCase {
+        const char* Name;
+        std::function<void()> Feed;
+        StringView Nodes, Total;
+    };
+    const std::vector<TCase> cases = {
+        {"dropped", [&] { Accounts().DropAccount(u"P"); }, u"604 604-HKD 604-USD", u""},
+        {"back without currencies",
+         [&] {
+             Accounts().FeedAccount(u"P");
+             Accounts().FeedBalance(u"P", u"", {.Value604 = 5});
+         },
+         u"604 604-HKD 604-USD", u"5.00"},
+        {"one more currency", [&] { Accounts().FeedBalance(u"P", u"CNY", {}); },
+         u"604 604-HKD 604-USD 604-CNY", u"5.00"},
+        {"chosen again", [&] { View().SetAccount(u"M"), View().SetAccount(u"P"); }, u"604 604-CNY",
+         u"5.00"},
+    };
+    for (const TCase& row : cases) {
+        Signals();
+        row.Feed();
+        Deliver();
+        EXPECT_GE(Signals(), 1) << row.Name;
+        EXPECT_EQ(Nodes(), row.Nodes) << row.Name;
+        EXPECT_EQ(View().GetDisplayValue(View().GetNode(0), Value), row.Total) << row.Name;
     }
 }
 
@@ -481,6 +538,53 @@ TEST_F(AccountTreeTest, ReceiverMayFreeTheControl) {
         EXPECT_TRUE(IsFreed()) << row.Name;
     }
     Make();
+}
+
+// At each look-up of each request in turn; nothing of the control may be touched after it.
+TEST_F(AccountTreeTest, ControlMayDieInsideALookUp) {
+    TTalkingAccounts& talking = LetAccountsTalk();
+    FeedAccounts();
+    Services().Features().FeedChinaConnectAccount(u"M", u"P");
+    Services().Features().FeedChinaConnectAccount(u"S", u"P");
+    Services().Features().SetChinaConnect(true);
+    struct TCase {
+        const char* Name;
+        std::function<void()> Action;
+        bool IsChange = false; // of the account, and not a look-up
+    };
+    const std::vector<TCase> cases = {
+        {"caption", [&] { View().GetValue(View().GetNode(2), Caption); }},
+        {"amount", [&] { View().GetValue(View().GetNode(2), Value); }},
+        {"text", [&] { View().GetDisplayValue(View().GetNode(0), Value); }},
+        {"shortfall", [&] { View().GetDisplayValue(View().GetNode(1), Value); }},
+        {"aggregation", [&] { View().SetAggregate(); }},
+        {"another account", [&] { View().SetAccount(u"P"); }},
+        {"another account, at its registration", [&] { View().SetAccount(u"P"); }, true},
+    };
+    for (const TCase& row : cases) {
+        bool isFreed = true;
+        for (Integer lookUp = 1; isFreed; ++lookUp) {
+            Make();
+            View().SetColumnList(&Columns.Make({604, 996}));
+            View().SetCurrency(u"USD");
+            View().SetFilterCurr(u"CNY");
+            View().SetAccount(u"M");
+            View().SetAggregate();
+            Integer left = lookUp;
+            std::function<void()> free = [&] {
+                if (--left == 0) return FreeControl();
+                (row.IsChange ? talking.InChange : talking.InGetAccount) = free;
+            };
+            (row.IsChange ? talking.InChange : talking.InGetAccount) = free;
+            row.Action();
+            talking.InGetAccount = talking.InChange = nullptr;
+            isFreed = IsFreed();
+            EXPECT_TRUE(isFreed || lookUp > 1) << row.Name;
+            if (isFreed) {
+                EXPECT_EQ(Accounts().RegistrationCount(), 0) << row.Name;
+            }
+        }
+    }
 }
 
 } // namespace
