@@ -134,8 +134,7 @@ TEST_F(AccountCashTest, CellsOfAccountsAndRecords) {
     for (const Boolean summed : {false, true}) {
         if (summed) View().SetAggregate();
         for (const TCase& row : cases) {
-            EXPECT_EQ(WithKind(View().GetValue(row.Node, row.Column)),
-                      summed ? row.Summed : row.Raw)
+            EXPECT_EQ(Kinded(View().GetValue(row.Node, row.Column)), summed ? row.Summed : row.Raw)
                 << row.Name;
             EXPECT_EQ(View().GetDisplayValue(row.Node, row.Column),
                       summed ? row.SummedText : row.Text)

@@ -3,6 +3,7 @@
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
 #include "tests/support/ServicesFixture.h"
+#include "tests/viewdata/Kinded.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/account/AccountCashDataControl.h"
 #include "viewdata/services/ResourceKeys.h"
@@ -13,16 +14,6 @@
 #include <vector>
 
 namespace quorin {
-
-// A raw value with its kind: #0 whole, 0 Double, 'x' text.
-inline String WithKind(const Variant& value) {
-    switch (value.Kind()) {
-    case Variant::TKind::Null: return u"null";
-    case Variant::TKind::Whole: return u"#" + value.ToText();
-    case Variant::TKind::Text: return u"'" + value.ToText() + u"'";
-    default: return value.ToText();
-    }
-}
 
 // An account service that does something inside its answers. It stands in for the installed one as
 // long as it lives.

@@ -1,4 +1,4 @@
-#include "tests/viewdata/OrderLog.h"
+#include "tests/viewdata/OrderTrace.h"
 #include "tests/viewdata/PositionViewFixture.h"
 #include "viewdata/services/ChannelMessages.h"
 
@@ -9,28 +9,16 @@ namespace {
 
 using TSide = TPositionSide;
 
-struct TPositionViewClosesTest : TPositionViewTest {
-    TPositionViewClosesTest() {
-        ServiceRegistry::Install(&Orders);
-        ServiceRegistry::Install(&Actions);
-        Host().SetReceiver(MakeEvent<&TPositionViewClosesTest::Received>(this));
+struct TPositionViewClosesTest : TPositionViewTest, TOrderTrace {
+    TPositionViewClosesTest() : TOrderTrace(Host()) {
         SetField(u"00700", Field::BestBid, 9.0);
         SetField(u"00700", Field::BestAsk, 11.0);
         SetField(u"00700", Field::LastPrice, 10.0);
         MakeView();
     }
-    ~TPositionViewClosesTest() override {
-        View.reset();
-        ServiceRegistry::Install(RealOrders);
-        ServiceRegistry::Install(RealActions);
-    }
+    ~TPositionViewClosesTest() override { View.reset(); }
+
     void Confirm(bool on) { SetConfig(ConfigKey::ConfirmationClosePosition, on ? u"1" : u"0"); }
-    String TakeLog() { return std::exchange(Log, {}); }
-    Boolean Received(Integer number, Pointer data) {
-        Log += u"message " + Variant(number).ToText() + u'\n';
-        if (InMessage) InMessage(number, data);
-        return true;
-    }
     // The record of a question; its list, if there is one, is the test's from here on.
     TOrderTakeActionRecord& Question(Pointer data, StringView message) {
         auto& record = *static_cast<TOrderTakeActionRecord*>(data);
@@ -48,12 +36,6 @@ struct TPositionViewClosesTest : TPositionViewTest {
         Show(u"A1");
     }
 
-    String Log;
-    TLoggedOrders Orders{Log};
-    TLoggedActions Actions{Log};
-    TCustomOrderAdapter* RealOrders = TCustomOrderAdapter::GetInstance();
-    TCustomOrderActionManager* RealActions = TCustomOrderActionManager::GetInstance();
-    std::function<void(Integer, Pointer)> InMessage;
     std::unique_ptr<TCustomPositionDataControl> List;
 };
 
