@@ -25,13 +25,15 @@ public:
     }
     ~TTalkingAccounts() override { ServiceRegistry::Install(FInstalled); }
 
-    // Called once, by the next operation of that name, before it answers.
+    // Called once, by the next operation of that name, before it answers. Texts are copied, since
+    // their owner may die inside.
     std::function<void()> InGetAccount;
     std::function<void()> InChange;
 
     TCustomAccount* GetAccount(StringView account, Boolean flag) override {
+        const String code(account);
         if (InGetAccount) std::exchange(InGetAccount, nullptr)();
-        return TEmbeddedAccountAdapter::GetAccount(account, flag);
+        return TEmbeddedAccountAdapter::GetAccount(code, flag);
     }
     void ChangeAccountCallback(StringView account, const TDataCallbackEvent& callback,
                                TObject* owner, StringView previous) override {

@@ -276,21 +276,6 @@ TEST_F(AccountTreeTest, AggregationFollowsTheAccount) {
     EXPECT_FALSE(View().IsSubAccountUpdate(&sub)) << "no master of a group";
 }
 
-TEST_F(AccountTreeTest, FilterCurrencySwitchesToChinaConnectWhereThatIsOn) {
-    struct TCase {
-        const char* Name;
-        Boolean On;
-        StringView Filter;
-        Boolean Shown;
-    };
-    for (const TCase& row : {TCase{"off", false, u"CNY", false}, TCase{"on", true, u"USD", true},
-                             TCase{"on, no filter", true, u"", false}}) {
-        Services().Features().SetChinaConnect(row.On);
-        View().SetFilterCurr(row.Filter);
-        EXPECT_EQ(View().FShowingChinaConnectAccountData, row.Shown) << row.Name;
-    }
-}
-
 // A descendant's own rows: shown, walked, freed.
 TEST_F(AccountTreeTest, ConvertedRowsOfADescendant) {
     View().SetColumnList(&Columns.Make({604}));

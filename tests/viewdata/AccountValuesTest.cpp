@@ -277,7 +277,9 @@ TEST_F(AccountValuesTest, ChinaConnectDataTakesThePlaceOfTheAccounts) {
     Accounts().FeedBalance(u"MC", u"USD", figures);
     Accounts().FeedBalance(u"S1C", u"USD", {.Value604 = 200, .Value996 = 2});
     Accounts().FeedBalance(u"S3C", u"USD", {.Value604 = 40, .Value996 = -4});
+    View().SetFilterCurr(u"USD");
     Services().Features().SetChinaConnect(true);
+    EXPECT_EQ(Raw(Record(u"M", u"USD"), 604), u"7") << "the feature was off at the choice";
     View().SetFilterCurr(u"CNY");
     struct TCase {
         const char* Name;
