@@ -134,11 +134,12 @@ public:
 // the number follows it; "$" stands for the symbol of the row's record there.
 inline String CellOf(TBaseDataControl& control, Integer row, Integer attribute,
                      const TCustomPositionData* record) {
+    // The record may go while the cell is asked for.
+    const String symbol = record != nullptr ? u'/' + record->GetSymbol() + u'/' : String();
     const Variant value = control.GetValue(row, attribute);
     String text = control.GetDisplayValue(row, attribute);
-    const std::size_t place =
-        record != nullptr ? text.find(u'/' + record->GetSymbol() + u'/') : String::npos;
-    if (place != String::npos) text.replace(place + 1, record->GetSymbol().size(), u"$");
+    const std::size_t place = symbol.empty() ? String::npos : text.find(symbol);
+    if (place != String::npos) text.replace(place, symbol.size(), u"/$/");
     const String plain = value.ToText();
     if (text == plain) return Kinded(value);
     if (text.starts_with(plain + u' ')) return Kinded(value) + text.substr(plain.size());
