@@ -3,6 +3,7 @@
 #include "terminal/forms/FieldListForm.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/editors/EditorManager.h"
+#include "viewdata/editors/SpinField.h"
 #include "viewdata/frame/OrderActions.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/services/ConfigKeys.h"
@@ -19,12 +20,6 @@ namespace {
 constexpr Integer FromNoList = 0; // in place of an OrderSource
 constexpr Boolean ShowsName = true;
 constexpr Boolean FollowsOthers = false;
-
-Double NumberOf(const TcxSpinEdit& edit) {
-    Double number = 0.0;
-    edit.EditValue().TryToDouble(number);
-    return number;
-}
 
 } // namespace
 
@@ -138,11 +133,11 @@ void TTicketForm::FollowSymbol() {
 Double TTicketForm::Price() const {
     const TCustomSubItem* item =
         TCustomSubscribeAdapter::GetInstance()->GetSubItem(FProduct, LiveDataType, /*Flag=*/false);
-    return NumberOf(FPrice) / DisplayRatioOf(*item);
+    return ValueOf(FPrice) / DisplayRatioOf(*item);
 }
 
 Double TTicketForm::Quantity() const {
-    return NumberOf(FQuantity);
+    return ValueOf(FQuantity);
 }
 
 bool TTicketForm::LeaveFields() {
