@@ -19,7 +19,7 @@ constexpr Double LongestPoll = 1e9;
 constexpr const char* Usage = "; usage: quorin-console [OPTIONS], --help lists them";
 constexpr Integer MostRows = 1000;
 
-const std::map<std::string, TFrameForm> FormNames = {
+const std::map<std::string, TFrameForm> Forms = {
     {"market", TFrameForm::Market},           {"positionview", TFrameForm::PositionView},
     {"accounttree", TFrameForm::AccountTree}, {"cash", TFrameForm::Cash},
     {"allcash", TFrameForm::AllCash},
@@ -71,7 +71,7 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     TConsoleOptions options;
     bool isText = true;
     std::string replay, universe, settings, sides, poll, exchange, trades, seed, script, answer,
-        account;
+        account, form;
     Integer frames = 0;
     Integer language = 0;
     TServiceSwitches& switches = options.Switches;
@@ -109,11 +109,11 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
                    "answer to every question (default: asks on a terminal, else no)")
         ->type_name("yes|no")
         ->check(CLI::IsMember({AnswerYes, AnswerNo}).description(""));
-    app.add_option("--form", options.Form,
+    app.add_option("--form", form,
                    "market, or of an account positionview, accounttree, cash, allcash\n"
                    "(default: market)")
         ->type_name("NAME")
-        ->transform(CLI::Transformer(FormNames).description(""))
+        ->check(CLI::IsMember(Forms).description(""))
         ->excludes(replayOption);
     app.add_option("--account", account, "the account of these forms (default: M88001)")
         ->type_name("CODE")
@@ -176,6 +176,7 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     if (!poll.empty()) options.PollInterval = ToDoubleOr(FromUtf8(poll), options.PollInterval);
     if (!exchange.empty()) options.Exchange = FromUtf8(exchange);
     if (!account.empty()) options.Account = FromUtf8(account);
+    if (!form.empty()) options.Form = Forms.at(form);
     if (options.Form != TFrameForm::Market && rowsOption->count() == 0) options.Rows = MostRows;
     options.TradesSymbol = FromUtf8(trades);
     if (framesOption->count() > 0) options.Frames = frames;

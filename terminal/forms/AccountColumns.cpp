@@ -32,7 +32,7 @@ constexpr TFormColumn Columns[] = {
     {A::Value604, K::Res_InitialMargin, 136, u"InitialMargin", false},
     {A::Value606, K::Res_MaintenanceMargin, 152, u"MaintenanceMargin", false},
     {A::TotalPL, K::Res_TotalPL, 120, u"TotalPL", false},
-    {A::HeldCash, K::Res_HeldCash, 112, u"HeldCash", false},
+    {A::HeldCash, K::Res_HeldCash, 128, u"HeldCash", false},
     {A::Cash, K::Res_Cash, 136, u"Cash", false},
     {A::Shortfall, K::Res_Shortfall, 120, u"Shortfall", false},
     {A::Value1205, K::Res_AcceptValue, 128, u"AcceptValue", false},

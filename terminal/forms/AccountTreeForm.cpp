@@ -23,8 +23,12 @@ TAccountTreeForm::TAccountTreeForm() {
     Bind<TAccountTreeControl>(TcxTreeShape::FlatList);
     View().AddColumn(AccountTreeColumn::Caption).SetWidth(CaptionWidth);
     View().AddColumn(AccountTreeColumn::Value).SetWidth(ValueWidth);
-    ShowFigures(MainFigures);
+    ShowMainFigures();
     UpdateCaptions();
+}
+
+void TAccountTreeForm::ShowMainFigures() {
+    ShowFigures(MainFigures);
 }
 
 void TAccountTreeForm::ShowFigures(std::span<const Integer> attributes) {

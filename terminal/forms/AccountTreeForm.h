@@ -13,6 +13,7 @@ class TAccountTreeForm : public TTreeForm {
     // With the figures that matter most.
     TAccountTreeForm();
 
+    void ShowMainFigures();
     // Chooses the figures; those without a caption are left out.
     void ShowFigures(std::span<const Integer> attributes);
 

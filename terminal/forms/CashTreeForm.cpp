@@ -3,6 +3,7 @@
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/CurrencyAdapter.h"
 
 #include <algorithm>
 #include <iterator>
@@ -28,6 +29,8 @@ TCashTreeForm::TCashTreeForm() {
         View().AddColumn(column.Attribute).SetWidth(column.Width);
     }
     UpdateCaptions();
+    // Names the currency of the totals, which are never converted.
+    Tree().SetCurrency(TCustomCurrencyAdapter::GetInstance()->GetBaseCurrency());
 }
 
 void TCashTreeForm::ShowAll() {
