@@ -14,7 +14,6 @@ namespace {
 
 constexpr const char* UniverseFolder = "universe";
 constexpr const char* AccountsFolder = "accounts";
-constexpr StringView ShownAccount = u"M88001";
 constexpr Int64 SecondsAtStart = (9 * 60 + 30) * 60; // when most exchanges trade
 constexpr Integer StepsPerRound = 4;                 // in which every symbol has moved about once
 
@@ -39,7 +38,7 @@ TVenueSession::TVenueSession(const TConsoleOptions& options,
     OpenWatch(chosen);
     if (FReadyAfter > 0) Services().Market().SetMarketDataReady(false);
     Watch().ShowMarket(chosen.Exchange);
-    Watch().ShowAccount(ShownAccount);
+    OpenForm(options, (dataFolder / AccountsFolder).string());
     OpenTrades(chosen, FUniverseName);
     FollowSides(Watch().Control().Symbols());
 }
