@@ -2,6 +2,7 @@
 
 #include "embedded/Host.h"
 #include "terminal/console/OrderDialog.h"
+#include "terminal/console/ViewDialogs.h"
 
 #include <istream>
 #include <ostream>
@@ -24,7 +25,12 @@ public:
     void TalkOn(std::ostream& messages, TAnswerBy answers, std::istream& input);
     // Notes questions and answers there from here on; nil: nowhere.
     void SetDesk(TOrderDesk* desk) { FDesk = desk; }
+    // Has dialogs about views answered there from here on; nil: nowhere.
+    void SetViewDialogs(TViewDialogs* dialogs) { FViewDialogs = dialogs; }
     const TOrderDialog& Orders() const { return FOrders; }
+
+    // A question of yes or no that has nothing to do with orders.
+    bool Ask(StringView text);
 
     void ShowMessage(StringView text) override;
     Integer Confirm(StringView text, Integer defaultAnswer) override;
@@ -39,6 +45,7 @@ private:
     TAnswerBy FAnswers = TAnswerBy::No;
     std::istream* FInput = nullptr;
     TOrderDesk* FDesk = nullptr;
+    TViewDialogs* FViewDialogs = nullptr;
     TOrderDialog FOrders{*this};
 };
 

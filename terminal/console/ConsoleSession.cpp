@@ -6,6 +6,7 @@
 #include "terminal/console/ReplaySession.h"
 #include "terminal/console/TextWidth.h"
 #include "terminal/console/VenueSession.h"
+#include "viewdata/editors/EditorManager.h"
 
 #include <sstream>
 
@@ -18,6 +19,11 @@ constexpr StringView SideBid = u"B";
 constexpr StringView ExchangeWithSides = u"SEHK";
 
 } // namespace
+
+TConsoleSession::TSharedRelease::~TSharedRelease() {
+    TMarketTradeSideDetector::ReleaseInstance();
+    TEditorManager::ReleaseInstance();
+}
 
 TConsoleSession::TConsoleSession(const TConsoleOptions& options,
                                  const std::filesystem::path& dataFolder, std::ostream& errors)

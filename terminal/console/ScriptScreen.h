@@ -27,6 +27,8 @@ public:
     TPositionForm& Positions() { return FPositions; }
     // The market list, the positions or the position view, whichever was shown last.
     TListForm& LastList() { return *FLastList; }
+    TFormView LastView() { return FLastList->FormView(); }
+    TViewDialogs& ViewDialogs() { return FViewDialogs; }
     TPositionViewForm& PositionView() { return FPositionView; }
     // The list that closes act on: the positions or the position view, whichever was shown last;
     // nothing before that.
@@ -61,6 +63,7 @@ private:
     void PrintList(std::ostream& out, TPrinted& printed, TListForm& list, Integer rows);
 
     TConsoleSession& FSession;
+    TViewDialogs FViewDialogs{FSession.Host()};
     TUnderlyerForm FUnderlyer;
     TPositionForm FPositions;
     TPositionViewForm FPositionView;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/widgets/GridTableView.h"
+#include "terminal/forms/FormView.h"
 #include "viewdata/frame/GridDataSource.h"
 #include "viewdata/market/MarketDataControl.h"
 
@@ -42,6 +42,7 @@ class TListForm : public TObject {
     ~TListForm() override;
 
     TcxGridTableView& View() { return *FView; }
+    TFormView FormView();
 
     // The symbol that the row shows now; empty outside.
     String Symbol(Integer row);
@@ -82,6 +83,7 @@ private:
     String FCustomColumnTag;
     std::unique_ptr<TCustomGridDataSource> FSource;
     std::unique_ptr<TcxGridTableView> FView;
+    std::unique_ptr<TcxGrid> FGrid;
     std::vector<String> FShownSymbols; // by row
 };
 

@@ -48,6 +48,8 @@ inline constexpr StringView Res_Favourites = u"Res_Favourites";
 inline constexpr StringView Res_OrderNumber = u"Res_OrderNumber";
 inline constexpr StringView Res_Reason = u"Res_Reason";
 inline constexpr StringView Res_Filled = u"Res_Filled";
+// Files.
+inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey
 
 } // namespace quorin
