@@ -14,6 +14,7 @@ std::span<const TScriptCommand> AccountCommands();
 std::span<const TScriptCommand> OrderCommands();
 std::span<const TScriptCommand> TicketCommands();
 std::span<const TScriptCommand> ServiceCommands();
+std::span<const TScriptCommand> LayoutCommands();
 std::span<const TScriptCommand> GeneralCommands();
 
 inline constexpr StringView TakenText = u"taken";

@@ -38,6 +38,8 @@ public:
     TAccountTreeForm* AccountTree() { return FAccountTree.get(); }
     // The position view or a tree, whichever was shown last; nothing before that.
     TAccountView* LastAccountView() { return FLastAccountView; }
+    TFormView LastView() { return FLast->FormView(); }
+    TViewDialogs& ViewDialogs() { return FViewDialogs; }
     // The list that closes act on: the positions or the position view, whichever was shown last;
     // nothing before that.
     TListForm* ShownPositions() { return FShownPositions; }
@@ -81,6 +83,7 @@ private:
     void NoteTree(TTreeForm& tree);
 
     TConsoleSession& FSession;
+    TViewDialogs FViewDialogs{FSession.Host()};
     TUnderlyerForm FUnderlyer;
     TPositionForm FPositions;
     std::unique_ptr<TPositionViewForm> FPositionView;

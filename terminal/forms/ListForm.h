@@ -41,6 +41,7 @@ class TListForm : public TShownForm {
     ~TListForm() override;
 
     TcxGridTableView& View() { return *FView; }
+    TFormView FormView() override;
 
     // The symbol that the row shows now; empty outside.
     String Symbol(Integer row);
@@ -79,6 +80,7 @@ private:
     String FCustomColumnTag;
     std::unique_ptr<TCustomGridDataSource> FSource;
     std::unique_ptr<TcxGridTableView> FView;
+    std::unique_ptr<TcxGrid> FGrid;
     std::vector<String> FShownSymbols; // by row
 };
 

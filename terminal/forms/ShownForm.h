@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/rtl/Variant.h"
-#include "platform/widgets/ViewColumn.h"
+#include "terminal/forms/FormView.h"
 #include "viewdata/market/MarketDataControl.h"
 
 #include <optional>
@@ -14,6 +14,7 @@ namespace quorin {
 class TShownForm : public TObject {
     QUORIN_CLASS(TShownForm, TObject)
 
+    virtual TFormView FormView() = 0;
     virtual Integer RowCount() = 0;
     // Levels above the row, none in a list.
     virtual Integer Depth(Integer) { return 0; }

@@ -70,6 +70,8 @@ inline constexpr StringView Res_Amount = u"Res_Amount";
 inline constexpr StringView Res_Aggregated = u"Res_Aggregated";
 inline constexpr StringView Res_ChinaConnect = u"Res_ChinaConnect";
 inline constexpr StringView Res_AllAccounts = u"Res_AllAccounts";
+// Files.
+inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey
 
 } // namespace quorin

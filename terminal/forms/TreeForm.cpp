@@ -29,6 +29,10 @@ void TTreeForm::SetColumns(std::span<const TFormColumn> columns) {
     FColumns = std::move(made);
 }
 
+TFormView TTreeForm::FormView() {
+    return {nullptr, FView.get(), FColumns->List(), {}};
+}
+
 void TTreeForm::LanguageChanged(Pointer, Pointer) {
     for (Integer index = 0; index < FView->GetColumnCount(); ++index) {
         TcxTreeListColumn& column = *FView->GetColumn(index);

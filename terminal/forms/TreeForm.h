@@ -19,6 +19,7 @@ class TTreeForm : public TShownForm, public TAccountView {
     TcxVirtualTreeList& View() { return *FView; }
     TCustomAccountInfoDataControl& Tree() { return *FTree; }
 
+    TFormView FormView() override;
     Integer RowCount() override { return FView->RowCount(); }
     Integer Depth(Integer row) override { return FView->Row(row).Depth; }
     Integer ColumnCount() override { return FView->GetColumnCount(); }
