@@ -19,7 +19,6 @@ namespace {
 
 constexpr Integer FromNoList = 0; // in place of an OrderSource
 constexpr Boolean ShowsName = true;
-constexpr Boolean FollowsOthers = false;
 
 } // namespace
 
@@ -127,6 +126,7 @@ void TTicketForm::FollowSymbol() {
     editors.SetQuantitySymbol(&FQuantity, FProduct);
     // Written when the table is the new one's, which gives the step.
     FPrice.SetEditValue(Variant());
+    FQuantity.SetEditValue(Int64{0}); // else the keys that multiply would bring the old one back
     FQuantity.SetEditValue(Variant());
 }
 
