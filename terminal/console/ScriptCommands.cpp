@@ -38,9 +38,9 @@ Integer RecordOf(TListForm& list, Integer row) {
 
 std::vector<TScriptCommand> ScriptCommands() {
     std::vector<TScriptCommand> commands;
-    for (const auto family : {ListCommands(), PositionViewCommands(), AccountCommands(),
-                              OrderCommands(), TicketCommands(), ServiceCommands(),
-                              GeneralCommands()}) {
+    for (const auto family :
+         {ListCommands(), PositionViewCommands(), AccountCommands(), OrderCommands(),
+          TicketCommands(), ServiceCommands(), GeneralCommands()}) {
         commands.insert(commands.end(), family.begin(), family.end());
     }
     return commands;
