@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <utility>
 
 namespace quorin {
 
@@ -156,8 +157,12 @@ void TConsoleSession::OpenForm(const TConsoleOptions& options, const std::string
     FForm = MakeForm(options);
 }
 
+// The clock of the head goes on also while an account rests.
 bool TConsoleSession::TakeRepaint() {
-    return FForm != nullptr ? FForm->TakeRepaint() : FWatch->View().TakeRepaint();
+    if (FForm == nullptr) return FWatch->View().TakeRepaint();
+    const bool isLater =
+        std::exchange(FPaintedDeliveries, FSummary.Deliveries) < FSummary.Deliveries;
+    return FForm->TakeRepaint() || isLater;
 }
 
 void TConsoleSession::FitFrame(Integer height) {

@@ -99,6 +99,7 @@ private:
     std::unique_ptr<TShownForm> FForm; // that frames show in place of the market
     Integer FMostRows = 0;             // of a frame, as asked for
     Integer FFormRows = 0;
+    Integer FPaintedDeliveries = 0;
     std::unique_ptr<TTradesForm> FTrades;
     std::unique_ptr<TProductForm> FProduct;
     std::unique_ptr<TTradeSides> FSides;

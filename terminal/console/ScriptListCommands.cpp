@@ -1,5 +1,6 @@
 #include "terminal/console/ScriptAnswers.h"
 #include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/AccountAdapter.h"
 
 namespace quorin {
 
@@ -103,11 +104,13 @@ void Months(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
 }
 
 void Account(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
-    const String& account = arguments.Word(1);
-    // Also one that is still to come.
-    const bool isKnown = screen.Session().Services().Accounts().FindAccount(account) != nullptr;
-    if (!isKnown && !account.empty()) Fail(u"there is no account " + account);
-    screen.ShowAccount(account);
+    // Market lists keep their account rather than take one that is not known, and orders with them.
+    const TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    if (!accounts.IsAccountReady()) Fail(u"the accounts are not there yet");
+    if (!accounts.IsAccountKnown(arguments.Word(1))) {
+        Fail(u"there is no account " + arguments.Word(1));
+    }
+    screen.ShowAccount(arguments.Word(1));
 }
 
 void Positions(TScriptScreen& screen, const TScriptArguments&, std::ostream&) {
@@ -169,8 +172,7 @@ constexpr TScriptCommand Commands[] = {
      "shows the contracts of one series; options need a month", Underlyer},
     {"series", "lists the series of the exchange shown", Series},
     {"months", "lists the months of the series' options", Months},
-    {"account CODE", "changes the account of everything shown and of orders; \"\" shows none",
-     Account},
+    {"account CODE", "changes the account of everything shown and of orders", Account},
     {"positions", "shows the account's positions", Positions},
     {"move FROM TO", "moves a market row", Move},
     {"batchmode on|off", "whether rows that come on screen are followed in batches", BatchMode},

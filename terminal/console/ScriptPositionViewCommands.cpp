@@ -55,7 +55,8 @@ void CopySymbol(TScriptScreen& screen, const TScriptArguments& arguments, std::o
 
 constexpr TScriptCommand Commands[] = {
     {"positionview [CODE]",
-     "shows the position view of the account, or of any other until the account changes",
+     "shows the position view of the account, or until the account changes of any other, known or "
+     "not; \"\" is none",
      PositionView},
     {"aggregate",
      "sums over a master and its sub-accounts on or off, in the position view or the tree, "

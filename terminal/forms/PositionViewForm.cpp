@@ -4,6 +4,7 @@
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
+#include "viewdata/services/CurrencyAdapter.h"
 
 #include <iterator>
 
@@ -90,6 +91,10 @@ String MoneyText(Double amount, StringView currency) {
     return FormatDecimals(amount, MoneyDecimals, /*grouping=*/true) + u' ' + String(currency);
 }
 
+Double RatioOf(const String& currency) {
+    return TCustomCurrencyAdapter::GetInstance()->GetCurrencyRatio(currency);
+}
+
 String Labelled(StringView key, StringView text) {
     return FormatText(u"%s: %s", {InterfaceText(key), text});
 }
@@ -99,6 +104,17 @@ String Labelled(StringView key, StringView text) {
 TPositionViewControl::TPositionViewControl(TComponent* AOwner)
     : TPositionViewDataControl(AOwner), FColumns(Columns) {
     EmptyDisplayText = NothingToShow;
+}
+
+String TPositionViewControl::ChinaConnectCurrency() const {
+    return FShowingChinaConnectAccountData ? FChinaConnectCurrency : String();
+}
+
+// A currency without a ratio leaves them as they are.
+String TPositionViewControl::TotalsCurrency() const {
+    const String currency = ChinaConnectCurrency();
+    const bool isKnown = !currency.empty() && RatioOf(currency) != 0.0;
+    return isKnown ? currency : FConvertCurrency;
 }
 
 TPositionViewForm::TPositionViewForm() {
@@ -118,7 +134,9 @@ std::vector<Integer> TPositionViewForm::Attributes() {
 String TPositionViewForm::Title() {
     const String& filter = FControl->FilterCurrency();
     String title = AccountTitle(FControl->Account(), FControl->Aggregated());
+    const String connect = FControl->ChinaConnectCurrency();
     if (!filter.empty()) title += u"  " + Labelled(ResourceKey::Res_Currency, filter);
+    if (!connect.empty()) title += u"  " + Labelled(TerminalKey::Res_ChinaConnect, connect);
     return title;
 }
 
@@ -145,12 +163,12 @@ String TPositionViewForm::StatusText() {
 }
 
 String TPositionViewForm::MarketValueText() {
-    return MoneyText(FControl->GetTotalMarketValue(), FControl->ConvertCurrency());
+    return MoneyText(FControl->GetTotalMarketValue(), FControl->TotalsCurrency());
 }
 
 String TPositionViewForm::AcceptValueText() {
     if (FControl->Aggregated()) return String(NothingToShow);
-    return MoneyText(FControl->GetTotalAcceptValue(), FControl->ConvertCurrency());
+    return MoneyText(FControl->GetTotalAcceptValue(), FControl->TotalsCurrency());
 }
 
 } // namespace quorin

@@ -14,6 +14,10 @@ class TPositionViewControl : public TPositionViewDataControl {
 
     const TColumnList* GetColList() override { return FColumns.List(); }
     const String& Account() const { return FAccount; }
+    // The currency of the China Connect totals while they are shown; empty for all others.
+    String ChinaConnectCurrency() const;
+    // The currency that the totals come in.
+    String TotalsCurrency() const;
 
 private:
     TFormColumns FColumns;
@@ -31,7 +35,8 @@ class TPositionViewForm : public TListForm, public TAccountView {
 
     void SetAggregate() override { FControl->SetAggregate(); }
     Boolean Aggregated() const override { return FControl->Aggregated(); }
-    // The account, whether it is a sum, and the currency of the rows when they are filtered.
+    // The account, whether it is a sum, the currency of the rows when they are filtered, and what
+    // the totals are of when they are not of everything else.
     String Title() override;
     // Who holds the account, its status, and the totals in one currency.
     std::vector<String> Summary() override;
