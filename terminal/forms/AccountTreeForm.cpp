@@ -11,18 +11,21 @@ namespace {
 
 namespace A = AccountAttribute;
 
-constexpr Integer CaptionWidth = 200; // pixels
-constexpr Integer ValueWidth = 160;
+constexpr TFormColumn Columns[] = {
+    {AccountTreeColumn::Caption, TerminalKey::Res_Figure, 200, u"Figure", false},
+    {AccountTreeColumn::Value, TerminalKey::Res_Amount, 160, u"Amount", false},
+};
 constexpr Integer MainFigures[] = {A::Value9028, A::MarketValue,   A::Cash,
                                    A::HeldCash,  A::AvailableCash, A::TotalPL,
                                    A::Value604,  A::Shortfall,     A::Value9018};
 
 } // namespace
 
-TAccountTreeForm::TAccountTreeForm() {
+TAccountTreeForm::TAccountTreeForm() : FLayoutColumns(Columns) {
     Bind<TAccountTreeControl>(TcxTreeShape::FlatList);
-    View().AddColumn(AccountTreeColumn::Caption).SetWidth(CaptionWidth);
-    View().AddColumn(AccountTreeColumn::Value).SetWidth(ValueWidth);
+    for (const TFormColumn& column : Columns) {
+        View().AddColumn(column.Attribute).SetWidth(column.Width);
+    }
     ShowMainFigures();
     UpdateCaptions();
 }
@@ -49,8 +52,8 @@ String TAccountTreeForm::Title() {
 }
 
 String TAccountTreeForm::ColumnText(Integer tag) {
-    return InterfaceText(tag == AccountTreeColumn::Caption ? TerminalKey::Res_Figure
-                                                           : TerminalKey::Res_Amount);
+    const TColumnInfo* column = FindColumn(FLayoutColumns.List(), tag);
+    return column == nullptr ? String() : InterfaceText(column->ResourceKey());
 }
 
 String TAccountTreeForm::NodeText(Pointer node, Integer tag) {

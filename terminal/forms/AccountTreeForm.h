@@ -25,6 +25,10 @@ protected:
     String ColumnText(Integer tag) override;
     // A figure is named also while the account is not known.
     String NodeText(Pointer node, Integer tag) override;
+    const TColumnList& LayoutColumns() const override { return *FLayoutColumns.List(); }
+
+private:
+    TFormColumns FLayoutColumns; // figure and amount; the control's columns are the rows
 };
 
 } // namespace quorin

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/widgets/GridTableView.h"
 #include "terminal/forms/ShownForm.h"
 #include "viewdata/frame/GridDataSource.h"
 #include "viewdata/market/MarketDataControl.h"

@@ -14,6 +14,7 @@ namespace quorin {
 class TShownForm : public TObject {
     QUORIN_CLASS(TShownForm, TObject)
 
+    // Its grid or tree list.
     virtual TFormView FormView() = 0;
     virtual Integer RowCount() = 0;
     // Levels above the row, none in a list.

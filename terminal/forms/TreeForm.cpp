@@ -30,7 +30,8 @@ void TTreeForm::SetColumns(std::span<const TFormColumn> columns) {
 }
 
 TFormView TTreeForm::FormView() {
-    return {nullptr, FView.get(), FColumns->List(), {}};
+    const TColumnList& columns = LayoutColumns();
+    return {nullptr, FView.get(), &columns, {columns[0]->ID()}};
 }
 
 void TTreeForm::LanguageChanged(Pointer, Pointer) {

@@ -50,6 +50,9 @@ protected:
     void SetAccount(StringView account) override { FTree->SetAccount(account); }
 
     virtual String ColumnText(Integer tag) = 0;
+    // What the view's columns are, the one that names the row first: those of the control, unless
+    // it has made rows of them.
+    virtual const TColumnList& LayoutColumns() const { return *FColumns->List(); }
     // A cell of a node that is there.
     virtual String NodeText(Pointer node, Integer tag) { return FTree->GetDisplayValue(node, tag); }
     void UpdateCaptions() { LanguageChanged({}, {}); }

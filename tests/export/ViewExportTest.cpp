@@ -164,6 +164,19 @@ TEST_F(TGridExportTest, OnlyTheFocusedRowAndOnlyTextWhereThatIsAsked) {
     }
 }
 
+TEST_F(TGridExportTest, CsvFilesAreAsTheOptionsSay) {
+    const auto csv = [this](StringView separator, const TcxCsvExportOptions& options) {
+        const auto file = File("a.csv");
+        TViewExportLinks().ExportGridToCSV(FromUtf8(file.string()), *Grid, true, true, separator,
+                                           u"csv", nullptr, TcxExportEncoding::Utf8, options);
+        return Content(file);
+    };
+    EXPECT_TRUE(csv(u",", {}).starts_with("Price,00700,Name\r\n"));
+    EXPECT_TRUE(csv(u";", {}).starts_with("Price;00700;Name\r\n"));
+    EXPECT_TRUE(csv(u",", {/*ByteOrderMark=*/true, false}).starts_with("\xEF\xBB\xBFPrice,"));
+    EXPECT_NE(csv(u",", {false, /*GuardFormula=*/true}).find(",'=1+2\r\n,'+,"), std::string::npos);
+}
+
 TEST_F(TGridExportTest, WithoutAViewIsEmpty) {
     View.reset();
     for (const auto& exporter : GridExporters) ExpectFile(exporter, *Grid, {}, {});

@@ -61,43 +61,66 @@ TEST_F(ScriptLayout, TheShippedScriptHasNoWrongLineAndPrintsTheSameTwice) {
     EXPECT_EQ(Content("positions.csv"), csv);
 }
 
-// Each form: its layout goes out and in again, and the file has what the list shows.
+// What the form shows, as the file should have it.
+std::string CsvOf(TShownForm& form) {
+    std::string csv;
+    for (Integer row = -1; row < form.RowCount(); ++row) {
+        std::string line;
+        for (Integer index = 0; index < form.ColumnCount(); ++index) {
+            const TcxViewColumn& column = form.Column(index);
+            if (!column.GetVisible()) continue;
+            const bool isFirst = column.VisibleIndex() == 0;
+            std::string text = ToUtf8(row < 0 ? column.Caption() : form.CellText(row, index));
+            if (isFirst && row >= 0 && !text.empty()) {
+                text.insert(0, static_cast<std::size_t>(form.Depth(row)) * 2, ' ');
+            }
+            if (text.find(',') != text.npos) text = "\"" + text + "\"";
+            line += (isFirst ? "" : ",") + text;
+        }
+        csv += line + "\r\n";
+    }
+    return csv;
+}
+
+// Each form: its layout goes out and in again, and the file has what the form shows.
 TEST_F(ScriptLayout, EveryFormKeepsItsLayoutAndSavesWhatItShows) {
-    for (const char* form :
-         {"watch SEHK", "underlyer HKFE HKFE.HSI futures", "positions", "positionview"}) {
-        SCOPED_TRACE(form);
+    const struct {
+        const char* Form;
+        const char* Kind;
+        const char* Sort;
+    } cases[] = {
+        {"watch SEHK", "grid", "0,0,2;"},
+        {"underlyer HKFE HKFE.HSI futures", "grid", "0,0,2;"},
+        {"positions", "grid", "0,0,2;10,1,1;"},
+        {"positionview", "grid", ""},
+        {"accounttree", "tree", "3,0,2;"},
+        {"cash", "tree", ""},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.Form);
         TScriptPlay play;
-        play.Run(std::string("account P50001\nstep 2\n") + form + "\nsortlayout \"0,0,2;\"\n");
-        TcxGridTableView& view = *play.Screen->LastView().Grid->ActiveView();
+        play.Run(std::string("account P50001\nstep 2\n") + test.Form + "\nsortlayout \"" +
+                 test.Sort + "\"\n");
+        TShownForm& form = play.Screen->Last();
         const auto layout = [&] { return Last(play, "step 1\nlayout\n"); };
-        view.GetColumn(1)->SetIndex(0);
+        form.Column(1).SetIndex(0);
         const std::string before = layout();
         const std::size_t start = before.find("columns  ") + 9;
         const std::string stored = before.substr(start, before.find('\n') - start);
-        view.GetColumn(3)->SetVisible(false);
-        view.GetColumn(2)->SetIndex(7);
-        view.GetColumn(2)->SetWidth(7);
+        form.Column(0).SetWidth(7);
+        form.Column(form.ColumnCount() - 1).SetIndex(0);
+        form.Column(1).SetVisible(false);
         EXPECT_NE(layout(), before);
         EXPECT_NE(play.Run("layout \"" + stored + "\"\n").find("  result   done\n"),
                   std::string::npos);
         EXPECT_EQ(layout(), before);
-        EXPECT_NE(before.find("  sort     0,0,2;\n"), std::string::npos) << before;
+        const std::string sort = *test.Sort == 0 ? "" : std::string("     ") + test.Sort;
+        EXPECT_NE(before.find("\n  sort" + sort + "\n"), std::string::npos) << before;
 
-        play.Run("export grid csv view\n");
+        play.Run(std::string("export ") + test.Kind + " csv view\n");
         EXPECT_EQ(play.Wrong, 0) << play.Errors.str();
-        std::string shown;
-        for (Integer row = -1; row < view.RowCount(); ++row) {
-            for (Integer index = 0; index < view.GetColumnCount(); ++index) {
-                TcxGridColumn& column = *view.GetColumn(index);
-                if (!column.GetVisible()) continue;
-                std::string text = ToUtf8(row < 0 ? column.Caption() : view.CellText(row, column));
-                if (text.find(',') != text.npos) text = "\"" + text + "\"";
-                shown += (column.VisibleIndex() > 0 ? "," : "") + text;
-            }
-            shown += "\r\n";
-        }
-        EXPECT_GT(view.RowCount(), 1);
-        EXPECT_EQ(Content("view.csv"), shown);
+        EXPECT_GT(form.RowCount(), 1);
+        EXPECT_EQ(Content("view.csv"), CsvOf(form));
         fs::remove("view.csv");
     }
 }
@@ -126,10 +149,11 @@ TEST_F(ScriptLayout, ChoosersFiltersAndFindingAnswer) {
 TEST_F(ScriptLayout, WrongLinesChangeNothing) {
     fs::create_directory("folder.csv");
     std::ofstream("old.csv") << "old";
-    const struct {
+    struct TWrongLine {
         const char* Line;
         const char* Reason;
-    } cases[] = {
+    };
+    const TWrongLine cases[] = {
         {"export tree csv a", "what was shown last is no tree"},
         {"export grid pdf a", "usage: export grid|tree csv|xls|xlsx PATH"},
         {"export grid csv folder", "folder.csv cannot be written: it is a folder"},
@@ -141,14 +165,23 @@ TEST_F(ScriptLayout, WrongLinesChangeNothing) {
         {"filter Symbol like 1", "usage: filter COLUMN, or filter COLUMN contains|"},
         {"sortlayout", "usage: sortlayout STRING"},
     };
+    const TWrongLine treeCases[] = {
+        {"export grid csv a", "what was shown last is no grid"},
+        {"filter Figure = 1", "what was shown last is no grid"},
+        {"find a", "what was shown last is no grid"},
+        {"columns -Figure", "the column Figure is always shown"},
+    };
     TScriptPlay play;
-    play.Run("watch SEHK\nstep 1\n");
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.Line);
+    const auto expectWrong = [&play](const TWrongLine& test) {
+        SCOPED_TRACE(test.Line);
         play.Errors.str("");
-        EXPECT_EQ(play.Run(std::string(row.Line) + "\n"), std::string("> 1 ") + row.Line + "\n");
-        EXPECT_NE(play.Errors.str().find(row.Reason), std::string::npos) << play.Errors.str();
-    }
+        EXPECT_EQ(play.Run(std::string(test.Line) + "\n"), std::string("> 1 ") + test.Line + "\n");
+        EXPECT_NE(play.Errors.str().find(test.Reason), std::string::npos) << play.Errors.str();
+    };
+    play.Run("accounttree\n");
+    for (const TWrongLine& test : treeCases) expectWrong(test);
+    play.Run("watch SEHK\nstep 1\n");
+    for (const TWrongLine& test : cases) expectWrong(test);
     EXPECT_EQ(Last(play, "\nstep 1\nexport grid csv old.csv\n"),
               "  question Replace the file old.csv?\n  answer   no\n  result   refused\n");
     EXPECT_EQ(Content("old.csv"), "old");
