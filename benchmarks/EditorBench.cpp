@@ -125,6 +125,7 @@ private:
 void LinkedSymbolFields(benchmark::State& state) {
     TEditorBench bench;
     TControl form;
+    bench.Services().Channels().SetGroupValue(Group, Channel::CurrentSymbol, {});
     std::vector<std::unique_ptr<TcxPopupEdit>> fields;
     for (Int64 index = 0; index < state.range(0); ++index) {
         fields.push_back(CreateComponent<TcxPopupEdit>());

@@ -127,6 +127,7 @@ void TTicketForm::FollowSymbol() {
     editors.SetQuantitySymbol(&FQuantity, FProduct);
     // Written when the table is the new one's, which gives the step.
     FPrice.SetEditValue(Variant());
+    FQuantity.SetEditValue(Int64{0}); // else the keys that multiply would bring the old one back
     FQuantity.SetEditValue(Variant());
 }
 
