@@ -19,7 +19,6 @@ namespace {
 
 constexpr Integer FromNoList = 0; // in place of an OrderSource
 constexpr Boolean ShowsName = true;
-constexpr Boolean FollowsOthers = false;
 
 } // namespace
 
