@@ -3,6 +3,7 @@
 #include "platform/rtl/ScopedValue.h"
 #include "platform/widgets/CustomDataSource.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quorin {
@@ -50,7 +51,9 @@ void TcxGridRows::Ensure() {
 void TcxGridRows::MoveChanged() {
     TBorrowed<TList<Integer>> changed(FChanged);
     FController.TakeChangedRecords(*changed);
-    FOrder.Update({(*changed).begin(), (*changed).end()}, *this);
+    std::sort((*changed).begin(), (*changed).end());
+    const auto end = std::unique((*changed).begin(), (*changed).end());
+    FOrder.Update({(*changed).begin(), end}, *this);
 }
 
 void TcxGridRows::BuildOrder(Integer records) {

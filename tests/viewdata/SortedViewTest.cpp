@@ -165,6 +165,10 @@ struct TKindCase {
     TKind Kind;
 };
 
+void PrintTo(const TKindCase& test, std::ostream* out) {
+    *out << test.Name;
+}
+
 class TSortedPositionsTest : public TSortedViewTest,
                              public testing::WithParamInterface<TKindCase> {};
 
