@@ -57,6 +57,8 @@ constexpr TRatio Ratios[] = {
     {"50 times a sorted view of 100,000 rows against Qt's proxy", "SortedView/100000",
      "SortedByQt/100000", 1.0, 1.0 / 50.0},
     {"sorted view, 100,000 rows against 1,000", "SortedView/100000", "SortedView/1000", 3.0},
+    {"10 times a sorted watch of 100,000 rows against Qt's proxy", "SortedWatch/100000",
+     "SortedByQt/100000", 1.0, 1.0 / 10.0},
     {"filtered view of 100,000 rows against Qt's proxy", "FilteredView/100000",
      "FilteredByQt/100000", 1.0},
     {"filtered view, 100,000 rows against 1,000", "FilteredView/100000", "FilteredView/1000", 3.0},

@@ -38,7 +38,7 @@ public:
 
 private:
     static constexpr std::uint32_t NotShown = 0xFFFFFFFF;
-    static constexpr std::size_t MostRows = 512; // of a chunk
+    static constexpr std::size_t MostRows = 256; // of a chunk
 
     // A run of the order. Runs keep their number for life; their places change.
     struct TChunk {
