@@ -132,6 +132,23 @@ TEST_F(ViewDialogs, FiltersOfColumnsCountTogetherAndDieWithThem) {
     EXPECT_EQ(Rows(), u"0123");
 }
 
+TEST_F(ViewDialogs, TextsThatSpellNumbersAreTexts) {
+    Source.Texts = {u"007", u"7", u"7.0", 7};
+    EXPECT_EQ(Filter(*Text, FilterOperator::Equal, u"7"), u"13") << "as a symbol's code";
+    EXPECT_EQ(Filter(*Text, FilterOperator::Less, u"7"), u"0");
+}
+
+TEST_F(ViewDialogs, DialogInsideADialogTakesItsPlace) {
+    Integer dialogs = 0;
+    FilterAnswer = [&](TCustomFilterRecord& record) {
+        const bool isOuter = ++dialogs == 1;
+        if (isOuter) Dialog.ExecuteCustomFilter(*Grid, *Number);
+        record.Value = isOuter ? u"Gamma" : u"20";
+    };
+    Dialog.ExecuteCustomFilter(*Grid, *Text);
+    EXPECT_EQ(Rows(), u"1") << "the inner one's filter alone";
+}
+
 TEST_F(ViewDialogs, ColumnThatDiesInTheDialogIsForgotten) {
     FilterAnswer = [&](TCustomFilterRecord& record) {
         record.Value = u"x";
