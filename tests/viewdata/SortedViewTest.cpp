@@ -11,6 +11,7 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace quorin {
 namespace {
@@ -157,6 +158,47 @@ TEST_F(TSortedViewTest, MarketRows) {
             return count;
         }
     });
+}
+
+// Asks the control which rows its signal is about, as a source does.
+struct TAskingReceiver : TObject {
+    QUORIN_CLASS(TAskingReceiver, TObject)
+    void Signal(TObject* sender) {
+        if (Inside) std::exchange(Inside, nullptr)();
+        if (Control == nullptr) return;
+        EXPECT_EQ(sender, Control.get());
+        TList<Integer> rows;
+        Said += Control->NameChangedRows(rows) ? u"named " : u"any ";
+        for (const Integer row : rows) Said += Variant(row).ToText() + u' ';
+        EXPECT_FALSE(Control->NameChangedRows(rows)) << "once per signal";
+    }
+    std::unique_ptr<TCustomMarketDataControl> Control;
+    std::function<void()> Inside; // once
+    String Said;
+};
+
+TEST_F(TSortedViewTest, SignalsNameTheirOwnRows) {
+    TAskingReceiver receiver;
+    receiver.Control = CreateComponent<TCustomMarketDataControl>();
+    TCustomMarketDataControl& watch = *receiver.Control;
+    watch.SetExchangeAndCategory(u"SEHK", 9);
+    const Integer followed[] = {3, 5};
+    watch.ViewRecordChanged(followed);
+    Services().Deliver();
+    watch.SetOnDataChanged(MakeEvent<&TAskingReceiver::Signal>(&receiver));
+    const auto tick = [&] {
+        for (const Integer row : {3, 4, 5}) SetField(SymbolOf(row), Field::LastPrice, Price());
+        Services().Items().Deliver();
+        return std::exchange(receiver.Said, String());
+    };
+    EXPECT_EQ(tick(), u"named 3 5 ");
+    watch.MoveRecord(3, 0);
+    receiver.Said.clear();
+    EXPECT_EQ(tick(), u"named 0 5 ") << "by symbol";
+    receiver.Inside = [&] { watch.SpreadUpdate(nullptr, nullptr); };
+    EXPECT_EQ(tick(), u"any any ") << "another signal has ended the naming";
+    receiver.Inside = [&] { receiver.Control.reset(); };
+    EXPECT_EQ(tick(), u"");
 }
 
 enum class TKind : Byte { List, View, Sums };
