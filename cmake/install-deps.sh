@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
+# install-deps.sh [build] [bench] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
 
@@ -35,6 +35,11 @@ xlsxwriter.h libxlsxwriter-dev
 HEADERS
 }
 
+# What the benchmarks measure against beside what is built with.
+check_bench() {
+    need_headers <<<'qt6/QtCore/qsortfilterproxymodel.h qt6-base-dev'
+}
+
 # What the tests read workbooks back with, for Debian's own Python.
 check_readers() {
     local module
@@ -57,6 +62,7 @@ trap 'rm -f "$probe"' EXIT
 for group in "$@"; do
     case "$group" in
         build) check_build ;;
+        bench) check_bench ;;
         readers) check_readers ;;
         clang) check_clang ;;
         *)
