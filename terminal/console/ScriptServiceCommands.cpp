@@ -41,6 +41,7 @@ void SubAccount(TScriptScreen& screen, const TScriptArguments& arguments, std::o
 
 void AccountStatus(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
     TEmbeddedAccount& account = AccountOf(screen, arguments.Word(1));
+    if (account.HasLateDetails()) Fail(u"the account's details are not there yet");
     TAccountDetails details = account.Details();
     details.Status = arguments.Number(2);
     Accounts(screen).FeedAccount(arguments.Word(1), details);

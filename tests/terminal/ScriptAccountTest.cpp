@@ -73,6 +73,7 @@ TEST(ScriptAccountTest, WrongLines) {
         {"marginratio 00700 2", "a margin ratio is a number from 0 to 1"},
         {"marginratio NONE 1", "there is no symbol NONE"},
         {"accountstatus NOBODY 0", "there is no account NOBODY"},
+        {"subaccount X M88001\naccountstatus X 0", "the account's details are not there yet"},
     };
     for (const auto& row : Rows) {
         TScriptPlay play;
