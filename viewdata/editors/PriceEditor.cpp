@@ -18,6 +18,13 @@ constexpr StringView PricePattern = u"#,##0.#######";
 
 } // namespace
 
+Double DisplayRatioOf(const TCustomSubItem& item) {
+    const Double ratio = item.HasField(Field::DisplayRatio)
+                             ? ToDoubleOr(item.FieldText(Field::DisplayRatio), PlainRatio)
+                             : PlainRatio;
+    return std::fabs(ratio) > SmallestRatio ? ratio : PlainRatio;
+}
+
 TPriceEditorRecord::TPriceEditorRecord() {
     TCustomMarketAdapter::GetInstance()->AddSpreadListener(
         MakeEvent<&TPriceEditorRecord::SpreadUpdate>(this), this);
@@ -109,7 +116,7 @@ void TPriceEditorRecord::SetSymbol(StringView Value) {
         return;
     }
     TakeTable(*item);
-    TakeRatio(*item);
+    FDisplayRatio = DisplayRatioOf(*item);
 }
 
 void TPriceEditorRecord::SymbolUpdate(Pointer, Pointer) {
@@ -119,22 +126,12 @@ void TPriceEditorRecord::SymbolUpdate(Pointer, Pointer) {
     Unsubscribe();
     TakeTable(item);
     if (FSpread != nullptr) SpreadUpdate(nullptr, nullptr);
-    TakeRatio(item);
+    FDisplayRatio = DisplayRatioOf(item);
 }
 
 void TPriceEditorRecord::TakeTable(const TCustomSubItem& item) {
     const String code = item.FieldText(Field::SpreadCode);
     if (!code.empty()) FSpread = TCustomMarketAdapter::GetInstance()->FindSpreadTable(code);
-}
-
-void TPriceEditorRecord::TakeRatio(const TCustomSubItem& item) {
-    if (item.HasField(Field::DisplayRatio)) {
-        FDisplayRatio = ToDoubleOr(item.FieldText(Field::DisplayRatio), PlainRatio);
-    }
-}
-
-Double TPriceEditorRecord::Ratio() const {
-    return std::fabs(FDisplayRatio) > SmallestRatio ? FDisplayRatio : PlainRatio;
 }
 
 Boolean TPriceEditorRecord::HasTable() const {

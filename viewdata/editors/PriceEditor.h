@@ -7,6 +7,10 @@
 
 namespace quorin {
 
+// What a price of the product is multiplied by to be shown; 1.0 where its item names no ratio that
+// can be used.
+Double DisplayRatioOf(const TCustomSubItem& item);
+
 // A price field: steps along the product's tick table, brings a typed price onto the tick grid with
 // the next step, shows prices of products that are quoted at a ratio scaled, and keeps the group
 // marks in place while the user types. A product without a tick table leaves the field a plain spin
@@ -81,10 +85,8 @@ private:
     void VisitEvents(TcxSpinEdit& editor, Visit visit);
     void Unsubscribe();
     void TakeTable(const TCustomSubItem& item);
-    void TakeRatio(const TCustomSubItem& item);
-    Double Ratio() const;
-    Double Scaled(Double price) const { return price * Ratio(); }
-    Double Unscaled(Double value) const { return value / Ratio(); }
+    Double Scaled(Double price) const { return price * FDisplayRatio; }
+    Double Unscaled(Double value) const { return value / FDisplayRatio; }
     Boolean HasTable() const;
     void SetStep(Double tick);
     Boolean FollowTable(Boolean spun);
