@@ -84,7 +84,8 @@ bool TConsoleHost::AskUser() {
 }
 
 Boolean TConsoleHost::ChannelMessage(Integer number, Pointer data) {
-    return FOrders.Answer(number, data);
+    return FOrders.Answer(number, data) ||
+           (FFieldLists != nullptr && FFieldLists->Answer(number, data));
 }
 
 } // namespace quorin

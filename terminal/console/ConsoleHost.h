@@ -2,6 +2,7 @@
 
 #include "embedded/Host.h"
 #include "terminal/console/OrderDialog.h"
+#include "terminal/forms/FieldLists.h"
 
 #include <istream>
 #include <ostream>
@@ -24,6 +25,8 @@ public:
     void TalkOn(std::ostream& messages, TAnswerBy answers, std::istream& input);
     // Notes questions and answers there from here on; nil: nowhere.
     void SetDesk(TOrderDesk* desk) { FDesk = desk; }
+    // Has the lists of fields made there from here on; nil: not at all.
+    void SetFieldLists(TFieldLists* lists) { FFieldLists = lists; }
     const TOrderDialog& Orders() const { return FOrders; }
 
     void ShowMessage(StringView text) override;
@@ -39,6 +42,7 @@ private:
     TAnswerBy FAnswers = TAnswerBy::No;
     std::istream* FInput = nullptr;
     TOrderDesk* FDesk = nullptr;
+    TFieldLists* FFieldLists = nullptr;
     TOrderDialog FOrders{*this};
 };
 

@@ -6,6 +6,8 @@
 #include "terminal/console/ReplaySession.h"
 #include "terminal/console/TextWidth.h"
 #include "terminal/console/VenueSession.h"
+#include "viewdata/editors/EditorManager.h"
+#include "viewdata/presentation/IImageResource.h"
 
 #include <sstream>
 
@@ -19,6 +21,12 @@ constexpr StringView ExchangeWithSides = u"SEHK";
 
 } // namespace
 
+TConsoleSession::TSharedRelease::~TSharedRelease() {
+    TMarketTradeSideDetector::ReleaseInstance();
+    TEditorManager::ReleaseInstance();
+    TIImageResourceList::ReleaseInstance();
+}
+
 TConsoleSession::TConsoleSession(const TConsoleOptions& options,
                                  const std::filesystem::path& dataFolder, std::ostream& errors)
     : FErrors(errors), FHost(errors), FServices({.Host = FHost,
@@ -27,6 +35,7 @@ TConsoleSession::TConsoleSession(const TConsoleOptions& options,
                                                  .Language = options.Language,
                                                  .Switches = options.Switches}) {
     FHost.SetDesk(&FServices.Desk());
+    FHost.SetFieldLists(&FFieldLists);
     // Prices are shown by their ticks from the first frame on.
     FServices.Market().SetSpreadTablesAtOnce(true);
 }

@@ -71,12 +71,12 @@ protected:
     TSessionSummary& Counts() { return FSummary; }
 
 private:
-    // Lets the shared detector go when the forms are gone and the services still there.
-    struct TDetectorRelease {
-        TDetectorRelease() = default;
-        TDetectorRelease(const TDetectorRelease&) = delete;
-        TDetectorRelease& operator=(const TDetectorRelease&) = delete;
-        ~TDetectorRelease() { TMarketTradeSideDetector::ReleaseInstance(); }
+    // Lets what the forms share go when they are gone and the services still there.
+    struct TSharedRelease {
+        TSharedRelease() = default;
+        TSharedRelease(const TSharedRelease&) = delete;
+        TSharedRelease& operator=(const TSharedRelease&) = delete;
+        ~TSharedRelease();
     };
 
     void TakeTrade(StringView symbol, const TMarketDataTrade& trade);
@@ -87,7 +87,8 @@ private:
     TSessionSummary FSummary;
     TConsoleHost FHost;
     TEmbeddedServices FServices;
-    TDetectorRelease FDetectorRelease;
+    TFieldLists FFieldLists;
+    TSharedRelease FSharedRelease;
     std::unique_ptr<TMarketWatchForm> FWatch;
     std::unique_ptr<TTradesForm> FTrades;
     std::unique_ptr<TProductForm> FProduct;

@@ -1,5 +1,6 @@
 #include "terminal/console/ListText.h"
 
+#include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
 #include "terminal/console/TextWidth.h"
 
@@ -41,6 +42,27 @@ String ListLine(TListForm& list, Integer row) {
         line += row == HeaderRow ? NoMark : MarkText(list.Mark(row, attribute));
     }
     return String(TrimRight(line));
+}
+
+String Quoted(StringView text) {
+    return u"\"" + String(text) + u"\"";
+}
+
+String KindText(const Variant& value) {
+    switch (value.Kind()) {
+    case Variant::TKind::Null: return u"null";
+    case Variant::TKind::Whole: return u"whole " + value.ToText();
+    case Variant::TKind::LongWhole: return u"long " + value.ToText();
+    case Variant::TKind::Real: return u"real " + ShortestText(value.ToDouble());
+    case Variant::TKind::Text: return u"text " + Quoted(value.ToText());
+    case Variant::TKind::Array: break;
+    }
+    String text = u"array [";
+    for (const Variant& element : value.Elements()) {
+        if (text.back() != u'[') text += u", ";
+        text += KindText(element);
+    }
+    return text + u"]";
 }
 
 } // namespace quorin

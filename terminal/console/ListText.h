@@ -11,4 +11,8 @@ inline constexpr Integer HeaderRow = -1;
 // behind the cells that have one.
 String ListLine(TListForm& list, Integer row);
 
+// A value with its kind, such as: real 350.2; and a text in quotation marks.
+String KindText(const Variant& value);
+String Quoted(StringView text);
+
 } // namespace quorin

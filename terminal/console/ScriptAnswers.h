@@ -11,6 +11,7 @@ namespace quorin {
 std::span<const TScriptCommand> ListCommands();
 std::span<const TScriptCommand> PositionViewCommands();
 std::span<const TScriptCommand> OrderCommands();
+std::span<const TScriptCommand> TicketCommands();
 std::span<const TScriptCommand> GeneralCommands();
 
 inline constexpr StringView TakenText = u"taken";

@@ -38,8 +38,8 @@ Integer RecordOf(TListForm& list, Integer row) {
 
 std::vector<TScriptCommand> ScriptCommands() {
     std::vector<TScriptCommand> commands;
-    for (const auto family :
-         {ListCommands(), PositionViewCommands(), OrderCommands(), GeneralCommands()}) {
+    for (const auto family : {ListCommands(), PositionViewCommands(), OrderCommands(),
+                              TicketCommands(), GeneralCommands()}) {
         commands.insert(commands.end(), family.begin(), family.end());
     }
     return commands;

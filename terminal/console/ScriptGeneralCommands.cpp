@@ -1,4 +1,5 @@
 #include "platform/rtl/Numbers.h"
+#include "terminal/console/ListText.h"
 #include "terminal/console/ScriptAnswers.h"
 #include "terminal/console/TextWidth.h"
 
@@ -32,27 +33,6 @@ void Language(TScriptScreen& screen, const TScriptArguments& arguments, std::ost
     const Integer language = arguments.Number(1);
     if (language >= LanguageCount) Fail(u"there is no language " + IntegerToText(language));
     screen.Session().Services().Language().SetLanguage(static_cast<TAppLanguage>(language));
-}
-
-String Quoted(StringView text) {
-    return u"\"" + String(text) + u"\"";
-}
-
-String KindText(const Variant& value) {
-    switch (value.Kind()) {
-    case Variant::TKind::Null: return u"null";
-    case Variant::TKind::Whole: return u"whole " + value.ToText();
-    case Variant::TKind::LongWhole: return u"long " + value.ToText();
-    case Variant::TKind::Real: return u"real " + ShortestText(value.ToDouble());
-    case Variant::TKind::Text: return u"text " + Quoted(value.ToText());
-    case Variant::TKind::Array: break;
-    }
-    String text = u"array [";
-    for (const Variant& element : value.Elements()) {
-        if (text.back() != u'[') text += u", ";
-        text += KindText(element);
-    }
-    return text + u"]";
 }
 
 String CellText(TListForm& list, Integer row, Integer attribute) {

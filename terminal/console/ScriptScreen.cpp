@@ -108,6 +108,7 @@ void TScriptScreen::PrintChanges(std::ostream& out) {
     }
     if (FHasOrders) PrintList(out, FPrintedOrders, FOrders, FOrders.View().RowCount());
     PrintLine(out, EntryLabel, FPrintedEntry, FSession.Host().Orders().Entry().Text());
+    FTickets.PrintChanges(out);
     FMarket->NoteShown();
     FPositions.NoteShown();
     FPositionView.NoteShown();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "terminal/console/ConsoleSession.h"
+#include "terminal/console/ScriptTickets.h"
 #include "terminal/forms/OrdersForm.h"
 #include "terminal/forms/PositionForm.h"
 #include "terminal/forms/PositionViewForm.h"
@@ -11,8 +12,8 @@
 namespace quorin {
 
 // What the user of a script looks at: a market list, below it the positions and the orders once
-// they were asked for, and order entry. Prints what has changed on it and nothing else, and before
-// that reports what has happened to orders.
+// they were asked for, order entry, and the order tickets that were opened. Prints what has changed
+// on it and nothing else, and before that reports what has happened to orders.
 class TScriptScreen {
 public:
     explicit TScriptScreen(TConsoleSession& session);
@@ -32,6 +33,8 @@ public:
     // nothing before that.
     TListForm* ShownPositions() { return FShownPositions; }
     bool IsShowingPositionView() const { return FShownPositions == &FPositionView; }
+
+    TScriptTickets& Tickets() { return FTickets; }
 
     // An exchange, or FavoriteExchange.
     void ShowWatch(StringView exchange);
@@ -65,6 +68,7 @@ private:
     TPositionForm FPositions;
     TPositionViewForm FPositionView;
     TOrdersForm FOrders;
+    TScriptTickets FTickets;
     TMarketListForm* FMarket;
     TListForm* FLastList;
     TListForm* FShownPositions = nullptr;
