@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
+# install-deps.sh [build] [desktop] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
 
@@ -35,6 +35,24 @@ xlsxwriter.h libxlsxwriter-dev
 HEADERS
 }
 
+need_file() {
+    local package=$1 pattern
+    shift
+    for pattern in "$@"; do
+        ! compgen -G "$pattern" >/dev/null || return 0
+    done
+    missing+=("$package")
+}
+
+# The window: Qt, and fonts that write its figures and its Chinese.
+check_desktop() {
+    need_file qt6-base-dev \
+        "/usr/lib/*/cmake/Qt6Widgets/Qt6WidgetsConfig.cmake" "${Qt6_DIR:-/none}/Qt6Config.cmake"
+    need_file fonts-dejavu-core "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+    need_file fonts-wqy-microhei \
+        "/usr/share/fonts/truetype/wqy/*" "/usr/share/fonts/*/noto/NotoSansCJK*"
+}
+
 # What the tests read workbooks back with, for Debian's own Python.
 check_readers() {
     local module
@@ -57,6 +75,7 @@ trap 'rm -f "$probe"' EXIT
 for group in "$@"; do
     case "$group" in
         build) check_build ;;
+        desktop) check_desktop ;;
         readers) check_readers ;;
         clang) check_clang ;;
         *)

@@ -61,7 +61,7 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
     app.add_option("--screenshot", screenshot, "draw the form into this file; needs no display")
         ->type_name("FILE.png")
         ->check(GoodText);
-    app.add_option("--steps", options.Steps, "deliveries before the picture (default: 8)")
+    app.add_option("--steps", options.Steps, "deliveries before the picture (default: 40)")
         ->type_name("N")
         ->check(CLI::Range(0, MostSteps).description(""));
     app.add_option("--theme", theme, "light or dark (default: light)")

@@ -16,7 +16,7 @@ enum class TDesktopForm : Byte { Terminal, Watch, Ticket };
 struct TDesktopOptions {
     TDesktopForm Form = TDesktopForm::Terminal;
     std::filesystem::path Screenshot; // empty: a window instead
-    Integer Steps = 8;                // deliveries before the picture is taken
+    Integer Steps = 40;               // deliveries before the picture is taken
     TTheme Theme = TTheme::Light;
     TAppLanguage Language = TAppLanguage::English;
     std::filesystem::path Universe; // one file; empty: the shipped one

@@ -29,6 +29,7 @@ TMainWindow::TMainWindow(TDesktopSession& session, const TDesktopOptions& option
     connect(&FStepTimer, &QTimer::timeout, this, [this] { FSession.Step(); });
     connect(&FFrameTimer, &QTimer::timeout, this, &TMainWindow::Frame);
     session.Host().SetWindow(this);
+    resize(sizeHint()); // also where Qt would keep to a part of the screen
 }
 
 TMainWindow::~TMainWindow() {

@@ -13,6 +13,11 @@ constexpr const char* ProgramName = "quorin-terminal";
 constexpr int CannotWrite = 1;
 constexpr int Unusable = 2;
 
+// What Qt says of a machine without a display is no news where none is asked for.
+void DropMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type >= QtCriticalMsg) std::cerr << text.toStdString() << '\n';
+}
+
 int TakePicture(TMainWindow& window, TDesktopSession& session, const TDesktopOptions& options) {
     window.show();
     for (Integer step = 0; step < options.Steps; ++step) {
@@ -48,7 +53,10 @@ int main(int argc, char** argv) {
     if (!line.Error.empty()) std::cerr << ProgramName << ": " << line.Error << '\n';
     if (!line.Options.has_value()) return line.ExitStatus;
     // A picture needs no display, and looks the same with one.
-    if (!line.Options->Screenshot.empty()) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!line.Options->Screenshot.empty()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(DropMessage);
+    }
     try {
         int noArguments = 1; // the program's own are not Qt's
         QApplication application(noArguments, argv);
