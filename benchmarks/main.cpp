@@ -56,6 +56,10 @@ constexpr TRatio Ratios[] = {
      "XlsxByLibrary/100000", 1.3},
     {"480 cells summed over 200 sub-accounts against plain loops", "AggregatedCells/200",
      "PlainSums/200", 2.0},
+    {"key in a price field against to_chars and group marks", "PriceKeyPress/", "ToCharsGrouped/",
+     10.0},
+    {"1,000 linked symbol fields against 100, per field", "LinkedSymbolFields/1000",
+     "LinkedSymbolFields/100", 1.5, 10.0},
 };
 
 class TRatioReporter : public benchmark::ConsoleReporter {

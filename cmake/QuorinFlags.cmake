@@ -20,6 +20,9 @@ target_compile_options(
 )
 target_compile_definitions(quorin_flags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 
+if(QUORIN_FUZZ)
+    target_compile_options(quorin_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(QUORIN_SANITIZE)
     set(sanitizers "-fsanitize=${QUORIN_SANITIZE}" -fno-sanitize-recover=all)
     if(QUORIN_SANITIZE MATCHES "undefined")

@@ -94,6 +94,7 @@ public:
     void SetDetails(const TAccountDetails& details);
     // The same, with the details that may load late held back until LoadDetails.
     void SetDetailsLate(const TAccountDetails& details);
+    const TAccountDetails& Details() const { return FDetails; }
     bool HasLateDetails() const { return FLateDetails.has_value(); }
     void LoadDetails();
     // Each record of figures, the total one among them.

@@ -255,7 +255,13 @@ void TEmbeddedAccountAdapter::SetCustomAccountValue(StringView section, StringVi
     FCustomValues.AddOrSetValue(CustomValueKey(section, key), String(value));
 }
 
+// Accounts that become known again have changed for whoever follows them.
 void TEmbeddedAccountAdapter::SetReady(bool ready) {
+    if (ready && !FReady) {
+        for (TEmbeddedAccount* account : FAccountList) {
+            FChanged.AddOrSetValue(account->GetAccount(), account);
+        }
+    }
     FTellReady = ready && (FTellReady || !FReady);
     FReady = ready;
     FDeliveriesLeft = 0;

@@ -76,7 +76,8 @@ public:
     // From here on the details of accounts that are new wait until somebody asks for them. Off to
     // begin with.
     void SetDetailsLate(bool late) { FDetailsLate = late; }
-    // The list of accounts is ready to begin with; becoming ready again is told of.
+    // The list of accounts is ready to begin with; becoming ready again is told of, and counts as a
+    // change of every account.
     void SetReady(bool ready);
     // Not ready, until that many deliveries are over; at once with 0.
     void SetReadyAfter(Integer deliveries);

@@ -18,6 +18,8 @@ public:
     virtual void GetCellText(Integer row, Integer column, String& text) = 0;
     // Level of a tree's row, from 0; its first column is indented by it.
     virtual Integer Depth(Integer row);
+    // False: a workbook stores every cell as text, also one that spells a number.
+    virtual bool HasNumbers() const { return true; }
 };
 
 inline Integer TExportTable::Depth(Integer) {

@@ -85,7 +85,7 @@ TSheetCell TSheetReader::Read(Integer row, Integer column) {
     const Integer depth = column == 0 ? std::max(FTable.Depth(row), 0) : 0;
     const Integer indent = std::min(depth, FMaxIndent);
     Measure(column, indent);
-    if (value.Kind == TCellKind::Number) {
+    if (value.Kind == TCellKind::Number && FTable.HasNumbers()) {
         const Integer style = StyleOf(TCellKind::Number, value.Shape, indent);
         if (style >= 0) return {TCellKind::Number, value.Number, style};
     }

@@ -16,7 +16,7 @@ void TcxCustomEdit::FocusChanged() {
 
 bool TcxCustomEdit::DoExit() {
     const TWatch watch(FLifeline);
-    ReleaseMouse();
+    LetMouseGo(/*clicks=*/false);
     if (!watch.IsAlive()) return true;
     FComposition.clear();
     const bool accepted = AcceptEdit();
@@ -83,9 +83,9 @@ void TcxCustomEdit::DragMouse(Integer position) {
     if (FIsMouseDown && FPressedButton == NoButton) FText.MoveCaret(position, true);
 }
 
-void TcxCustomEdit::ReleaseMouse() {
+void TcxCustomEdit::LetMouseGo(bool clicks) {
     if (!FIsMouseDown) return;
-    const bool isClick = FPressedButton == NoButton;
+    const bool isClick = clicks && FPressedButton == NoButton;
     FIsMouseDown = false;
     FPressedButton = NoButton;
     const TPoint at = FPressedAt;

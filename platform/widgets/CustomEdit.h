@@ -120,7 +120,7 @@ class TcxCustomEdit : public TControl {
     // `position` is the place in the text that lies under the mouse.
     void PressMouse(TPoint at, Integer position, TShiftState shift = TShiftState::None);
     void DragMouse(Integer position);
-    void ReleaseMouse();
+    void ReleaseMouse() { LetMouseGo(/*clicks=*/true); }
     void PressButton(Integer index = 0);
     void ReleaseButton() { ReleaseMouse(); }
     // Down and up on the text at `position`.
@@ -162,6 +162,7 @@ protected:
     void CaretToEnd() { SetSelStart(FText.Length()); }
 
 private:
+    void LetMouseGo(bool clicks);
     Char KeyPressed(Char key);
     void TypeCharacter(StringView character);
     void ActOnControl(Char control);

@@ -34,17 +34,26 @@ using TExportProgressEvent = TEvent<Boolean(Integer, Integer)>;
 
 enum class TcxExportEncoding : Byte { Utf8 };
 
+// What the user has set for CSV files.
+struct TcxCsvExportOptions {
+    Boolean ByteOrderMark = false;
+    // An apostrophe before a text that a spreadsheet would take for a formula.
+    Boolean GuardFormula = false;
+};
+
 // Saves a view as a file, every row as the view shows it. The host installs one; the view layer
 // calls the operations below. An implementation raises EExportError alone.
 class TcxExportLinks {
 public:
     virtual ~TcxExportLinks() = default;
 
-    // `expand` opens what is closed, `saveAll` takes all rows and not the selected ones. The file
-    // gets the extension if its name has none.
+    // `expand` takes what is closed as open, `saveAll` all rows and not the focused one alone;
+    // without `useNativeFormat` numbers are stored as text. The file gets the extension if its name
+    // has none.
     virtual void ExportGridToCSV(const String& fileName, TcxGrid& grid, Boolean expand,
                                  Boolean saveAll, StringView separator, StringView fileExt,
-                                 TExportProgressEvent handler, TcxExportEncoding encoding) = 0;
+                                 TExportProgressEvent handler, TcxExportEncoding encoding,
+                                 const TcxCsvExportOptions& options) = 0;
     virtual void ExportGridToExcel(const String& fileName, TcxGrid& grid, Boolean expand,
                                    Boolean saveAll, Boolean useNativeFormat, StringView fileExt,
                                    TExportProgressEvent handler) = 0;
@@ -53,7 +62,8 @@ public:
                                   TExportProgressEvent handler) = 0;
     virtual void cxExportTLToCSV(const String& fileName, TcxVirtualTreeList& tree, Boolean expand,
                                  Boolean saveAll, StringView separator, StringView fileExt,
-                                 TExportProgressEvent handler, TcxExportEncoding encoding) = 0;
+                                 TExportProgressEvent handler, TcxExportEncoding encoding,
+                                 const TcxCsvExportOptions& options) = 0;
     virtual void cxExportTLToExcel(const String& fileName, TcxVirtualTreeList& tree, Boolean expand,
                                    Boolean saveAll, Boolean useNativeFormat, StringView fileExt,
                                    TExportProgressEvent handler) = 0;

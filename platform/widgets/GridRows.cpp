@@ -9,7 +9,18 @@ namespace quorin {
 TcxGridRows::TcxGridRows(TcxCustomDataController& controller, TcxViewColumns& columns)
     : FController(controller), FColumns(columns) {
     FColumns.SetOnSortChanged(MakeEvent<&TcxGridRows::OrderChanged>(this));
+    FColumns.SetOnVisibleChanged(MakeEvent<&TcxGridRows::VisibleColumnsChanged>(this));
     FFilter.SetOnApplied(MakeEvent<&TcxGridRows::OrderChanged>(this));
+}
+
+void TcxGridRows::SetOnFind(const TEvent<Boolean(Integer)>& event) {
+    FOnFind = event;
+    OrderChanged(nullptr);
+}
+
+// Hidden columns are not looked through.
+void TcxGridRows::VisibleColumnsChanged(TObject*) {
+    if (FOnFind) OrderChanged(nullptr);
 }
 
 void TcxGridRows::OrderChanged(TObject*) {
@@ -36,7 +47,7 @@ void TcxGridRows::Ensure() {
 
 void TcxGridRows::BuildOrder(Integer records) {
     FSorted = FColumns.Sorted();
-    FIsPlain = FSorted.IsEmpty() && !FFilter.IsFiltering();
+    FIsPlain = FSorted.IsEmpty() && !FFilter.IsFiltering() && !FOnFind;
     FRecords = records;
     std::vector<bool> descending;
     for (const TcxViewColumn* column : FSorted) {
@@ -70,7 +81,7 @@ Variant TcxGridRows::Read(Integer record, const TcxViewColumn& column) {
 
 bool TcxGridRows::Passes(Integer record) {
     FFiltered = record;
-    return FFilter.Passes(*this);
+    return FFilter.Passes(*this) && (!FOnFind || FOnFind(record));
 }
 
 Variant TcxGridRows::SortValue(Integer record, Integer column) {

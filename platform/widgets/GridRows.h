@@ -15,6 +15,8 @@ public:
     TcxGridRows(TcxCustomDataController& controller, TcxViewColumns& columns);
 
     TcxDataFilterCriteria& Filter() { return FFilter; }
+    // Further picks what passes the filter, by records; nil takes all of it.
+    void SetOnFind(const TEvent<Boolean(Integer)>& event);
 
     Integer Count();
     // Both -1 outside, and for a record that is not shown.
@@ -26,6 +28,7 @@ public:
 
 private:
     void OrderChanged(TObject*);
+    void VisibleColumnsChanged(TObject*);
     void Ensure();
     void BuildOrder(Integer records);
     Variant Read(Integer record, const TcxViewColumn& column);
@@ -36,6 +39,7 @@ private:
     TcxCustomDataController& FController;
     TcxViewColumns& FColumns;
     TcxDataFilterCriteria FFilter;
+    TEvent<Boolean(Integer)> FOnFind;
     TcxRowOrder FOrder;
     TList<TcxViewColumn*> FSorted;
     Integer FRecords = 0;  // of the order

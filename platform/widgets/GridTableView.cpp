@@ -54,14 +54,18 @@ Variant TcxGridTableView::Value(Integer row, const TcxCustomGridTableItem& colum
 }
 
 void TcxGridTableView::GetCellText(Integer row, TcxCustomGridTableItem& column, String& text) {
+    GetRecordText(RecordIndex(row), column, text);
+}
+
+void TcxGridTableView::GetRecordText(Integer record, TcxCustomGridTableItem& column, String& text) {
     text.clear();
-    const Integer record = RecordIndex(row);
-    if (record == NoRow) return;
+    if (record < 0 || record >= FController.RecordCount()) return;
     if (FOnGetCellText) {
         FOnGetCellText(record, column, text);
         return;
     }
-    const Variant value = Value(row, column);
+    const Variant value =
+        FController.Value(CustomDataSource()->GetRecordHandle(record), column.ItemIndex());
     if (!value.IsArray()) text = value.ToText();
 }
 

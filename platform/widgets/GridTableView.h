@@ -2,6 +2,7 @@
 
 #include "platform/widgets/DataBinding.h"
 #include "platform/widgets/DataController.h"
+#include "platform/widgets/GridFindPanel.h"
 #include "platform/widgets/GridRows.h"
 #include "platform/widgets/ViewColumn.h"
 
@@ -39,9 +40,9 @@ inline constexpr Integer NoRow = -1;
 
 // A grid without pixels: columns, rows in view order, scroll and focus. Rows are numbered from 0
 // as they stand on the screen. Looking at rows fetches what has become stale; telling of a change
-// fetches nothing. Supported: moving, hiding and freeing columns; sorting by several columns and
-// filtering, which move only the rows that change; scrolling; a focused row, which stays with its
-// record. Not supported: editing, grouping, a selection of several rows.
+// fetches nothing. Supported: moving, hiding and freeing columns; sorting by several columns,
+// filtering and finding, which move only the rows that change; scrolling; a focused row, which
+// stays with its record. Not supported: editing, grouping, a selection of several rows.
 class TcxGridTableView : public TComponent {
     QUORIN_CLASS(TcxGridTableView, TComponent)
 
@@ -66,6 +67,7 @@ class TcxGridTableView : public TComponent {
     // No column sorts afterwards.
     void ClearSorting() { FColumns.ClearSorting(); }
     TcxDataFilterCriteria& Filter() { return FRows.Filter(); }
+    TcxGridFindPanel& FindPanel() { return FFindPanel; }
     // One repaint at most for all that is done between the two.
     void BeginUpdate() { FController.BeginUpdate(); }
     void EndUpdate() { FController.EndUpdate(); }
@@ -80,6 +82,8 @@ class TcxGridTableView : public TComponent {
     // The text that the user reads there: what the form supplies, and without a form the value as
     // text. Empty outside.
     void GetCellText(Integer row, TcxCustomGridTableItem& column, String& text);
+    // The same for a record of the source, shown or not.
+    void GetRecordText(Integer record, TcxCustomGridTableItem& column, String& text);
     String CellText(Integer row, TcxCustomGridTableItem& column);
     void SetOnGetCellText(const TcxGetGridTextEvent& event) { FOnGetCellText = event; }
 
@@ -110,6 +114,7 @@ private:
     TcxCustomDataController FController;
     TcxViewColumns FColumns{FController};
     TcxGridRows FRows{FController, FColumns};
+    TcxGridFindPanel FFindPanel{*this, FRows};
     TcxGetGridTextEvent FOnGetCellText;
     Integer FTopRow = 0;
     Integer FCapacity = 1;

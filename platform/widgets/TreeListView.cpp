@@ -89,9 +89,7 @@ TcxVirtualTreeList::TWalk TcxVirtualTreeList::WalkNodes() {
 
 void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
     FRows.Clear();
-    Integer first = 0; // of the first level
-    while (first < walk.Count() && walk[first].Parent != NoRow) ++first;
-    ShowFrom(walk, first < walk.Count() ? first : NoRow, 0);
+    AddRows(FRows, walk, /*all=*/false);
 
     TDictionary<Pointer, bool> toggled; // without the nodes that are gone
     for (const TNode& node : walk) {
@@ -135,13 +133,32 @@ void TcxVirtualTreeList::GatherChildren(TWalk& walk, TPlaces& places, TcxDataRec
     }
 }
 
-void TcxVirtualTreeList::ShowFrom(const TWalk& walk, Integer first, Integer depth) {
+void TcxVirtualTreeList::AddRows(TList<TcxTreeRow>& rows, const TWalk& walk, bool all) const {
+    Integer first = 0; // of the first level
+    while (first < walk.Count() && walk[first].Parent != NoRow) ++first;
+    AddRowsFrom(rows, walk, all, first < walk.Count() ? first : NoRow, 0);
+}
+
+void TcxVirtualTreeList::AddRowsFrom(TList<TcxTreeRow>& rows, const TWalk& walk, bool all,
+                                     Integer first, Integer depth) const {
     for (Integer place = first; place != NoRow; place = walk[place].NextSibling) {
         const TNode& node = walk[place];
         const bool hasChildren = node.FirstChild != NoRow;
         const bool isExpanded = hasChildren && IsExpanded(node.Handle);
-        FRows.Add(TcxTreeRow{node.Handle, depth, hasChildren, isExpanded});
-        if (isExpanded && depth + 1 < MaxDepth) ShowFrom(walk, node.FirstChild, depth + 1);
+        rows.Add(TcxTreeRow{node.Handle, depth, hasChildren, isExpanded});
+        const bool goesOn = hasChildren && (all || isExpanded) && depth + 1 < MaxDepth;
+        if (goesOn) AddRowsFrom(rows, walk, all, node.FirstChild, depth + 1);
+    }
+}
+
+TList<TcxTreeRow> TcxVirtualTreeList::AllRows() {
+    for (Integer walks = 1;; ++walks) {
+        const Integer forgets = FForgets;
+        const TWalk walk = WalkNodes();
+        if (forgets != FForgets && walks < MostWalks) continue;
+        TList<TcxTreeRow> rows;
+        AddRows(rows, walk, /*all=*/true);
+        return rows;
     }
 }
 
@@ -163,15 +180,20 @@ Variant TcxVirtualTreeList::Value(Integer row, const TcxTreeListColumn& column) 
 
 String TcxVirtualTreeList::CellText(Integer row, TcxTreeListColumn& column) {
     String text;
-    const TcxTreeRow shown = Row(row);
-    if (shown.Node == nullptr) return text;
-    if (FOnGetCellText) {
-        FOnGetCellText(shown.Node, column, text);
-        return text;
-    }
-    const Variant value = Value(row, column);
-    if (!value.IsArray()) text = value.ToText();
+    GetNodeText(Row(row).Node, column, text);
     return text;
+}
+
+void TcxVirtualTreeList::GetNodeText(TcxDataRecordHandle node, TcxTreeListColumn& column,
+                                     String& text) {
+    text.clear();
+    if (node == nullptr) return;
+    if (FOnGetCellText) {
+        FOnGetCellText(node, column, text);
+        return;
+    }
+    const Variant value = FController.Value(node, column.ItemIndex());
+    if (!value.IsArray()) text = value.ToText();
 }
 
 void TcxVirtualTreeList::SetExpanded(Integer row, bool expanded) {

@@ -106,6 +106,12 @@ class TcxVirtualTreeList : public TComponent {
     Variant Value(Integer row, const TcxTreeListColumn& column);
     // What the form supplies, and without a form the value as text. Empty outside.
     String CellText(Integer row, TcxTreeListColumn& column);
+    void GetNodeText(TcxDataRecordHandle node, TcxTreeListColumn& column, String& text);
+    // The rows as they would be with every node open. The nodes are good as long as Forgets answers
+    // the same.
+    TList<TcxTreeRow> AllRows();
+    // How often node handles have become untrue.
+    Integer Forgets() const { return FForgets; }
     void SetOnGetCellText(const TcxGetTreeTextEvent& event) { FOnGetCellText = event; }
 
     // Opens or closes the row's node; nothing outside and on nodes without children. Closing takes
@@ -141,7 +147,10 @@ private:
     void GatherFlatList(TWalk& walk);
     void GatherChildren(TWalk& walk, TPlaces& places, TcxDataRecordHandle node, Integer parent,
                         Integer depth);
-    void ShowFrom(const TWalk& walk, Integer first, Integer depth);
+    // Closed nodes keep what is below them, unless all are wanted.
+    void AddRows(TList<TcxTreeRow>& rows, const TWalk& walk, bool all) const;
+    void AddRowsFrom(TList<TcxTreeRow>& rows, const TWalk& walk, bool all, Integer first,
+                     Integer depth) const;
     bool IsExpanded(TcxDataRecordHandle node) const {
         return FToggled.ContainsKey(node) != FStartsExpanded;
     }
@@ -157,7 +166,7 @@ private:
     Integer FFocusedRow = NoRow;
     TcxTreeShape FShape = TcxTreeShape::FlatList;
     bool FStartsExpanded = false;
-    Integer FForgets = 0;    // counts ForgetRows
+    Integer FForgets = 0;
     bool FRowsKnown = false; // FRows tells the truth
 };
 

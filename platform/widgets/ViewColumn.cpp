@@ -54,8 +54,10 @@ void TcxViewColumn::SetSortOrder(TdxSortOrder order) {
 }
 
 void TcxViewColumn::SetVisible(bool visible) {
+    if (visible == FVisible) return;
     FVisible = visible;
     Changed();
+    if (FColumns != nullptr) FColumns->VisibleChanged();
 }
 
 Integer TcxViewColumn::Index() const {
@@ -107,6 +109,10 @@ void TcxViewColumns::SortChanged() {
     if (FOnSortChanged) FOnSortChanged(nullptr);
 }
 
+void TcxViewColumns::VisibleChanged() {
+    if (FOnVisibleChanged) FOnVisibleChanged(nullptr);
+}
+
 TcxViewColumns::~TcxViewColumns() {
     for (TcxViewColumn* column : FOrder) column->FColumns = nullptr;
 }
@@ -115,6 +121,7 @@ void TcxViewColumns::Add(TcxViewColumn* column) {
     column->FItemIndex = FController.ItemCount();
     FController.AddItem(column);
     FOrder.Add(column);
+    VisibleChanged();
 }
 
 void TcxViewColumns::Remove(TcxViewColumn* column) {
@@ -124,6 +131,7 @@ void TcxViewColumns::Remove(TcxViewColumn* column) {
     for (TcxViewColumn* other : FOrder) {
         if (other->FItemIndex > column->FItemIndex) --other->FItemIndex;
     }
+    VisibleChanged();
 }
 
 } // namespace quorin

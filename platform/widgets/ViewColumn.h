@@ -84,16 +84,20 @@ public:
     void ClearSorting();
     // Raised when the sort has changed.
     void SetOnSortChanged(const TNotifyEvent& event) { FOnSortChanged = event; }
+    // Raised when a column has come on show or gone from it.
+    void SetOnVisibleChanged(const TNotifyEvent& event) { FOnVisibleChanged = event; }
 
 private:
     friend class TcxViewColumn;
     void SortChanged();
+    void VisibleChanged();
     void Add(TcxViewColumn* column);
     void Remove(TcxViewColumn* column);
 
     TcxCustomDataController& FController;
     TList<TcxViewColumn*> FOrder;
     TNotifyEvent FOnSortChanged;
+    TNotifyEvent FOnVisibleChanged;
 };
 
 } // namespace quorin

@@ -57,10 +57,14 @@ void TConsoleHost::ShowMessage(StringView text) {
     PrintLines(*FMessages, MessageLabel, text);
 }
 
-Integer TConsoleHost::Confirm(StringView text, Integer) {
+bool TConsoleHost::Ask(StringView text) {
     PrintLines(*FMessages, QuestionLabel, text);
+    return Answer();
+}
+
+Integer TConsoleHost::Confirm(StringView text, Integer) {
     if (FDesk != nullptr) FDesk->NoteQuestion(OneLine(text));
-    const bool isYes = Answer();
+    const bool isYes = Ask(text);
     if (FDesk != nullptr) FDesk->NoteAnswer(isYes ? YesText : NoText);
     return isYes ? ConfirmYes : AnswerNo;
 }
@@ -85,7 +89,8 @@ bool TConsoleHost::AskUser() {
 
 Boolean TConsoleHost::ChannelMessage(Integer number, Pointer data) {
     return FOrders.Answer(number, data) ||
-           (FFieldLists != nullptr && FFieldLists->Answer(number, data));
+           (FFieldLists != nullptr && FFieldLists->Answer(number, data)) ||
+           (FViewDialogs != nullptr && FViewDialogs->Answer(number, data));
 }
 
 } // namespace quorin

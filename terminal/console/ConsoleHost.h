@@ -2,6 +2,7 @@
 
 #include "embedded/Host.h"
 #include "terminal/console/OrderDialog.h"
+#include "terminal/console/ViewDialogs.h"
 #include "terminal/forms/FieldLists.h"
 
 #include <istream>
@@ -27,7 +28,12 @@ public:
     void SetDesk(TOrderDesk* desk) { FDesk = desk; }
     // Has the lists of fields made there from here on; nil: not at all.
     void SetFieldLists(TFieldLists* lists) { FFieldLists = lists; }
+    // Has dialogs about views answered there from here on; nil: nowhere.
+    void SetViewDialogs(TViewDialogs* dialogs) { FViewDialogs = dialogs; }
     const TOrderDialog& Orders() const { return FOrders; }
+
+    // A question of yes or no that has nothing to do with orders.
+    bool Ask(StringView text);
 
     void ShowMessage(StringView text) override;
     Integer Confirm(StringView text, Integer defaultAnswer) override;
@@ -43,6 +49,7 @@ private:
     std::istream* FInput = nullptr;
     TOrderDesk* FDesk = nullptr;
     TFieldLists* FFieldLists = nullptr;
+    TViewDialogs* FViewDialogs = nullptr;
     TOrderDialog FOrders{*this};
 };
 

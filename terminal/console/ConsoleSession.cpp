@@ -6,10 +6,15 @@
 #include "terminal/console/ReplaySession.h"
 #include "terminal/console/TextWidth.h"
 #include "terminal/console/VenueSession.h"
+#include "terminal/forms/AccountTreeForm.h"
+#include "terminal/forms/CashTreeForm.h"
+#include "terminal/forms/PositionViewForm.h"
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/presentation/IImageResource.h"
 
+#include <algorithm>
 #include <sstream>
+#include <utility>
 
 namespace quorin {
 
@@ -42,6 +47,7 @@ TConsoleSession::TConsoleSession(const TConsoleOptions& options,
 
 void TConsoleSession::OpenWatch(const TConsoleOptions& options) {
     FExchange = options.Exchange;
+    FFormRows = FMostRows = options.Rows;
     FWatch = std::make_unique<TMarketWatchForm>();
     FWatch->View().SetVisibleRowCapacity(options.Rows);
 }
@@ -116,7 +122,58 @@ TFrameHead TConsoleSession::Head() const {
             FSummary.Deliveries, FExchange};
 }
 
+namespace {
+
+template <class Form>
+std::unique_ptr<Form> MakeForm(const TConsoleOptions& options) {
+    auto form = std::make_unique<Form>();
+    form->ShowAccount(options.Account);
+    if (options.IsAggregated) form->ShowSums();
+    return form;
+}
+
+std::unique_ptr<TShownForm> MakeForm(const TConsoleOptions& options) {
+    switch (options.Form) {
+    case TFrameForm::Market: break;
+    case TFrameForm::PositionView: return MakeForm<TPositionViewForm>(options);
+    case TFrameForm::AccountTree: return MakeForm<TAccountTreeForm>(options);
+    case TFrameForm::Cash: return MakeForm<TCashTreeForm>(options);
+    case TFrameForm::AllCash: {
+        auto form = MakeForm<TCashTreeForm>(options);
+        form->ShowAll();
+        return form;
+    }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void TConsoleSession::OpenForm(const TConsoleOptions& options, const std::string& source) {
+    if (FServices.Accounts().FindAccount(options.Account) == nullptr && options.Universe.empty()) {
+        throw EDataError(source, 0, "there is no account " + ToUtf8(options.Account));
+    }
+    FWatch->ShowAccount(options.Account);
+    FForm = MakeForm(options);
+}
+
+// The clock of the head goes on also while an account rests.
+bool TConsoleSession::TakeRepaint() {
+    if (FForm == nullptr) return FWatch->View().TakeRepaint();
+    const bool isLater =
+        std::exchange(FPaintedDeliveries, FSummary.Deliveries) < FSummary.Deliveries;
+    return FForm->TakeRepaint() || isLater;
+}
+
+void TConsoleSession::FitFrame(Integer height) {
+    const Integer beside = FForm != nullptr ? FormLinesBesideRows(*FForm) : FrameLinesBesideRows;
+    const Integer rows = std::clamp(height - beside, 1, FMostRows);
+    FFormRows = rows;
+    if (FForm == nullptr) FWatch->View().SetVisibleRowCapacity(rows);
+}
+
 std::vector<String> TConsoleSession::Frame() {
+    if (FForm != nullptr) return FormLines(Head(), *FForm, FFormRows);
     return FrameLines(Head(), *FWatch, *FTrades, *FProduct);
 }
 

@@ -39,6 +39,10 @@ public:
     // The screen as it is now.
     std::vector<String> Frame();
     TMarketWatchForm& Watch() { return *FWatch; }
+    // What a frame shows has changed since the last call.
+    bool TakeRepaint();
+    // A frame has at most so many lines from here on, as long as there is room for a row.
+    void FitFrame(Integer height);
     virtual TSessionSummary Summary() const { return FSummary; }
     // To be called once, after the last Step and with the terminal given back; False when the file
     // of sides is not complete.
@@ -64,6 +68,8 @@ protected:
     void OpenTrades(const TConsoleOptions& options, const std::string& source);
     void OpenSides(const TConsoleOptions& options);
     void FollowSides(const TList<String>& symbols);
+    // The account and what frames show of it. An account that there is not is a fault of `source`.
+    void OpenForm(const TConsoleOptions& options, const std::string& source);
     // Trade sides are worked out for one exchange only; says so when it is not this one.
     void WarnOfSides(const String& exchange);
 
@@ -90,6 +96,10 @@ private:
     TFieldLists FFieldLists;
     TSharedRelease FSharedRelease;
     std::unique_ptr<TMarketWatchForm> FWatch;
+    std::unique_ptr<TShownForm> FForm; // that frames show in place of the market
+    Integer FMostRows = 0;             // of a frame, as asked for
+    Integer FFormRows = 0;
+    Integer FPaintedDeliveries = 0;
     std::unique_ptr<TTradesForm> FTrades;
     std::unique_ptr<TProductForm> FProduct;
     std::unique_ptr<TTradeSides> FSides;

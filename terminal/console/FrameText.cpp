@@ -127,4 +127,21 @@ std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
     return lines;
 }
 
+std::vector<String> FormLines(TFrameHead head, TShownForm& form, Integer height) {
+    head.Exchange = form.Title();
+    std::vector<String> lines{HeadText(head), ListLine(form, HeaderRow)};
+    const Integer rows = std::min(form.RowCount(), height);
+    for (Integer row = 0; row < rows; ++row) lines.push_back(ListLine(form, row));
+    const std::vector<String> summary = form.Summary();
+    if (!summary.empty()) lines.emplace_back();
+    for (const String& line : summary) lines.push_back(PlainText(line));
+    return lines;
+}
+
+Integer FormLinesBesideRows(TShownForm& form) {
+    constexpr Integer headAndCaptions = 2;
+    const auto summary = static_cast<Integer>(form.Summary().size());
+    return headAndCaptions + (summary > 0 ? 1 + summary : 0);
+}
+
 } // namespace quorin

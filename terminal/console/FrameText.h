@@ -24,6 +24,12 @@ inline constexpr Integer FrameLinesBesideRows = 18;
 std::vector<String> FrameLines(const TFrameHead& head, TMarketWatchForm& watch,
                                const TTradesForm& trades, TProductForm& product);
 
+// The same of another form: the head, whose market is what the form says of itself, its first
+// `height` rows at most, and below them its summary.
+std::vector<String> FormLines(TFrameHead head, TShownForm& form, Integer height);
+// Lines of such a frame beside the rows.
+Integer FormLinesBesideRows(TShownForm& form);
+
 // The head alone: what is shown, when, and what a user must know because it is not as it normally
 // is.
 String HeadText(const TFrameHead& head);

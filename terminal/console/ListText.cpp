@@ -9,10 +9,15 @@ namespace quorin {
 namespace {
 
 constexpr Integer PixelsPerColumn = 8;
+constexpr Integer IndentPerLevel = 2;
 constexpr StringView UpMark = u"\u25B2";
 constexpr StringView DownMark = u"\u25BC";
 constexpr StringView EqualMark = u"=";
 constexpr StringView NoMark = u" ";
+
+String Indent(Integer depth) {
+    return String(static_cast<std::size_t>(depth * IndentPerLevel), u' ');
+}
 
 StringView MarkText(std::optional<TPriceChangeState> state) {
     if (!state.has_value()) return NoMark;
@@ -26,20 +31,23 @@ StringView MarkText(std::optional<TPriceChangeState> state) {
 
 } // namespace
 
-String ListLine(TListForm& list, Integer row) {
+String ListLine(TShownForm& form, Integer row) {
     String line;
-    TcxGridTableView& view = list.View();
-    for (Integer index = 0; index < view.GetColumnCount(); ++index) {
-        TcxGridColumn& column = *view.GetColumn(index);
+    for (Integer index = 0; index < form.ColumnCount(); ++index) {
+        const TcxViewColumn& column = form.Column(index);
         if (!column.GetVisible()) continue;
-        const Integer attribute = column.GetTag();
-        const String text = row == HeaderRow ? column.Caption() : view.CellText(row, column);
-        if (!line.empty()) line += u' ';
-        const TAlign align = list.IsText(attribute) ? TAlign::Left : TAlign::Right;
+        const Integer attribute = column.Tag();
+        String text = row == HeaderRow ? column.Caption() : form.CellText(row, index);
+        if (!line.empty()) {
+            line += u' ';
+        } else if (row != HeaderRow) {
+            text = Indent(form.Depth(row)) + text;
+        }
+        const TAlign align = form.IsText(attribute) ? TAlign::Left : TAlign::Right;
         line += FitText(text, column.GetWidth() / PixelsPerColumn, align);
-        if (!list.HasMarks(attribute)) continue;
+        if (!form.HasMarks(attribute)) continue;
         line += u' ';
-        line += row == HeaderRow ? NoMark : MarkText(list.Mark(row, attribute));
+        line += row == HeaderRow ? NoMark : MarkText(form.Mark(row, attribute));
     }
     return String(TrimRight(line));
 }

@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include <limits>
+#include <map>
 
 namespace quorin {
 
@@ -17,6 +18,12 @@ constexpr Double ShortestPoll = 1e-9; // seconds: the time of a recording counts
 constexpr Double LongestPoll = 1e9;
 constexpr const char* Usage = "; usage: quorin-console [OPTIONS], --help lists them";
 constexpr Integer MostRows = 1000;
+
+const std::map<std::string, TFrameForm> Forms = {
+    {"market", TFrameForm::Market},           {"positionview", TFrameForm::PositionView},
+    {"accounttree", TFrameForm::AccountTree}, {"cash", TFrameForm::Cash},
+    {"allcash", TFrameForm::AllCash},
+};
 constexpr const char* AnswerYes = "yes";
 constexpr const char* AnswerNo = "no";
 
@@ -63,7 +70,8 @@ const CLI::Validator PlainText(
 TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     TConsoleOptions options;
     bool isText = true;
-    std::string replay, universe, settings, sides, poll, exchange, trades, seed, script, answer;
+    std::string replay, universe, settings, sides, poll, exchange, trades, seed, script, answer,
+        account, form;
     Integer frames = 0;
     Integer language = 0;
     TServiceSwitches& switches = options.Switches;
@@ -101,9 +109,22 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
                    "answer to every question (default: asks on a terminal, else no)")
         ->type_name("yes|no")
         ->check(CLI::IsMember({AnswerYes, AnswerNo}).description(""));
-    app.add_option("--rows", options.Rows, "visible rows of the watch (default: 20)")
-        ->type_name("N")
-        ->check(CLI::Range(1, MostRows));
+    app.add_option("--form", form,
+                   "market, or of an account positionview, accounttree, cash, allcash\n"
+                   "(default: market)")
+        ->type_name("NAME")
+        ->check(CLI::IsMember(Forms).description(""))
+        ->excludes(replayOption);
+    app.add_option("--account", account, "the account of these forms (default: M88001)")
+        ->type_name("CODE")
+        ->check(PlainText)
+        ->excludes(replayOption);
+    app.add_flag("--aggregate", options.IsAggregated, "a master with all its sub-accounts as one");
+    auto* rowsOption =
+        app.add_option("--rows", options.Rows,
+                       "visible rows (default: 20 of the market, all of another form)")
+            ->type_name("N")
+            ->check(CLI::Range(1, MostRows));
     app.add_option("--settings", settings, "settings to start with")
         ->type_name("FILE.ini")
         ->check(PlainText);
@@ -154,6 +175,9 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
     options.Sides = sides;
     if (!poll.empty()) options.PollInterval = ToDoubleOr(FromUtf8(poll), options.PollInterval);
     if (!exchange.empty()) options.Exchange = FromUtf8(exchange);
+    if (!account.empty()) options.Account = FromUtf8(account);
+    if (!form.empty()) options.Form = Forms.at(form);
+    if (options.Form != TFrameForm::Market && rowsOption->count() == 0) options.Rows = MostRows;
     options.TradesSymbol = FromUtf8(trades);
     if (framesOption->count() > 0) options.Frames = frames;
     result.Options = options;

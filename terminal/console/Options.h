@@ -8,6 +8,9 @@
 
 namespace quorin {
 
+// What the frames show.
+enum class TFrameForm : Byte { Market, PositionView, AccountTree, Cash, AllCash };
+
 // What the command line asks for. See --help for the words.
 struct TConsoleOptions {
     std::filesystem::path Replay;   // the recording; empty: the simulated venue
@@ -26,6 +29,9 @@ struct TConsoleOptions {
     std::filesystem::path Script; // empty: none
     std::optional<bool> Answer;   // to every question; nothing: the user's, without a terminal no
     Integer Rows = 20;
+    TFrameForm Form = TFrameForm::Market;
+    String Account{u"M88001"};
+    bool IsAggregated = false; // the account is shown as a sum, if it is a master
 };
 
 // What became of the command line: either options, or a text to show and a status to end with.

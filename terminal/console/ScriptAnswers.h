@@ -10,8 +10,11 @@ namespace quorin {
 // The families of commands, in the order of the help.
 std::span<const TScriptCommand> ListCommands();
 std::span<const TScriptCommand> PositionViewCommands();
+std::span<const TScriptCommand> AccountCommands();
 std::span<const TScriptCommand> OrderCommands();
 std::span<const TScriptCommand> TicketCommands();
+std::span<const TScriptCommand> ServiceCommands();
+std::span<const TScriptCommand> LayoutCommands();
 std::span<const TScriptCommand> GeneralCommands();
 
 inline constexpr StringView TakenText = u"taken";
@@ -24,7 +27,7 @@ void PrintResult(std::ostream& out, bool isDone, StringView done);
 // Raises EScriptError.
 [[noreturn]] void Fail(StringView reason);
 // Raises EScriptError for a row outside the list.
-void CheckRow(TListForm& list, Integer row);
+void CheckRow(TShownForm& form, Integer row);
 // The same, and the record that the row still stands for; NoRow, which the lists refuse, when it
 // is another now.
 Integer RecordOf(TListForm& list, Integer row);

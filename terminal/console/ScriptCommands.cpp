@@ -25,8 +25,8 @@ void Fail(StringView reason) {
     throw EScriptError(ToUtf8(reason));
 }
 
-void CheckRow(TListForm& list, Integer row) {
-    const Integer count = list.View().RowCount();
+void CheckRow(TShownForm& form, Integer row) {
+    const Integer count = form.RowCount();
     if (row < count) return;
     Fail(u"there is no row " + IntegerToText(row) + u", the list has " + IntegerToText(count));
 }
@@ -38,8 +38,9 @@ Integer RecordOf(TListForm& list, Integer row) {
 
 std::vector<TScriptCommand> ScriptCommands() {
     std::vector<TScriptCommand> commands;
-    for (const auto family : {ListCommands(), PositionViewCommands(), OrderCommands(),
-                              TicketCommands(), GeneralCommands()}) {
+    for (const auto family :
+         {ListCommands(), PositionViewCommands(), AccountCommands(), OrderCommands(),
+          TicketCommands(), ServiceCommands(), LayoutCommands(), GeneralCommands()}) {
         commands.insert(commands.end(), family.begin(), family.end());
     }
     return commands;
@@ -63,8 +64,8 @@ std::string ScriptHelp() {
     std::string text =
         "Commands of a script, one a line, # begins a comment, \"...\" holds blanks. ROW counts\n"
         "from 0; for buy, sell, copyprice and move it is a row of the market list, for close and\n"
-        "copyorder of the positions shown last, for cell and row of the list that was shown "
-        "last:\n";
+        "copyorder of the positions shown last, for cell and row of the list or tree that was\n"
+        "shown last, where ATTRIBUTE is a column of the tree:\n";
     for (const TScriptCommand& command : ScriptCommands()) {
         text += std::string("  ") + command.Pattern + "\n      " + command.Help + "\n";
     }

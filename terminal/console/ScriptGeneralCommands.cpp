@@ -35,19 +35,19 @@ void Language(TScriptScreen& screen, const TScriptArguments& arguments, std::ost
     screen.Session().Services().Language().SetLanguage(static_cast<TAppLanguage>(language));
 }
 
-String CellText(TListForm& list, Integer row, Integer attribute) {
+String CellText(TShownForm& list, Integer row, Integer attribute) {
     return KindText(list.Value(row, attribute)) + u" | " + Quoted(list.Text(row, attribute));
 }
 
 void Cell(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
-    TListForm& list = screen.LastList();
+    TShownForm& list = screen.Last();
     const Integer row = arguments.Number(1);
     CheckRow(list, row);
     PrintAnswer(out, u"cell", CellText(list, row, arguments.Number(2)));
 }
 
 void Row(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
-    TListForm& list = screen.LastList();
+    TShownForm& list = screen.Last();
     const Integer row = arguments.Number(1);
     CheckRow(list, row);
     for (const Integer attribute : list.Attributes()) {
@@ -64,8 +64,8 @@ constexpr TScriptCommand Commands[] = {
     {"step COUNT", "goes so many deliveries on", Step},
     {"set KEY VALUE", "changes a setting, KEY or SECTION/KEY; \"\" takes it away", Set},
     {"language N", "0 English, 1 Traditional, 2 Simplified Chinese", Language},
-    {"cell ROW ATTRIBUTE", "raw value and text of a cell of the list shown last", Cell},
-    {"row ROW", "raw value and text of every column of a row of the list shown last", Row},
+    {"cell ROW ATTRIBUTE", "raw value and text of a cell of the list or tree shown last", Cell},
+    {"row ROW", "raw value and text of every column of a row of the list or tree shown last", Row},
     {"help", "prints this", Help},
 };
 

@@ -104,7 +104,10 @@ void Months(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
 }
 
 void Account(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
-    if (!TCustomAccountAdapter::GetInstance()->IsAccountKnown(arguments.Word(1))) {
+    // Market lists keep their account rather than take one that is not known, and orders with them.
+    const TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    if (!accounts.IsAccountReady()) Fail(u"the accounts are not there yet");
+    if (!accounts.IsAccountKnown(arguments.Word(1))) {
         Fail(u"there is no account " + arguments.Word(1));
     }
     screen.ShowAccount(arguments.Word(1));
@@ -169,7 +172,7 @@ constexpr TScriptCommand Commands[] = {
      "shows the contracts of one series; options need a month", Underlyer},
     {"series", "lists the series of the exchange shown", Series},
     {"months", "lists the months of the series' options", Months},
-    {"account CODE", "changes the account of lists, orders and positions", Account},
+    {"account CODE", "changes the account of everything shown and of orders", Account},
     {"positions", "shows the account's positions", Positions},
     {"move FROM TO", "moves a market row", Move},
     {"batchmode on|off", "whether rows that come on screen are followed in batches", BatchMode},

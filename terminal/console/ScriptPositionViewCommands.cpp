@@ -1,13 +1,8 @@
-#include "platform/rtl/Numbers.h"
-#include "platform/rtl/Text.h"
 #include "terminal/console/ScriptAnswers.h"
 
 namespace quorin {
 
 namespace {
-
-constexpr Integer MoneyDecimals = 2;
-constexpr Char LineEnd = u'\n';
 
 TPositionViewControl& View(TScriptScreen& screen) {
     if (!screen.IsShowingPositionView()) Fail(u"the position view is not shown");
@@ -18,14 +13,17 @@ String OptionalCode(const TScriptArguments& arguments) {
     return arguments.Has(1) ? arguments.Word(1) : String();
 }
 
-void PositionView(TScriptScreen& screen, const TScriptArguments&, std::ostream&) {
+// Another account is taken as it comes, known or not.
+void PositionView(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
     screen.ShowPositionView();
+    if (arguments.Has(1)) screen.PositionView().ShowAccount(arguments.Word(1));
 }
 
 void Aggregate(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
-    TPositionViewControl& view = View(screen);
-    view.SetAggregate();
-    PrintAnswer(out, u"mode", view.Aggregated() ? u"aggregated" : u"plain");
+    TAccountView* view = screen.LastAccountView();
+    if (view == nullptr) Fail(u"neither the position view nor a tree is shown");
+    view->SetAggregate();
+    PrintAnswer(out, u"mode", view->Aggregated() ? u"aggregated" : u"plain");
 }
 
 void FilterCurrency(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
@@ -37,20 +35,17 @@ void ChinaConnect(TScriptScreen& screen, const TScriptArguments& arguments, std:
 }
 
 void AccountInfo(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
-    String status;
-    const String info = View(screen).GetAccountInfo(status);
-    for (const StringView line : Split(info, LineEnd)) PrintAnswer(out, u"info", TrimRight(line));
-    PrintAnswer(out, u"status", status);
+    View(screen);
+    TPositionViewForm& view = screen.PositionView();
+    for (const String& line : view.HolderLines()) PrintAnswer(out, u"info", line);
+    PrintAnswer(out, u"status", view.StatusText());
 }
 
 void Totals(TScriptScreen& screen, const TScriptArguments&, std::ostream& out) {
-    TPositionViewControl& view = View(screen);
-    const auto print = [&](StringView name, Double total) {
-        PrintAnswer(out, u"total",
-                    String(name) + FormatDecimals(total, MoneyDecimals, /*grouping=*/true));
-    };
-    print(u"market value  ", view.GetTotalMarketValue());
-    print(u"accept value  ", view.GetTotalAcceptValue());
+    View(screen);
+    TPositionViewForm& view = screen.PositionView();
+    PrintAnswer(out, u"total", u"market value  " + view.MarketValueText());
+    PrintAnswer(out, u"total", u"accept value  " + view.AcceptValueText());
 }
 
 void CopySymbol(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream&) {
@@ -59,8 +54,14 @@ void CopySymbol(TScriptScreen& screen, const TScriptArguments& arguments, std::o
 }
 
 constexpr TScriptCommand Commands[] = {
-    {"positionview", "shows the position view of the account", PositionView},
-    {"aggregate", "turns the sums over a master and its sub-accounts on or off", Aggregate},
+    {"positionview [CODE]",
+     "shows the position view of the account, or until the account changes of any other, known or "
+     "not; \"\" is none",
+     PositionView},
+    {"aggregate",
+     "sums over a master and its sub-accounts on or off, in the position view or the tree, "
+     "whichever was shown last",
+     Aggregate},
     {"filtercurrency [CODE]", "positions in this currency alone; without a code all of them",
      FilterCurrency},
     {"chinaconnect [CODE]", "totals of China Connect in this currency, or of everything else",

@@ -36,7 +36,7 @@ void Print(std::ostream& out, StringView label, StringView text) {
 
 TScriptScreen::TScriptScreen(TConsoleSession& session)
     : FSession(session), FOrders(session.Services().Desk()), FMarket(&session.Watch()),
-      FLastList(FMarket), FExchange(session.Head().Exchange) {
+      FLastList(FMarket), FLast(FMarket), FExchange(session.Head().Exchange) {
     Watch().ShowPositions(true);
     FUnderlyer.ShowPositions(true);
     FUnderlyer.View().SetVisibleRowCapacity(Watch().View().VisibleRowCapacity());
@@ -47,26 +47,64 @@ void TScriptScreen::ShowWatch(StringView exchange) {
     FExchange = exchange;
     Watch().ShowMarket(exchange);
     FMarket = &Watch();
-    FLastList = FMarket;
+    NoteList(*FMarket);
 }
 
 void TScriptScreen::ShowUnderlyer(const TUnderlyerChoice& choice, StringView title) {
     FUnderlyerTitle = title;
     FUnderlyer.Show(choice);
     FMarket = &FUnderlyer;
-    FLastList = FMarket;
+    NoteList(*FMarket);
 }
 
 void TScriptScreen::ShowPositions() {
     FHasPositions = true;
-    FLastList = &FPositions;
+    NoteList(FPositions);
     FShownPositions = &FPositions;
 }
 
 void TScriptScreen::ShowPositionView() {
     FHasPositionView = true;
-    FLastList = &FPositionView;
-    FShownPositions = &FPositionView;
+    NoteList(PositionView());
+    FShownPositions = FPositionView.get();
+    FLastAccountView = FPositionView.get();
+}
+
+TPositionViewForm& TScriptScreen::PositionView() {
+    if (FPositionView == nullptr) {
+        FPositionView = std::make_unique<TPositionViewForm>();
+        FPositionView->ShowAccount(FAccount);
+    }
+    return *FPositionView;
+}
+
+TAccountTreeForm& TScriptScreen::ShowAccountTree() {
+    if (FAccountTree == nullptr) {
+        FAccountTree = std::make_unique<TAccountTreeForm>();
+        FAccountTree->ShowAccount(FAccount);
+    }
+    NoteTree(*FAccountTree);
+    return *FAccountTree;
+}
+
+// A tree of all accounts stays one; the tree of one account is another.
+void TScriptScreen::ShowCashTree(bool ofAllAccounts) {
+    if (FCashTree == nullptr || FCashTree->IsShowingAll() != ofAllAccounts) {
+        FCashTree = std::make_unique<TCashTreeForm>();
+        FCashTree->ShowAccount(FAccount);
+        if (ofAllAccounts) FCashTree->ShowAll();
+    }
+    NoteTree(*FCashTree);
+}
+
+void TScriptScreen::NoteList(TListForm& list) {
+    FLastList = &list;
+    FLast = &list;
+}
+
+void TScriptScreen::NoteTree(TTreeForm& tree) {
+    FLast = &tree;
+    FLastAccountView = &tree;
 }
 
 void TScriptScreen::ShowAccount(StringView account) {
@@ -74,7 +112,9 @@ void TScriptScreen::ShowAccount(StringView account) {
     Watch().ShowAccount(FAccount);
     FUnderlyer.ShowAccount(FAccount);
     FPositions.Control().SetAccount(FAccount);
-    FPositionView.Control().SetAccount(FAccount);
+    if (FPositionView != nullptr) FPositionView->ShowAccount(FAccount);
+    if (FAccountTree != nullptr) FAccountTree->ShowAccount(FAccount);
+    if (FCashTree != nullptr) FCashTree->ShowAccount(FAccount);
 }
 
 String TScriptScreen::Exchange() const {
@@ -100,18 +140,16 @@ void TScriptScreen::PrintChanges(std::ostream& out) {
     head.Exchange = Title();
     PrintLine(out, HeadLabel, FPrintedHead, HeadText(head));
     PrintList(out, FPrintedMarket, *FMarket, FMarket->View().VisibleRowCount());
-    if (FHasPositions) {
-        PrintList(out, FPrintedPositions, FPositions, FPositions.View().RowCount());
-    }
-    if (FHasPositionView) {
-        PrintList(out, FPrintedPositionView, FPositionView, FPositionView.View().RowCount());
-    }
-    if (FHasOrders) PrintList(out, FPrintedOrders, FOrders, FOrders.View().RowCount());
+    if (FHasPositions) PrintAll(out, FPrintedPositions, &FPositions);
+    if (FHasPositionView) PrintAll(out, FPrintedPositionView, FPositionView.get());
+    PrintAll(out, FPrintedTree, FAccountTree.get());
+    PrintAll(out, FPrintedCash, FCashTree.get());
+    if (FHasOrders) PrintAll(out, FPrintedOrders, &FOrders);
     PrintLine(out, EntryLabel, FPrintedEntry, FSession.Host().Orders().Entry().Text());
     FTickets.PrintChanges(out);
     FMarket->NoteShown();
     FPositions.NoteShown();
-    FPositionView.NoteShown();
+    if (FPositionView != nullptr) FPositionView->NoteShown();
 }
 
 // Questions and answers were printed when they were asked.
@@ -131,7 +169,13 @@ void TScriptScreen::PrintLine(std::ostream& out, StringView label, String& print
     printed = std::move(line);
 }
 
-void TScriptScreen::PrintList(std::ostream& out, TPrinted& printed, TListForm& list, Integer rows) {
+void TScriptScreen::PrintAll(std::ostream& out, TPrinted& printed, TShownForm* form) {
+    if (form != nullptr) PrintList(out, printed, *form, form->RowCount());
+}
+
+void TScriptScreen::PrintList(std::ostream& out, TPrinted& printed, TShownForm& list,
+                              Integer rows) {
+    PrintLine(out, printed.Label, printed.Title, list.Title());
     const auto line = [&](Integer row) {
         return (printed.HasRowNumbers ? RowNumber(row) : String()) + ListLine(list, row);
     };

@@ -2,6 +2,12 @@
 
 namespace quorin {
 
+namespace {
+
+constexpr const char* AccountsFolder = "accounts"; // of the data folder, for messages
+
+} // namespace
+
 TVenueSession::TVenueSession(const TConsoleOptions& options,
                              const std::filesystem::path& dataFolder, std::ostream& errors)
     : TConsoleSession(options, dataFolder, errors),
@@ -13,7 +19,7 @@ TVenueSession::TVenueSession(const TConsoleOptions& options,
     WarnOfSides(chosen.Exchange);
     OpenWatch(chosen);
     Watch().ShowMarket(chosen.Exchange);
-    Watch().ShowAccount(FirstAccount);
+    OpenForm(options, (dataFolder / AccountsFolder).string());
     OpenTrades(chosen, FMarket.UniverseName());
     FollowSides(Watch().Control().Symbols());
 }

@@ -5,7 +5,6 @@
 #include "terminal/console/Screen.h"
 #include "terminal/console/ScriptSession.h"
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <iostream>
@@ -54,9 +53,8 @@ void ShowOnScreen(TConsoleSession& session, const TConsoleOptions& options) {
                 isPlaying = isPlaying && session.Step();
                 nextStep += options.PollInterval;
             }
-            const Integer room = std::max<Integer>(screen.Height() - FrameLinesBesideRows, 1);
-            session.Watch().View().SetVisibleRowCapacity(std::min(options.Rows, room));
-            if (session.Watch().View().TakeRepaint() || event == TScreen::TEvent::Resized) {
+            session.FitFrame(screen.Height());
+            if (session.TakeRepaint() || event == TScreen::TEvent::Resized) {
                 screen.Paint(session.Frame());
             }
             const std::chrono::duration<Double> elapsed = TClock::now() - start;

@@ -12,7 +12,6 @@ namespace quorin {
 namespace {
 
 constexpr Char DecorationMark = u','; // behind a code a field shows more of it
-constexpr Integer CodeColumn = 0;
 
 // `sought` is in capital letters already. Compares unit by unit: a long list is searched with every
 // key, so nothing is allocated.
@@ -82,19 +81,13 @@ void TFieldListForm::SetFilter(StringView text) {
     EntriesChanged(nullptr, nullptr);
 }
 
-bool TFieldListForm::HoldsElsewhere(const TObject& entry) const {
-    for (Integer column = CodeColumn + 1; column < FView->GetColumnCount(); ++column) {
-        if (FindWithoutCase(CellOf(entry, column), FFilter) != StringView::npos) return true;
-    }
-    return false;
-}
-
 const std::vector<TObject*>& TFieldListForm::Rows() {
     if (!std::exchange(FIsStale, false)) return FRows;
     std::vector<TObject*> entries;
     Collect(entries);
     std::vector<TObject*> within;
-    std::vector<TObject*> elsewhere;
+    std::vector<TObject*> inName;
+    const Integer nameColumn = FView->GetColumnCount() - 1;
     FRows.clear();
     for (TObject* entry : entries) {
         const std::size_t place = FindWithoutCase(CodeOf(*entry), FFilter);
@@ -102,12 +95,12 @@ const std::vector<TObject*>& TFieldListForm::Rows() {
             FRows.push_back(entry);
         } else if (place != StringView::npos) {
             within.push_back(entry);
-        } else if (HoldsElsewhere(*entry)) {
-            elsewhere.push_back(entry);
+        } else if (FindWithoutCase(CellOf(*entry, nameColumn), FFilter) != StringView::npos) {
+            inName.push_back(entry);
         }
     }
     FRows.insert(FRows.end(), within.begin(), within.end());
-    FRows.insert(FRows.end(), elsewhere.begin(), elsewhere.end());
+    FRows.insert(FRows.end(), inName.begin(), inName.end());
     return FRows;
 }
 
@@ -125,6 +118,7 @@ Integer TFieldListForm::RowOf(StringView code) {
 }
 
 void TFieldListForm::Choose(Integer row) {
+    if (FIsStale) return;
     const Integer record = FView->RecordIndex(row);
     TObject* chosen = record == NoRow ? nullptr : Rows()[static_cast<std::size_t>(record)];
     const TDataCallbackEvent event = FOnChosen; // what it calls may free the list

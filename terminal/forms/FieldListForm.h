@@ -12,7 +12,7 @@ namespace quorin {
 
 // The list that a field for a code drops down, without its pixels: what there is to choose, and of
 // that what holds the text that is being typed. Codes that begin with the text come first, then
-// those that hold it, then what holds it elsewhere. Stands in the popup window of its field. The
+// those that hold it, then what holds it in its name. Stands in the popup window of its field. The
 // services must be installed for as long as it lives. Not supported: choosing several.
 class TFieldListForm : public TFrame {
     QUORIN_CLASS(TFieldListForm, TFrame)
@@ -30,7 +30,8 @@ class TFieldListForm : public TFrame {
     String Code(Integer row);
     // The row of exactly this code; NoRow where the list does not show it.
     Integer RowOf(StringView code);
-    // User action: this row it is. A row outside stands for none: the list closes.
+    // User action: this row it is. A row outside stands for none: the list closes. Nothing happens
+    // when the rows have changed since they were looked at.
     void Choose(Integer row);
     // Called with what was chosen as `Data`, as a TObject.
     void SetOnChosen(const TDataCallbackEvent& event) { FOnChosen = event; }
@@ -46,7 +47,7 @@ protected:
     // What there is to choose, in the order of the list.
     virtual void Collect(std::vector<TObject*>& entries) const = 0;
     virtual const String& CodeOf(const TObject& entry) const = 0;
-    // The text of a column; the first shows the code.
+    // The text of a column; the first shows the code, the last the name.
     virtual String CellOf(const TObject& entry, Integer column) const = 0;
     // Something to choose has come, changed or gone: all is read again.
     void EntriesChanged(Pointer Sender, Pointer Data);
@@ -56,7 +57,6 @@ private:
 
     void LanguageChanged(Pointer Sender, Pointer Data);
     const std::vector<TObject*>& Rows();
-    bool HoldsElsewhere(const TObject& entry) const;
 
     std::vector<StringView> FCaptionKeys;
     String FFilter; // in capital letters

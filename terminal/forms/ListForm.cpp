@@ -26,7 +26,9 @@ TFormColumns::TFormColumns(std::span<const TFormColumn> columns) {
     }
 }
 
-TListForm::TListForm() : FView(CreateComponent<TcxGridTableView>()) {
+TListForm::TListForm()
+    : FView(CreateComponent<TcxGridTableView>()), FGrid(CreateComponent<TcxGrid>()) {
+    FGrid->SetActiveView(FView.get());
     TCustomLanguageManager::GetInstance()->RegisterLanguageCallback(
         MakeEvent<&TListForm::LanguageChanged>(this), this);
 }
@@ -42,9 +44,16 @@ void TListForm::Bind(std::unique_ptr<TBaseDataControl> control, StringView custo
     FView->SetCustomDataSource(FSource.get());
     FView->SetOnGetCellText(MakeEvent<&TListForm::GetCellText>(this));
     for (const TColumnInfo* info : *FBase->GetColList()) {
-        FView->AddColumn(info->ID()).SetWidth(info->Width());
+        TcxGridColumn& column = FView->AddColumn(info->ID());
+        column.SetWidth(info->Width());
+        // Asked of the descendant that calls this, which is complete that far.
+        if (!IsText(info->ID())) column.DataBinding().SetValueType<TcxFloatValueType>();
     }
     LanguageChanged({}, {});
+}
+
+TFormView TListForm::FormView() {
+    return {FGrid.get(), nullptr, FBase->GetColList(), {PositionAttribute::SymbolCode}};
 }
 
 void TListForm::LanguageChanged(Pointer, Pointer) {

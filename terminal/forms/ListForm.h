@@ -1,13 +1,11 @@
 #pragma once
 
-#include "platform/widgets/GridTableView.h"
+#include "terminal/forms/ShownForm.h"
 #include "viewdata/frame/GridDataSource.h"
 #include "viewdata/market/MarketDataControl.h"
 
 #include <memory>
-#include <optional>
 #include <span>
-#include <vector>
 
 namespace quorin {
 
@@ -36,12 +34,13 @@ private:
 
 // A list without its pixels: a control, its source and the grid, with captions in the language in
 // force. The services must be installed for as long as it lives.
-class TListForm : public TObject {
-    QUORIN_CLASS(TListForm, TObject)
+class TListForm : public TShownForm {
+    QUORIN_CLASS(TListForm, TShownForm)
 
     ~TListForm() override;
 
     TcxGridTableView& View() { return *FView; }
+    TFormView FormView() override;
 
     // The symbol that the row shows now; empty outside.
     String Symbol(Integer row);
@@ -54,20 +53,18 @@ class TListForm : public TObject {
     // was noted last; NoRow otherwise.
     Integer ActionRecord(Integer row);
 
-    // A cell of any attribute, whether it has a column or not.
-    Variant Value(Integer row, Integer attribute);
-    String Text(Integer row, Integer attribute);
-
-    // The columns that the list can tell about a row, shown or not: those shown, unless a
-    // descendant knows more.
-    virtual std::vector<Integer> Attributes();
-
-    // Whether the column is read as text, from the left.
-    virtual bool IsText(Integer attribute) const;
-    // Whether the column's cells may carry a mark behind their text, and the mark of a cell;
-    // nothing where there is none.
-    virtual bool HasMarks(Integer) const { return false; }
-    virtual std::optional<TPriceChangeState> Mark(Integer, Integer) { return {}; }
+    Integer RowCount() override { return FView->RowCount(); }
+    Integer ColumnCount() override { return FView->GetColumnCount(); }
+    TcxViewColumn& Column(Integer index) override { return *FView->GetColumn(index); }
+    String CellText(Integer row, Integer column) override {
+        return FView->CellText(row, *FView->GetColumn(column));
+    }
+    Variant Value(Integer row, Integer attribute) override;
+    String Text(Integer row, Integer attribute) override;
+    // Those shown, unless a descendant knows more.
+    std::vector<Integer> Attributes() override;
+    bool IsText(Integer attribute) const override;
+    bool TakeRepaint() override { return FView->TakeRepaint(); }
 
 protected:
     TListForm();
@@ -82,6 +79,7 @@ private:
     String FCustomColumnTag;
     std::unique_ptr<TCustomGridDataSource> FSource;
     std::unique_ptr<TcxGridTableView> FView;
+    std::unique_ptr<TcxGrid> FGrid;
     std::vector<String> FShownSymbols; // by row
 };
 

@@ -1,8 +1,10 @@
 #include "terminal/forms/PositionViewForm.h"
 
+#include "platform/rtl/Numbers.h"
 #include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
-#include "viewdata/services/ResourceKeys.h"
+#include "viewdata/services/CurrencyAdapter.h"
 
 #include <iterator>
 
@@ -30,12 +32,19 @@ constexpr TFormColumn Columns[] = {
     {A::Currency, ResourceKey::Res_Currency, 64, u"Currency", false},
 };
 
+// By number.
 constexpr Integer All[] = {
     A::SymbolCode,
+    A::LastPrice,
+    A::LongQuantity,
     A::Account,
     V::Side,
+    A::Exchange,
     A::SymbolName,
-    A::LastPrice,
+    A::Currency,
+    A::Expiry,
+    A::PreviousClose,
+    A::AvailableQuantity,
     V::AveragePrice,
     V::PrincipalType,
     V::TotalBought,
@@ -45,11 +54,15 @@ constexpr Integer All[] = {
     V::NetQuantity,
     V::HeldShort,
     V::RealisedPL,
+    A::MarketValue,
+    A::ConvertedMarketValue,
     V::MarginRatio,
     V::UnrealisedPL,
+    A::ShortQuantity,
     V::TodayBuyQuantity,
     V::TodaySellQuantity,
     V::PendingBuyQuantity,
+    A::PendingSellQuantity,
     V::Deposited,
     V::Withdrawn,
     V::ContractSize,
@@ -64,6 +77,7 @@ constexpr Integer All[] = {
     V::TodayAverageSellPrice,
     V::TodayBuyAmount,
     V::TodaySellAmount,
+    A::StartQuantity,
     V::Custody,
     V::NetWithCustody,
     V::LeftFromStart,
@@ -71,11 +85,36 @@ constexpr Integer All[] = {
     V::TodayClosed,
 };
 
+constexpr Integer MoneyDecimals = 2;
+
+String MoneyText(Double amount, StringView currency) {
+    return FormatDecimals(amount, MoneyDecimals, /*grouping=*/true) + u' ' + String(currency);
+}
+
+Double RatioOf(const String& currency) {
+    return TCustomCurrencyAdapter::GetInstance()->GetCurrencyRatio(currency);
+}
+
+String Labelled(StringView key, StringView text) {
+    return FormatText(u"%s: %s", {InterfaceText(key), text});
+}
+
 } // namespace
 
 TPositionViewControl::TPositionViewControl(TComponent* AOwner)
     : TPositionViewDataControl(AOwner), FColumns(Columns) {
     EmptyDisplayText = NothingToShow;
+}
+
+String TPositionViewControl::ChinaConnectCurrency() const {
+    return FShowingChinaConnectAccountData ? FChinaConnectCurrency : String();
+}
+
+// A currency without a ratio leaves them as they are.
+String TPositionViewControl::TotalsCurrency() const {
+    const String currency = ChinaConnectCurrency();
+    const bool isKnown = !currency.empty() && RatioOf(currency) != 0.0;
+    return isKnown ? currency : FConvertCurrency;
 }
 
 TPositionViewForm::TPositionViewForm() {
@@ -90,6 +129,46 @@ bool TPositionViewForm::IsText(Integer attribute) const {
 
 std::vector<Integer> TPositionViewForm::Attributes() {
     return {std::begin(All), std::end(All)};
+}
+
+String TPositionViewForm::Title() {
+    const String& filter = FControl->FilterCurrency();
+    String title = AccountTitle(FControl->Account(), FControl->Aggregated());
+    const String connect = FControl->ChinaConnectCurrency();
+    if (!filter.empty()) title += u"  " + Labelled(ResourceKey::Res_Currency, filter);
+    if (!connect.empty()) title += u"  " + Labelled(TerminalKey::Res_ChinaConnect, connect);
+    return title;
+}
+
+std::vector<String> TPositionViewForm::Summary() {
+    std::vector<String> lines = HolderLines();
+    if (String status = StatusText(); !status.empty()) lines.push_back(std::move(status));
+    lines.push_back(Labelled(TerminalKey::Res_MarketValue, MarketValueText()));
+    lines.push_back(Labelled(TerminalKey::Res_AcceptValue, AcceptValueText()));
+    return lines;
+}
+
+std::vector<String> TPositionViewForm::HolderLines() {
+    String status;
+    const String info = FControl->GetAccountInfo(status);
+    std::vector<String> lines;
+    for (const StringView line : Split(info, u'\n')) lines.emplace_back(TrimRight(line));
+    return lines;
+}
+
+String TPositionViewForm::StatusText() {
+    String status;
+    FControl->GetAccountInfo(status);
+    return status;
+}
+
+String TPositionViewForm::MarketValueText() {
+    return MoneyText(FControl->GetTotalMarketValue(), FControl->TotalsCurrency());
+}
+
+String TPositionViewForm::AcceptValueText() {
+    if (FControl->Aggregated()) return String(NothingToShow);
+    return MoneyText(FControl->GetTotalAcceptValue(), FControl->TotalsCurrency());
 }
 
 } // namespace quorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "terminal/forms/AccountView.h"
 #include "terminal/forms/ListForm.h"
 #include "viewdata/positionview/PositionViewDataControl.h"
 
@@ -12,21 +13,44 @@ class TPositionViewControl : public TPositionViewDataControl {
     explicit TPositionViewControl(TComponent* AOwner = nullptr);
 
     const TColumnList* GetColList() override { return FColumns.List(); }
+    const String& Account() const { return FAccount; }
+    // The currency of the China Connect totals while they are shown; empty for all others.
+    String ChinaConnectCurrency() const;
+    // The currency that the totals come in.
+    String TotalsCurrency() const;
 
 private:
     TFormColumns FColumns;
 };
 
-class TPositionViewForm : public TListForm {
+class TPositionViewForm : public TListForm, public TAccountView {
     QUORIN_CLASS(TPositionViewForm, TListForm)
 
     TPositionViewForm();
 
     TPositionViewControl& Control() { return *FControl; }
     bool IsText(Integer attribute) const override;
-
-    // Every column that the view answers in its own way, and those that name the row.
+    // Every column of the view.
     std::vector<Integer> Attributes() override;
+
+    void SetAggregate() override { FControl->SetAggregate(); }
+    Boolean Aggregated() const override { return FControl->Aggregated(); }
+    // The account, whether it is a sum, the currency of the rows when they are filtered, and what
+    // the totals are of when they are not of everything else.
+    String Title() override;
+    // Who holds the account, its status, and the totals in one currency.
+    std::vector<String> Summary() override;
+
+    // The lines on the holder.
+    std::vector<String> HolderLines();
+    // Empty without an account.
+    String StatusText();
+    String MarketValueText();
+    // Sums have no accept value.
+    String AcceptValueText();
+
+protected:
+    void SetAccount(StringView account) override { FControl->SetAccount(account); }
 
 private:
     TPositionViewControl* FControl; // the source's

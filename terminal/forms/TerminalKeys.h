@@ -48,6 +48,30 @@ inline constexpr StringView Res_Favourites = u"Res_Favourites";
 inline constexpr StringView Res_OrderNumber = u"Res_OrderNumber";
 inline constexpr StringView Res_Reason = u"Res_Reason";
 inline constexpr StringView Res_Filled = u"Res_Filled";
+// Accounts.
+inline constexpr StringView Res_AccountTag = u"Res_AccountTag";
+inline constexpr StringView Res_AvailableCash = u"Res_AvailableCash";
+inline constexpr StringView Res_CurrencyRatio = u"Res_CurrencyRatio";
+inline constexpr StringView Res_PendingBuys = u"Res_PendingBuys";
+inline constexpr StringView Res_PendingSells = u"Res_PendingSells";
+inline constexpr StringView Res_BoughtAmount = u"Res_BoughtAmount";
+inline constexpr StringView Res_SoldAmount = u"Res_SoldAmount";
+inline constexpr StringView Res_InitialMargin = u"Res_InitialMargin";
+inline constexpr StringView Res_MaintenanceMargin = u"Res_MaintenanceMargin";
+inline constexpr StringView Res_HeldCash = u"Res_HeldCash";
+inline constexpr StringView Res_Cash = u"Res_Cash";
+inline constexpr StringView Res_Shortfall = u"Res_Shortfall";
+inline constexpr StringView Res_CreditLimit = u"Res_CreditLimit";
+inline constexpr StringView Res_Loan = u"Res_Loan";
+inline constexpr StringView Res_BuyingPower = u"Res_BuyingPower";
+inline constexpr StringView Res_NetAssets = u"Res_NetAssets";
+inline constexpr StringView Res_Figure = u"Res_Figure";
+inline constexpr StringView Res_Amount = u"Res_Amount";
+inline constexpr StringView Res_Aggregated = u"Res_Aggregated";
+inline constexpr StringView Res_ChinaConnect = u"Res_ChinaConnect";
+inline constexpr StringView Res_AllAccounts = u"Res_AllAccounts";
+// Files.
+inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey
 
 } // namespace quorin

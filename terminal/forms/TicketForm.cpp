@@ -3,6 +3,7 @@
 #include "terminal/forms/FieldListForm.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/editors/EditorManager.h"
+#include "viewdata/editors/SpinField.h"
 #include "viewdata/frame/OrderActions.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/services/ConfigKeys.h"
@@ -18,13 +19,6 @@ namespace {
 
 constexpr Integer FromNoList = 0; // in place of an OrderSource
 constexpr Boolean ShowsName = true;
-constexpr Boolean FollowsOthers = false;
-
-Double NumberOf(const TcxSpinEdit& edit) {
-    Double number = 0.0;
-    edit.EditValue().TryToDouble(number);
-    return number;
-}
 
 } // namespace
 
@@ -132,17 +126,18 @@ void TTicketForm::FollowSymbol() {
     editors.SetQuantitySymbol(&FQuantity, FProduct);
     // Written when the table is the new one's, which gives the step.
     FPrice.SetEditValue(Variant());
+    FQuantity.SetEditValue(Int64{0}); // else the keys that multiply would bring the old one back
     FQuantity.SetEditValue(Variant());
 }
 
 Double TTicketForm::Price() const {
     const TCustomSubItem* item =
         TCustomSubscribeAdapter::GetInstance()->GetSubItem(FProduct, LiveDataType, /*Flag=*/false);
-    return NumberOf(FPrice) / DisplayRatioOf(*item);
+    return ValueOf(FPrice) / DisplayRatioOf(*item);
 }
 
 Double TTicketForm::Quantity() const {
-    return NumberOf(FQuantity);
+    return ValueOf(FQuantity);
 }
 
 bool TTicketForm::LeaveFields() {

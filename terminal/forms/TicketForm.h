@@ -13,7 +13,7 @@ inline constexpr TTicketField TicketFields[] = {TTicketField::Account, TTicketFi
 // An order ticket without its pixels: account, symbol, price and quantity as fields with trading
 // behaviour, and the order that they make. Another symbol empties price and quantity, which step by
 // its tick table and lot. A skin forwards what the user does to the fields and draws what they say.
-// The services must be installed for as long as it lives.
+// Must be gone before the editor manager is released, and that before the services.
 class TTicketForm : public TFrame {
     QUORIN_CLASS(TTicketForm, TFrame)
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""read_back.py FILE: what a workbook's first sheet holds, by readers that know nothing of its writer.
+"""read_back.py FILE: what a CSV file or a workbook's first sheet holds, by readers that know nothing of
+its writer.
 
 One line per cell that is not blank, "ROW COLUMN number VALUE SHOWN INDENT" or "ROW COLUMN text TEXT
 INDENT", with "bold" behind it where the font is. SHOWN is what the number's format makes of it. Texts
@@ -77,11 +78,24 @@ def cells_of_xls(path):
                    book.font_list[style.font_index].weight >= 700)
 
 
+def cells_of_csv(path):
+    import csv
+
+    with open(path, encoding="utf-8", newline="") as file:
+        for row, cells in enumerate(csv.reader(file, strict=True)):
+            for column, text in enumerate(cells):
+                if text:
+                    yield (row, column, "text", text, "", 0, False)
+
+
+READERS = {".csv": cells_of_csv, ".xls": cells_of_xls, ".xlsx": cells_of_xlsx}
+
+
 def main(path):
     try:
-        for row, column, kind, value, number_format, indent, bold in (
-            cells_of_xls(path) if path.endswith(".xls") else cells_of_xlsx(path)
-        ):
+        for row, column, kind, value, number_format, indent, bold in READERS[
+            path[path.rindex("."):]
+        ](path):
             if kind == "number":
                 what = "%r %s" % (float(value), quoted(shown(value, number_format)))
             else:

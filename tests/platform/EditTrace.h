@@ -51,6 +51,7 @@ protected:
         if (name == u"press") return edit.PressButton(number), true;
         if (name == u"release") return edit.ReleaseButton(), true;
         if (name == u"click") return edit.Click(number), true;
+        if (name == u"hold") return edit.PressMouse({}, number), true;
         if (name == u"drag") return edit.DragMouse(number), true;
         if (name == u"wheel") return edit.Wheel(number), true;
         if (name == u"enter") return edit.Enter(), true;

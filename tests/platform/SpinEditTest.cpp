@@ -113,6 +113,7 @@ TEST_F(TSpinEditTest, EventsComeInOrder) {
         {"released", u"press release tick:9999 release", "mousedown change:13.0 mouseup", "13|"},
         {"hidden while held", u"press hide release tick:9999 show",
          "mousedown change:13.0 mouseup validate'13' exit", "13|"},
+        {"left with the mouse held on the text", u"hold:1 leave", "mousedown mouseup exit", "1|2"},
     };
     // clang-format on
     for (const TCase& row : cases) {

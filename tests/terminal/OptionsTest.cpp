@@ -44,6 +44,14 @@ TEST(OptionsTest, TakesEveryWord) {
     EXPECT_EQ(line.Options->Sides, "c.csv");
     EXPECT_EQ(line.Options->TradesSymbol, u"\u9A30");
 
+    const TCommandLine form =
+        Parse({"--form", "accounttree", "--account", "C30001", "--aggregate"});
+    ASSERT_TRUE(form.Options.has_value()) << form.Error;
+    EXPECT_EQ(form.Options->Form, TFrameForm::AccountTree);
+    EXPECT_EQ(form.Options->Account, u"C30001");
+    EXPECT_TRUE(form.Options->IsAggregated);
+    EXPECT_EQ(form.Options->Rows, 1000); // all of them
+
     const TCommandLine script = Parse({"--script", "s.txt", "--answer", "yes"});
     ASSERT_TRUE(script.Options.has_value()) << script.Error;
     EXPECT_EQ(script.Options->Script, "s.txt");

@@ -134,8 +134,7 @@ TEST_F(AccountCashTest, CellsOfAccountsAndRecords) {
     for (const Boolean summed : {false, true}) {
         if (summed) View().SetAggregate();
         for (const TCase& row : cases) {
-            EXPECT_EQ(WithKind(View().GetValue(row.Node, row.Column)),
-                      summed ? row.Summed : row.Raw)
+            EXPECT_EQ(Kinded(View().GetValue(row.Node, row.Column)), summed ? row.Summed : row.Raw)
                 << row.Name;
             EXPECT_EQ(View().GetDisplayValue(row.Node, row.Column),
                       summed ? row.SummedText : row.Text)
@@ -208,6 +207,14 @@ TEST_F(AccountCashTest, AllAccountsWaitForTheList) {
     EXPECT_EQ(Tree(), u"M(USD CNY) S(USD) N()");
     EXPECT_EQ(Accounts().RegistrationCount(), 3);
     EXPECT_GE(Signals(), 1);
+    Accounts().DropAccount(u"S");
+    Deliver();
+    EXPECT_EQ(Tree(), u"M(USD CNY) N()");
+    Accounts().FeedAccount(u"S");
+    Accounts().FeedBalance(u"S", u"JPY", {});
+    Deliver();
+    EXPECT_EQ(Tree(), u"M(USD CNY) N() S(JPY)");
+    EXPECT_GE(Signals(), 2);
 }
 
 TEST_F(AccountCashTest, TreeListWalksFromTheRoot) {

@@ -3,6 +3,7 @@
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
 #include "tests/support/ServicesFixture.h"
+#include "tests/viewdata/Kinded.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/account/AccountCashDataControl.h"
 #include "viewdata/services/ResourceKeys.h"
@@ -14,16 +15,6 @@
 
 namespace quorin {
 
-// A raw value with its kind: #0 whole, 0 Double, 'x' text.
-inline String WithKind(const Variant& value) {
-    switch (value.Kind()) {
-    case Variant::TKind::Null: return u"null";
-    case Variant::TKind::Whole: return u"#" + value.ToText();
-    case Variant::TKind::Text: return u"'" + value.ToText() + u"'";
-    default: return value.ToText();
-    }
-}
-
 // An account service that does something inside its answers. It stands in for the installed one as
 // long as it lives.
 class TTalkingAccounts : public TEmbeddedAccountAdapter {
@@ -34,13 +25,15 @@ public:
     }
     ~TTalkingAccounts() override { ServiceRegistry::Install(FInstalled); }
 
-    // Called once, by the next operation of that name, before it answers.
+    // Called once, by the next operation of that name, before it answers. Texts are copied, since
+    // their owner may die inside.
     std::function<void()> InGetAccount;
     std::function<void()> InChange;
 
     TCustomAccount* GetAccount(StringView account, Boolean flag) override {
+        const String code(account);
         if (InGetAccount) std::exchange(InGetAccount, nullptr)();
-        return TEmbeddedAccountAdapter::GetAccount(account, flag);
+        return TEmbeddedAccountAdapter::GetAccount(code, flag);
     }
     void ChangeAccountCallback(StringView account, const TDataCallbackEvent& callback,
                                TObject* owner, StringView previous) override {

@@ -1,68 +1,10 @@
-#include "platform/widgets/TreeListView.h"
-#include "tests/viewdata/AccountFixture.h"
+#include "tests/viewdata/AccountTreeFixture.h"
 #include "viewdata/frame/TreeDataSource.h"
 
 #include <vector>
 
 namespace quorin {
 namespace {
-
-constexpr Integer Caption = AccountTreeColumn::Caption;
-constexpr Integer Value = AccountTreeColumn::Value;
-
-// "604" for an attribute row, "604-HKD" for a value row, "604-HKD>USD" for a converted one.
-String NameOf(Pointer node) {
-    if (const auto* row = ObjectAs<TAccountDataNode>(node)) return IntegerToText(row->Attribute());
-    if (const auto* row = ObjectAs<TAccountDataValueNode>(node)) {
-        return IntegerToText(row->GetAttribute()) + u"-" + row->Currency();
-    }
-    if (const auto* row = ObjectAs<TConvertAccountDataValueNode>(node)) {
-        return NameOf(AsPointer(row->Parent())) + u">" + row->Currency();
-    }
-    return u"?";
-}
-
-// The master M with the sub-account S, the plain account P, and the account C beside M. M and P
-// have HKD and USD.
-class AccountTreeTest : public TAccountFixture<TCustomAccountInfoDataControl> {
-protected:
-    AccountTreeTest() { FeedAccounts(); }
-
-    void FeedAccounts() {
-        Accounts().FeedAccount(u"M", {.Type = AccountType::Master, .IsAggregate = true});
-        Accounts().FeedAccount(u"S", {.MasterAccount = u"M"});
-        Accounts().FeedAccount(u"P");
-        for (const StringView account : {u"M", u"P"}) {
-            Accounts().FeedBalance(account, u"HKD", {});
-            Accounts().FeedBalance(account, u"USD", {});
-        }
-        Deliver();
-    }
-
-    String Nodes() {
-        String text;
-        for (Integer index = 0; index < View().GetCount(); ++index) {
-            text += (index > 0 ? u" " : u"") + NameOf(View().GetNode(index));
-        }
-        return text;
-    }
-    TAccountDictionary Naming(std::initializer_list<StringView> accounts) {
-        TAccountDictionary list;
-        for (const StringView code : accounts) list.Add(code, Accounts().GetAccount(code, false));
-        return list;
-    }
-    // What a row of the tree list shows: depth, open or not, name.
-    static String RowsOf(TcxVirtualTreeList& list) {
-        String text;
-        for (Integer index = 0; index < list.RowCount(); ++index) {
-            const TcxTreeRow row = list.Row(index);
-            text += (index > 0 ? u" " : u"") + String(static_cast<std::size_t>(row.Depth), u'.');
-            if (row.HasChildren) text += row.IsExpanded ? u"-" : u"+";
-            text += NameOf(row.Node);
-        }
-        return text;
-    }
-};
 
 TEST_F(AccountTreeTest, RowsOfColumnsAndCurrencies) {
     EXPECT_EQ(View().GetCount(), 0);
@@ -144,6 +86,16 @@ TEST_F(AccountTreeTest, NoCurrencyRowsBeforeTheyAreKnown) {
     Accounts().FeedBalance(u"unknown", u"USD", {});
     Deliver();
     EXPECT_EQ(Nodes(), u"604 604-USD");
+    // Columns that change while no account is known have their rows once it is known again.
+    Accounts().SetReady(false);
+    View().SetColumnList(&Columns.Make({606}));
+    EXPECT_EQ(Nodes(), u"606");
+    EXPECT_EQ(View().GetValue(View().GetNode(0), Value), Variant::EmptyText());
+    Accounts().SetReadyAfter(2);
+    Deliver();
+    EXPECT_EQ(Nodes(), u"606");
+    Deliver();
+    EXPECT_EQ(Nodes(), u"606 606-USD");
 }
 
 TEST_F(AccountTreeTest, SignalsOfEachEvent) {
@@ -266,21 +218,6 @@ TEST_F(AccountTreeTest, AggregationFollowsTheAccount) {
     EXPECT_FALSE(View().IsSubAccountUpdate(&sub)) << "no master of a group";
 }
 
-TEST_F(AccountTreeTest, FilterCurrencySwitchesToChinaConnectWhereThatIsOn) {
-    struct TCase {
-        const char* Name;
-        Boolean On;
-        StringView Filter;
-        Boolean Shown;
-    };
-    for (const TCase& row : {TCase{"off", false, u"CNY", false}, TCase{"on", true, u"USD", true},
-                             TCase{"on, no filter", true, u"", false}}) {
-        Services().Features().SetChinaConnect(row.On);
-        View().SetFilterCurr(row.Filter);
-        EXPECT_EQ(View().FShowingChinaConnectAccountData, row.Shown) << row.Name;
-    }
-}
-
 // A descendant's own rows: shown, walked, freed.
 TEST_F(AccountTreeTest, ConvertedRowsOfADescendant) {
     View().SetColumnList(&Columns.Make({604}));
@@ -337,89 +274,6 @@ TEST_F(AccountTreeTest, TreeListKeepsWhatIsOpenAcrossRebuilds) {
     EXPECT_EQ(RowsOf(*list), u"607 606");
 }
 
-// A callback inside a look-up rebuilds the tree under the request that looks up.
-TEST_F(AccountTreeTest, RebuildInsideARequest) {
-    TTalkingAccounts& talking = LetAccountsTalk();
-    FeedAccounts();
-    View().SetColumnList(&Columns.Make({604, 606}));
-    View().SetAccount(u"P");
-    const Integer last = View().GetCount() - 1;
-    for (const Integer column : {Caption, Value}) {
-        for (const bool asText : {false, true}) {
-            View().SetColumnList(&Columns.Make({604, 606}));
-            const Pointer node = View().GetNode(last);
-            talking.InGetAccount = [this] {
-                View().SetColumnList(&Columns.Make({607}));
-                View().SetAccount(u"M");
-                View().SetAccount(u"P");
-            };
-            if (asText) {
-                EXPECT_EQ(View().GetDisplayValue(node, column),
-                          column == Caption ? u"US dollar" : u"0.00");
-            } else {
-                EXPECT_EQ(View().GetValue(node, column),
-                          column == Caption ? Variant(u"US dollar") : Variant(0.0));
-            }
-            EXPECT_EQ(Nodes(), u"607 607-HKD 607-USD");
-        }
-    }
-    // A build that another one overtakes adds nothing.
-    Accounts().FeedAccount(u"Q");
-    Accounts().FeedBalance(u"Q", u"JPY", {});
-    talking.InGetAccount = [this] { View().SetAccount(u"Q"); };
-    View().SetAccount(u"M");
-    EXPECT_EQ(View().Account(), u"Q");
-    EXPECT_EQ(Nodes(), u"607 607-JPY");
-}
-
-TEST_F(AccountTreeTest, AccountChosenInsideTheChoiceOfAnother) {
-    TTalkingAccounts& talking = LetAccountsTalk();
-    FeedAccounts();
-    View().SetColumnList(&Columns.Make({604}));
-    View().SetAccount(u"M");
-    View().SetAggregate();
-    for (const StringView inner : {u"S", u"M"}) {
-        View().SetAccount(u"M");
-        talking.InChange = [this, inner] {
-            View().SetAccount(u"S");
-            View().SetAccount(inner);
-        };
-        View().SetAccount(u"P");
-        EXPECT_EQ(View().Account(), inner) << "the later choice";
-        EXPECT_EQ(Accounts().RegistrationCount(), 1) << "one account is followed";
-    }
-}
-
-TEST_F(AccountTreeTest, SumStandsAListThatChangesOnTheWay) {
-    TTalkingAccounts& talking = LetAccountsTalk();
-    FeedAccounts();
-    Accounts().FeedAccount(u"S2", {.MasterAccount = u"M"});
-    for (const StringView account : {u"M", u"S", u"S2"}) {
-        Accounts().FeedBalance(account, u"USD", {.Value604 = 1});
-        Services().Features().FeedChinaConnectAccount(account, u"P");
-    }
-    Accounts().FeedBalance(u"P", u"USD", {.Value604 = 5, .Value996 = -2});
-    Services().Features().SetChinaConnect(true);
-    View().SetFilterCurr(u"CNY"); // so that the sum looks up accounts on its way
-    View().SetAccount(u"M");
-    View().SetAggregate();
-    TCustomAccountData* usd = Accounts().GetAccount(u"M", false)->GetAccountData(u"USD");
-    for (const Integer attribute : {604, 996}) {
-        Integer lookUp = 0;
-        std::function<void()> change = [&] {
-            if (++lookUp == 3) {
-                View().InitAggregateAccountList();
-            } else {
-                talking.InGetAccount = change;
-            }
-        };
-        talking.InGetAccount = change;
-        EXPECT_EQ(View().GetAggregatedAccountCurrencyData(usd, attribute),
-                  Variant(attribute == 604 ? 15.0 : -6.0));
-        EXPECT_EQ(lookUp, 3);
-    }
-}
-
 TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
     View().SetAccount(u"M");
     View().SetAggregate();
@@ -437,6 +291,13 @@ TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
         {"dropped", [&] { Accounts().DropAccount(u"S"); }, 1.0},
         {"back", feed, 11.0},
         {"dropped and back at once", [&] { Accounts().DropAccount(u"S"), feed(); }, 11.0},
+        {"another one joins",
+         [&] {
+             Accounts().FeedAccount(u"S2", {.MasterAccount = u"M"});
+             Accounts().FeedBalance(u"S2", u"USD", {.Value604 = 100});
+         },
+         11.0},
+        {"and is taken in", [&] { View().SetAggregate(), View().SetAggregate(); }, 111.0},
     };
     Accounts().FeedBalance(u"M", u"USD", {.Value604 = 1});
     for (const TCase& row : cases) {
@@ -451,36 +312,35 @@ TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
     }
 }
 
-TEST_F(AccountTreeTest, ReceiverMayFreeTheControl) {
-    WithoutCallsInside("the receiver frees the control");
-    const TAccountDictionary own = Naming({u"M"});
+TEST_F(AccountTreeTest, ShownAccountThatIsDroppedAndComesBack) {
+    View().SetColumnList(&Columns.Make({604}));
+    View().SetAccount(u"P");
     struct TCase {
         const char* Name;
-        std::function<void()> Action;
+        std::function<void()> Feed;
+        StringView Nodes, Total;
     };
     const std::vector<TCase> cases = {
-        {"account", [&] { View().SetAccount(u"P"); }},
-        {"aggregation", [&] { View().SetAggregate(); }},
-        {"filter", [&] { View().SetFilterCurr(u"USD"); }},
-        {"display currency", [&] { View().SetCurrency(u"USD"); }},
-        {"account news",
-         [&] { View().AccountUpdate(const_cast<TAccountDictionary*>(&own), nullptr); }},
-        {"currency news", [&] { View().CurrencyListUpdate(nullptr, nullptr); }},
-        {"delivery",
+        {"dropped", [&] { Accounts().DropAccount(u"P"); }, u"604 604-HKD 604-USD", u""},
+        {"back without currencies",
          [&] {
-             Accounts().FeedBalance(u"M", u"EUR", {});
-             Deliver();
-         }},
+             Accounts().FeedAccount(u"P");
+             Accounts().FeedBalance(u"P", u"", {.Value604 = 5});
+         },
+         u"604 604-HKD 604-USD", u"5.00"},
+        {"one more currency", [&] { Accounts().FeedBalance(u"P", u"CNY", {}); },
+         u"604 604-HKD 604-USD 604-CNY", u"5.00"},
+        {"chosen again", [&] { View().SetAccount(u"M"), View().SetAccount(u"P"); }, u"604 604-CNY",
+         u"5.00"},
     };
     for (const TCase& row : cases) {
-        Make();
-        View().SetColumnList(&Columns.Make({604}));
-        View().SetAccount(u"M");
-        OnSignal([this] { FreeControl(); });
-        row.Action();
-        EXPECT_TRUE(IsFreed()) << row.Name;
+        Signals();
+        row.Feed();
+        Deliver();
+        EXPECT_GE(Signals(), 1) << row.Name;
+        EXPECT_EQ(Nodes(), row.Nodes) << row.Name;
+        EXPECT_EQ(View().GetDisplayValue(View().GetNode(0), Value), row.Total) << row.Name;
     }
-    Make();
 }
 
 } // namespace

@@ -92,9 +92,8 @@ protected:
         return Accounts().GetAccount(account, false)->GetAccountData(currency);
     }
     String Raw(TCustomAccountData* data, Integer attribute) {
-        return WithKind(View().Aggregated()
-                            ? View().GetAggregatedAccountCurrencyData(data, attribute)
-                            : View().GetAccountCurrencyData(data, attribute));
+        return Kinded(View().Aggregated() ? View().GetAggregatedAccountCurrencyData(data, attribute)
+                                          : View().GetAccountCurrencyData(data, attribute));
     }
     String Text(TCustomAccountData* data, Integer attribute, Boolean convert = false) {
         return View().GetAccountCurrencyDisplayData(data, attribute, convert);
@@ -181,17 +180,17 @@ TEST_F(AccountValuesTest, KindsOfWhatIsNotThere) {
     };
     for (const TCase& row : cases) {
         EXPECT_EQ(Raw(nullptr, row.Attribute), row.Own) << row.Name;
-        EXPECT_EQ(WithKind(View().GetAggregatedAccountCurrencyData(nullptr, row.Attribute)),
+        EXPECT_EQ(Kinded(View().GetAggregatedAccountCurrencyData(nullptr, row.Attribute)),
                   row.Summed)
             << row.Name;
         EXPECT_EQ(Text(nullptr, row.Attribute, true), u"") << row.Name;
     }
     // A typed custom column without a text is whole 0 alone, and a number in a sum.
     TCustomAccountData* none = Record(u"S1", u"USD");
-    EXPECT_EQ(WithKind(View().GetAccountCurrencyData(none, 101602)), u"#0");
-    EXPECT_EQ(WithKind(View().GetFieldValue(none, 101602)), u"#0");
-    EXPECT_EQ(WithKind(View().GetFieldValue(none, 101603)), u"'Yu'");
-    EXPECT_EQ(WithKind(View().GetFieldValue(nullptr, 101601)), u"#0");
+    EXPECT_EQ(Kinded(View().GetAccountCurrencyData(none, 101602)), u"#0");
+    EXPECT_EQ(Kinded(View().GetFieldValue(none, 101602)), u"#0");
+    EXPECT_EQ(Kinded(View().GetFieldValue(none, 101603)), u"'Yu'");
+    EXPECT_EQ(Kinded(View().GetFieldValue(nullptr, 101601)), u"#0");
     View().SetAggregate();
     EXPECT_EQ(View().GetAggregatedAccountCurrencyData(Record(u"M", u""), 101602), Variant(0.0));
     EXPECT_EQ(Text(nullptr, 604), u"");
@@ -278,7 +277,9 @@ TEST_F(AccountValuesTest, ChinaConnectDataTakesThePlaceOfTheAccounts) {
     Accounts().FeedBalance(u"MC", u"USD", figures);
     Accounts().FeedBalance(u"S1C", u"USD", {.Value604 = 200, .Value996 = 2});
     Accounts().FeedBalance(u"S3C", u"USD", {.Value604 = 40, .Value996 = -4});
+    View().SetFilterCurr(u"USD");
     Services().Features().SetChinaConnect(true);
+    EXPECT_EQ(Raw(Record(u"M", u"USD"), 604), u"7") << "the feature was off at the choice";
     View().SetFilterCurr(u"CNY");
     struct TCase {
         const char* Name;
@@ -363,7 +364,7 @@ TEST_F(AccountValuesTest, CellsOfTheTree) {
         for (const TCase& row : cases) {
             EXPECT_EQ(View().GetValue(row.Node, Caption), Variant(row.Caption)) << row.Name;
             EXPECT_EQ(View().GetDisplayValue(row.Node, Caption), row.Caption) << row.Name;
-            EXPECT_EQ(WithKind(View().GetValue(row.Node, Value)), summed ? row.Summed : row.Raw)
+            EXPECT_EQ(Kinded(View().GetValue(row.Node, Value)), summed ? row.Summed : row.Raw)
                 << row.Name;
             EXPECT_EQ(View().GetDisplayValue(row.Node, Value), summed ? row.SummedText : row.Text)
                 << row.Name;

@@ -252,7 +252,7 @@ protected:
     struct TField {
         std::unique_ptr<TcxPopupEdit> Edit;
         std::unique_ptr<TEditTrace> Trace;
-        TControl List;
+        std::unique_ptr<TControl> List = CreateComponent<TControl>();
         TDataCallbackEvent Pick;
     };
     TcxPopupEdit* Edited() override { return Fields[FCurrent].Edit.get(); }
@@ -290,7 +290,7 @@ private:
         if (number != ListMessage) return false;
         auto* request = static_cast<TListViewRequestRecord*>(data);
         EXPECT_EQ(request->Result, nullptr);
-        request->Result = &Current().List;
+        request->Result = Current().List.get();
         Current().Pick = request->Callback;
         return true;
     }

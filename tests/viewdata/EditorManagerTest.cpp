@@ -122,6 +122,7 @@ TEST_F(TEditorManagerTest, MayLoseTheFieldInsideAHandler) {
         {Quantity, "press", u"type:1k"}, {Quantity, "change", u"type:k"},
         {Quantity, "validate", u"type:1 leave"}, {Quantity, "exit", u"leave"},
         {Quantity, "mousedown", u"press:0 release"}, {Symbol, "down", u"type:700 return"},
+        {Symbol, "change", u"text:700 return"}, {Symbol, "change", u"text:700 leave"},
         {Symbol, "change", u"type:7 return"}, {Symbol, "exit", u"type:700 leave"},
         {Symbol, "enter", u"leave enter type:7"}, {Account, "press", u"type:a"},
         {Account, "change", u"type:a"}, {Account, "exit", u"leave"},
@@ -154,6 +155,33 @@ TEST_F(TEditorManagerTest, MayLoseTheFieldInsideAHandler) {
             EXPECT_TRUE(acted);
             EXPECT_EQ(Registered(), before);
             EXPECT_TRUE(frees || EventsOf(FieldOfKind(Kind)) == forms);
+            const std::string words = " " + Traces[Kind]->Take();
+            const bool isLast = words.substr(words.rfind(' ') + 1).starts_with(row.Inside);
+            EXPECT_TRUE(!frees || isLast) << "heard of a dead field:" << words;
+        }
+    }
+}
+
+// A quantity field rounds the fraction that stands in it, a symbol field decorates its code.
+TEST_F(TEditorManagerTest, MayLoseTheFieldWhileItIsRegistered) {
+    for (const int kind : {Quantity, Symbol}) {
+        for (const bool frees : {false, true}) {
+            SCOPED_TRACE(std::to_string(kind) + (frees ? ", freed" : ", removed"));
+            Start();
+            Manager();
+            const Integer before = Registered();
+            Spins[Quantity]->Properties().SetValueType(TcxSpinEditValueType::Float);
+            Spins[Quantity]->SetEditValue(1.5);
+            Popups[0]->SetText(u"00700");
+            Popups[0]->SetHint(u"00700");
+            const auto forms = EventsOf(FieldOfKind(kind));
+            Traces[kind]->Take();
+            Traces[kind]->ActsOn = "change";
+            Traces[kind]->Act = [&] { frees ? Free(kind) : Remove(kind); };
+            Register(kind, u"");
+            EXPECT_EQ(Traces[kind]->Take(), "change:");
+            EXPECT_EQ(Registered(), before);
+            EXPECT_TRUE(frees || EventsOf(FieldOfKind(kind)) == forms);
         }
     }
 }
@@ -210,6 +238,7 @@ TEST_F(TEditorManagerTest, ConvertsSymbolsByALibrary) {
         {"one byte", u"\u00C9", u"X\u00C9"},
         {"no byte", u"A\u0100", u"A\u0100"},
         {"no end in the buffer", u"ENDLESS", String(256, u'E')},
+        {"nor behind its beginning", u"INSIDE", String(255, u'I')},
     };
     SetConfig(ConfigKey::SymbolmapDLL, u"quorin-conversion-good.so");
     for (const TCase& row : cases) {
@@ -221,6 +250,12 @@ TEST_F(TEditorManagerTest, ConvertsSymbolsByALibrary) {
     Edited()->Enter();
     Do(u"type:700 return");
     EXPECT_EQ(ToUtf8(Edited()->Hint()), "X00700") << "the padded code";
+    TEditorManager::ReleaseInstance();
+    TEditorManager another;
+    SetConfig(ConfigKey::SymbolmapDLL, u""); // for any manager from here on
+    another.RegisterSymbolEditor(Popups[0].get(), u"", false, true);
+    Do(u"all type:5 return");
+    EXPECT_EQ(ToUtf8(Edited()->Hint()), "X00005") << "its own manager's library";
 }
 
 struct TThrowingLoader : TCustomLibraryLoader {

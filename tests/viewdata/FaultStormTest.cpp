@@ -1,6 +1,6 @@
 #include "tests/viewdata/MarketFixture.h"
+#include "tests/viewdata/PositionViewFixture.h"
 #include "viewdata/market/MarketAttributes.h"
-#include "viewdata/position/PositionDataControl.h"
 
 #include <algorithm>
 #include <random>
@@ -8,19 +8,10 @@
 namespace quorin {
 namespace {
 
-// A position list that can be looked into.
-class TPositionWatch : public TCustomPositionDataControl {
-    QUORIN_CLASS(TPositionWatch, TCustomPositionDataControl)
-    using TCustomPositionDataControl::TCustomPositionDataControl;
+class TPositionWatch : public TOpenRows<TCustomPositionDataControl> {
+    QUORIN_CLASS(TPositionWatch, TOpenRows<TCustomPositionDataControl>)
+    using Inherited::Inherited;
 
-    void CheckInvariants() const {
-        EXPECT_EQ(FDataList.Count(), FDataDictionary.Count());
-        for (const String& symbol : FDataList) {
-            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
-            ASSERT_NE(record, nullptr) << "row without a record";
-            EXPECT_EQ((*record)->GetSymbol(), symbol);
-        }
-    }
     TList<String> SortedRows() const {
         TList<String> rows = FDataList;
         rows.Sort([](const String& left, const String& right) { return left < right; });

@@ -44,62 +44,27 @@ public:
 };
 
 // A position list that can be looked into.
-class TPositionList : public TCustomPositionDataControl {
-    QUORIN_CLASS(TPositionList, TCustomPositionDataControl)
+class TPositionList : public TOpenRows<TCustomPositionDataControl> {
+    QUORIN_CLASS(TPositionList, TOpenRows<TCustomPositionDataControl>)
 
-    explicit TPositionList(TComponent* owner = nullptr) : TCustomPositionDataControl(owner) {
-        EmptyDisplayText = u"--";
-        GroupID = u"GROUP";
-    }
+    using Inherited::Inherited;
     using TCustomPositionDataControl::FDataDictionary;
     using TCustomPositionDataControl::RecordAt;
-
-    // "00700:100 HSIF:5", the symbols with their quantities.
-    String Rows() const {
-        String text;
-        for (const String& symbol : FDataList) {
-            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
-            text += (text.empty() ? u"" : u" ") + symbol + u':';
-            text += record != nullptr ? Variant((*record)->GetQuantity()).ToText() : u"?";
-        }
-        return text;
-    }
-    void CheckInvariants() const {
-        EXPECT_EQ(FDataList.Count(), FDataDictionary.Count());
-        for (const String& symbol : FDataList) {
-            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
-            ASSERT_NE(record, nullptr) << ToUtf8(symbol) << " has no record";
-            ASSERT_NE(*record, nullptr);
-            EXPECT_EQ((*record)->GetSymbol(), symbol);
-            EXPECT_EQ((*record)->GetAccount(), FAccount);
-        }
-    }
 };
 
-// A position list over the fixture's universe and AU12 on SHFE, CNY, of a size of 1000. The
-// accounts A1 and A2 are known and hold nothing.
-struct TPositionTest : TServicesFixture {
-    using TServicesFixture::Services;
-    using TServicesFixture::SetConfig;
+// A position list. The accounts A1 and A2 are known and hold nothing.
+struct TPositionTest : TPositionWorld<TMovingPositions> {
     static constexpr Integer OwnRegistrations = 4; // settings, prices, tick tables, ratios
 
     TPositionTest() {
-        ServiceRegistry::Install(&Positions);
         ServiceRegistry::Install(&Items);
-        TEmbeddedMarketAdapter& market = Services().Market();
-        market.AddExchange({.Code = u"SHFE", .Currency = u"CNY", .MarketState = u"CT"});
-        market.AddSeries({.Code = u"AU", .Exchange = u"SHFE", .Names = {.Name = u"Gold"}});
-        market.AddSymbol(
-            {.Symbol = u"AU12", .Exchange = u"SHFE", .Series = u"AU", .ContractSize = 1000.0});
         for (const StringView account : {u"A1", u"A2"}) Services().Accounts().FeedAccount(account);
         Services().Deliver();
         MakeList();
     }
     ~TPositionTest() override {
         List.reset();
-        ServiceRegistry::Install(RealFormatter);
         ServiceRegistry::Install(RealItems);
-        ServiceRegistry::Install(RealPositions);
     }
 
     template <class T = TPositionList>
@@ -112,8 +77,6 @@ struct TPositionTest : TServicesFixture {
         Signals = 0;
         return made;
     }
-    // Cells then show what the formatter was asked for.
-    void SpyOnFormatter() { ServiceRegistry::Install(&Spy); }
     // The account's rows as they are now, sorted.
     void Show(StringView account) {
         List->SetAccount({});
@@ -121,7 +84,6 @@ struct TPositionTest : TServicesFixture {
         Signals = 0;
     }
 
-    TEmbeddedSubItem& Item(StringView symbol) { return Services().Items().Item(symbol); }
     // Counts at once; what follows Deliver is told.
     TEmbeddedPositionData& Hold(StringView account, StringView symbol, TPositionFigures figures,
                                 TCustomSubItem* ticker = nullptr) {
@@ -135,7 +97,6 @@ struct TPositionTest : TServicesFixture {
                                 TCustomSubItem* ticker = nullptr) {
         return Hold(account, symbol, Figures(figures), ticker);
     }
-    void Deliver() { Services().Deliver(); }
     String Cell(Integer row, Integer attribute) {
         return CellOf(*List, row, attribute, List->RecordAt(row));
     }
@@ -153,12 +114,8 @@ struct TPositionTest : TServicesFixture {
         List->CheckInvariants();
     }
 
-    TCustomFormatter* RealFormatter = TCustomFormatter::GetInstance();
-    TCustomPositionAdapter* RealPositions = TCustomPositionAdapter::GetInstance();
     TCustomSubscribeAdapter* RealItems = TCustomSubscribeAdapter::GetInstance();
-    TMovingPositions Positions{*RealPositions};
     TRelayedItems Items{*RealItems};
-    TSpyFormatter Spy;
     std::unique_ptr<TPositionList> List;
     std::function<void()> OnSignal;
     String RowsAtSignal;

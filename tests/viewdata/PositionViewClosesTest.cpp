@@ -1,4 +1,4 @@
-#include "tests/viewdata/OrderLog.h"
+#include "tests/viewdata/OrderTrace.h"
 #include "tests/viewdata/PositionViewFixture.h"
 #include "viewdata/services/ChannelMessages.h"
 
@@ -9,28 +9,16 @@ namespace {
 
 using TSide = TPositionSide;
 
-struct TPositionViewClosesTest : TPositionViewTest {
-    TPositionViewClosesTest() {
-        ServiceRegistry::Install(&Orders);
-        ServiceRegistry::Install(&Actions);
-        Host().SetReceiver(MakeEvent<&TPositionViewClosesTest::Received>(this));
+struct TPositionViewClosesTest : TPositionViewTest, TOrderTrace {
+    TPositionViewClosesTest() : TOrderTrace(Host()) {
         SetField(u"00700", Field::BestBid, 9.0);
         SetField(u"00700", Field::BestAsk, 11.0);
         SetField(u"00700", Field::LastPrice, 10.0);
         MakeView();
     }
-    ~TPositionViewClosesTest() override {
-        View.reset();
-        ServiceRegistry::Install(RealOrders);
-        ServiceRegistry::Install(RealActions);
-    }
+    ~TPositionViewClosesTest() override { View.reset(); }
+
     void Confirm(bool on) { SetConfig(ConfigKey::ConfirmationClosePosition, on ? u"1" : u"0"); }
-    String TakeLog() { return std::exchange(Log, {}); }
-    Boolean Received(Integer number, Pointer data) {
-        Log += u"message " + Variant(number).ToText() + u'\n';
-        if (InMessage) InMessage(number, data);
-        return true;
-    }
     // The record of a question; its list, if there is one, is the test's from here on.
     TOrderTakeActionRecord& Question(Pointer data, StringView message) {
         auto& record = *static_cast<TOrderTakeActionRecord*>(data);
@@ -48,20 +36,11 @@ struct TPositionViewClosesTest : TPositionViewTest {
         Show(u"A1");
     }
 
-    String Log;
-    TLoggedOrders Orders{Log};
-    TLoggedActions Actions{Log};
-    TCustomOrderAdapter* RealOrders = TCustomOrderAdapter::GetInstance();
-    TCustomOrderActionManager* RealActions = TCustomOrderActionManager::GetInstance();
-    std::function<void(Integer, Pointer)> InMessage;
     std::unique_ptr<TCustomPositionDataControl> List;
 };
 
 constexpr StringView OneQuestion = u"Close this position?";
 constexpr StringView AllQuestion = u"Close all of these positions at the market?";
-
-constexpr StringView LimitQuestion =
-    u"The position is larger than the largest order, 2,000,000,000. Close 2,000,000,000 of it?";
 constexpr StringView Tail = u"ClosePositionFlag=Y|take\n";
 
 using TClose = Boolean (TPositionViewDataControl::*)(Integer);
@@ -113,27 +92,6 @@ TEST_F(TPositionViewClosesTest, OrdersOfEverySide) {
     EXPECT_EQ(TakeLog(), u"");
 }
 
-TEST_F(TPositionViewClosesTest, SizeQuestion) {
-    for (const Integer answer : {0, 1, 2}) {
-        const bool goesOn = answer == 1;
-        ShowOne(TSide::Long, 2000000001.0);
-        TakeLog();
-        for (const auto& close : Closes) {
-            Host().ExpectQuestion(LimitQuestion, answer);
-            EXPECT_EQ((View.get()->*close.Close)(0), goesOn) << close.Name;
-        }
-        Host().ExpectQuestion(LimitQuestion, answer);
-        EXPECT_EQ(View->CloseAllPositions(), goesOn);
-        const String log = TakeLog();
-        EXPECT_EQ(log.empty(), !goesOn) << "a declined close fills no order";
-        EXPECT_EQ(log.find(u"quantity 2000000000|") != String::npos, goesOn);
-    }
-    ShowOne(TSide::Net, -3e9); // takes the one check of a batch without a question
-    Hold(u"A1", u"HSIF", 3e9);
-    Deliver();
-    EXPECT_TRUE(View->CloseAllPositions());
-}
-
 TEST_F(TPositionViewClosesTest, Confirmation) {
     Confirm(true);
     for (const bool answer : {false, true}) {
@@ -183,15 +141,7 @@ TEST_F(TPositionViewClosesTest, BatchOfAllSides) {
         EXPECT_EQ(List->Owner(), nullptr);
         EXPECT_EQ(List->GetCount(), 4);
         const TColumnList* columns = List->GetColList();
-        ASSERT_NE(columns, nullptr);
-        String text;
-        for (const TColumnInfo* column : *columns) {
-            text += Variant(column->ID()).ToText() + u' ' + column->ResourceKey() + u' ' +
-                    Variant(column->Width()).ToText() + (column->Flag() ? u" Q|" : u"|");
-            EXPECT_EQ(column->Key(), u"");
-        }
-        EXPECT_EQ(text, u"10 Res_Account 80|21 Res_SymbolName 150|4 Res_Long 70 Q|"
-                        u"470 Res_Short 70 Q|0 Res_Symbol 80|");
+        ASSERT_TRUE(columns != nullptr && columns->Count() == 5);
         EXPECT_EQ(TPositionViewCloseAllPositionDataControl().GetColList(), columns) << "shared";
         EXPECT_NE(TCustomCloseAllPositionDataControl().GetColList(), columns) << "not with parents";
     }
@@ -270,29 +220,22 @@ TEST_F(TPositionViewClosesTest, ABatchClosesWhatItBeganWith) {
     }
 }
 
+// As in any list, with one action more.
 TEST_F(TPositionViewClosesTest, NoSecondActionWhileOneWaits) {
     ShowOne(TSide::Long, 300);
-    const auto tryAll = [this] {
+    Integer waits = 0;
+    const auto tryOthers = [&] {
         const String before = Log;
-        for (const auto& close : Closes) EXPECT_FALSE((View.get()->*close.Close)(0)) << close.Name;
-        EXPECT_FALSE(View->CloseAllPositions());
-        EXPECT_FALSE(View->CopyOrder(0));
+        EXPECT_FALSE(View->CloseToMarket(0) || View->CloseAllPositions() || View->CopyOrder(0));
         View->CopySymbol(0);
         EXPECT_EQ(Log, before) << "the order that waits is left alone";
+        ++waits;
     };
-    InMessage = [&](Integer number, Pointer data) {
-        tryAll();
-        if (number == ChannelMessage::CopyPrice) return;
-        const bool isOne = number == ChannelMessage::TakeOrderAction;
-        Question(data, isOne ? OneQuestion : AllQuestion).Result = true;
-    };
-    Actions.InTake = tryAll;
+    InMessage = [&](Integer, Pointer) { tryOthers(); };
+    Actions.InTake = tryOthers;
     View->CopySymbol(0);
-    for (const bool confirm : {false, true}) {
-        Confirm(confirm);
-        for (const auto& close : Closes) EXPECT_TRUE((View.get()->*close.Close)(0)) << close.Name;
-        EXPECT_TRUE(View->CloseAllPositions());
-    }
+    EXPECT_TRUE(View->CloseToMarket(0) && View->CloseAllPositions());
+    EXPECT_EQ(waits, 3);
 }
 
 TEST_F(TPositionViewClosesTest, CopySymbol) {

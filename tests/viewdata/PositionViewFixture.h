@@ -4,6 +4,7 @@
 #include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
 #include "tests/support/ServicesFixture.h"
+#include "tests/viewdata/Kinded.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
 #include "viewdata/positionview/PositionViewDataControl.h"
 #include "viewdata/services/ConfigKeys.h"
@@ -13,16 +14,6 @@
 #include <utility>
 
 namespace quorin {
-
-// A raw value with its kind: #0 whole, 0 Double, 'x' text.
-inline String Kinded(const Variant& value) {
-    switch (value.Kind()) {
-    case Variant::TKind::Whole: return u'#' + value.ToText();
-    case Variant::TKind::Real: return value.ToText();
-    case Variant::TKind::Text: return u'\'' + value.ToText() + u'\'';
-    default: return u"another kind";
-    }
-}
 
 struct TNamedFigure {
     StringView Name;
@@ -143,25 +134,54 @@ public:
 // the number follows it; "$" stands for the symbol of the row's record there.
 inline String CellOf(TBaseDataControl& control, Integer row, Integer attribute,
                      const TCustomPositionData* record) {
+    // The record may go while the cell is asked for.
+    const String symbol = record != nullptr ? u'/' + record->GetSymbol() + u'/' : String();
     const Variant value = control.GetValue(row, attribute);
     String text = control.GetDisplayValue(row, attribute);
-    const std::size_t place =
-        record != nullptr ? text.find(u'/' + record->GetSymbol() + u'/') : String::npos;
-    if (place != String::npos) text.replace(place + 1, record->GetSymbol().size(), u"$");
+    const std::size_t place = symbol.empty() ? String::npos : text.find(symbol);
+    if (place != String::npos) text.replace(place, symbol.size(), u"/$/");
     const String plain = value.ToText();
     if (text == plain) return Kinded(value);
     if (text.starts_with(plain + u' ')) return Kinded(value) + text.substr(plain.size());
     return Kinded(value) + u" | " + text;
 }
 
-// A position view that can be looked into.
-class TView : public TPositionViewDataControl {
-    QUORIN_CLASS(TView, TPositionViewDataControl)
+// A list of positions that can be looked into.
+template <class Base>
+class TOpenRows : public Base {
+    QUORIN_CLASS(TOpenRows, Base)
 
-    explicit TView(TComponent* owner = nullptr) : TPositionViewDataControl(owner) {
-        EmptyDisplayText = u"--";
-        GroupID = u"GROUP";
+    explicit TOpenRows(TComponent* owner = nullptr) : Base(owner) {
+        this->EmptyDisplayText = u"--";
+        this->GroupID = u"GROUP";
     }
+    // "00700:100 HSIF:5", the symbols with their quantities.
+    String Rows() const {
+        String text;
+        for (const String& symbol : this->FDataList) {
+            TCustomPositionData* const* record = this->FDataDictionary.Find(symbol);
+            text += (text.empty() ? u"" : u" ") + symbol + u':';
+            text += record != nullptr ? Variant((*record)->GetQuantity()).ToText() : u"?";
+        }
+        return text;
+    }
+    void CheckInvariants() const {
+        EXPECT_EQ(this->FDataList.Count(), this->FDataDictionary.Count());
+        for (const String& symbol : this->FDataList) {
+            TCustomPositionData* const* record = this->FDataDictionary.Find(symbol);
+            ASSERT_NE(record, nullptr) << ToUtf8(symbol) << " has no record";
+            ASSERT_NE(*record, nullptr);
+            EXPECT_EQ((*record)->GetSymbol(), symbol);
+            EXPECT_EQ((*record)->GetAccount(), this->FAccount);
+        }
+    }
+};
+
+// A position view that can be looked into.
+class TView : public TOpenRows<TPositionViewDataControl> {
+    QUORIN_CLASS(TView, TOpenRows<TPositionViewDataControl>)
+
+    using Inherited::Inherited;
     using TPositionViewDataControl::FAggregatePositionList;
 
     std::function<void(Integer row, Integer attribute, Variant& value)> InGetValue;
@@ -171,15 +191,9 @@ class TView : public TPositionViewDataControl {
         return value;
     }
     TCustomPositionData* Record(Integer row) const { return RecordAt(row); }
-    // "00700:100 HSIF:5", the symbols with their quantities.
-    String Rows() const {
-        String text;
-        for (const String& symbol : FDataList) {
-            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
-            text += (text.empty() ? u"" : u" ") + symbol + u':';
-            text += record != nullptr ? Variant((*record)->GetQuantity()).ToText() : u"?";
-        }
-        return text;
+    TCustomPositionData* Record(const String& symbol) const {
+        TCustomPositionData* const* record = FDataDictionary.Find(symbol);
+        return record != nullptr ? *record : nullptr;
     }
     String SubAccounts() const {
         String text;
@@ -187,31 +201,27 @@ class TView : public TPositionViewDataControl {
         return text;
     }
     void CheckInvariants() const {
-        EXPECT_EQ(FDataList.Count(), FDataDictionary.Count());
+        Inherited::CheckInvariants();
+        if (TFaultPlan::IsInFault()) return; // a call may come while the rows are changing
         for (const String& symbol : FDataList) {
-            TCustomPositionData* const* record = FDataDictionary.Find(symbol);
-            ASSERT_NE(record, nullptr) << ToUtf8(symbol) << " has no record";
-            ASSERT_NE(*record, nullptr);
-            EXPECT_EQ((*record)->GetSymbol(), symbol);
-            EXPECT_EQ((*record)->GetAccount(), FAccount);
             const auto* sum = FAggregatePositionList.Find(symbol);
-            if (TFaultPlan::IsInFault()) continue; // a call may come while the rows are changing
-            EXPECT_EQ(FAggregated, sum != nullptr && sum->get() == *record) << ToUtf8(symbol);
+            EXPECT_EQ(FAggregated, sum != nullptr && sum->get() == Record(symbol))
+                << ToUtf8(symbol);
         }
-        if (!FAggregated && !TFaultPlan::IsInFault()) {
+        if (!FAggregated) {
             EXPECT_TRUE(FAggregatePositionList.IsEmpty());
             EXPECT_TRUE(FSubAccountList.IsEmpty());
         }
     }
 };
 
-// A position view over the fixture's universe, a future on SHFE more (CNY, size 1000), and these
-// accounts: the masters M1 (margin, of S1 and S2) and M2 (of T1), A1 (margin) and A2.
-struct TPositionViewTest : TServicesFixture {
+// Positions over the fixture's universe and AU12, a future on SHFE (CNY, size 1000).
+template <class Relay>
+struct TPositionWorld : TServicesFixture {
     using TServicesFixture::Services;
     using TServicesFixture::SetConfig;
 
-    TPositionViewTest() {
+    TPositionWorld() {
         ServiceRegistry::Install(&Positions);
         TEmbeddedMarketAdapter& market = Services().Market();
         market.AddExchange(
@@ -223,6 +233,27 @@ struct TPositionViewTest : TServicesFixture {
                           .Names = {.Name = u"Gold future"},
                           .ProductType = ProductType::Futures,
                           .ContractSize = 1000.0});
+    }
+    ~TPositionWorld() override {
+        ServiceRegistry::Install(RealFormatter);
+        ServiceRegistry::Install(RealPositions);
+    }
+
+    // Cells then show what the formatter was asked for.
+    void SpyOnFormatter() { ServiceRegistry::Install(&Spy); }
+    TEmbeddedSubItem& Item(StringView symbol) { return Services().Items().Item(symbol); }
+    void Deliver() { Services().Deliver(); }
+
+    TCustomFormatter* RealFormatter = TCustomFormatter::GetInstance();
+    TCustomPositionAdapter* RealPositions = TCustomPositionAdapter::GetInstance();
+    Relay Positions{*RealPositions};
+    TSpyFormatter Spy;
+};
+
+// A position view and these accounts: the masters M1 (margin, of S1 and S2) and M2 (of T1), A1
+// (margin) and A2.
+struct TPositionViewTest : TPositionWorld<TRelayedPositions> {
+    TPositionViewTest() {
         const auto feed = [this](StringView code, const TAccountDetails& details) {
             Services().Accounts().FeedAccount(code, details);
         };
@@ -236,11 +267,7 @@ struct TPositionViewTest : TServicesFixture {
         Services().Deliver();
         MakeView();
     }
-    ~TPositionViewTest() override {
-        View.reset();
-        ServiceRegistry::Install(RealFormatter);
-        ServiceRegistry::Install(RealPositions);
-    }
+    ~TPositionViewTest() override { View.reset(); }
 
     void MakeView() {
         View.reset();
@@ -250,15 +277,12 @@ struct TPositionViewTest : TServicesFixture {
         View->SetOnAccountInfoUpdate(MakeEvent<&TPositionViewTest::InfoSignalled>(this));
         Signals.clear();
     }
-    // Cells then show what the formatter was asked for.
-    void SpyOnFormatter() { ServiceRegistry::Install(&Spy); }
     void Show(StringView account, bool aggregated = false) {
         View->SetAccount(account);
         if (aggregated) View->SetAggregate();
         Signals.clear();
     }
 
-    TEmbeddedSubItem& Item(StringView symbol) { return Services().Items().Item(symbol); }
     // Counts at once; what follows Deliver is told.
     TEmbeddedPositionData& Hold(StringView account, StringView symbol, TPositionFigures figures) {
         figures.Ticker = &Item(symbol);
@@ -274,7 +298,6 @@ struct TPositionViewTest : TServicesFixture {
     TEmbeddedPositionData& HoldBare(StringView symbol, StringView figures) {
         return Services().Positions().FeedPosition(u"A1", symbol, Figures(figures));
     }
-    void Deliver() { Services().Deliver(); }
 
     String Cell(Integer row, Integer attribute) {
         return CellOf(*View, row, attribute, View->Record(row));
@@ -304,10 +327,6 @@ struct TPositionViewTest : TServicesFixture {
         if (OnInfo) OnInfo();
     }
 
-    TCustomFormatter* RealFormatter = TCustomFormatter::GetInstance();
-    TCustomPositionAdapter* RealPositions = TCustomPositionAdapter::GetInstance();
-    TRelayedPositions Positions{*RealPositions};
-    TSpyFormatter Spy;
     std::unique_ptr<TView> View;
     String Signals;
     std::function<void()> OnRows;

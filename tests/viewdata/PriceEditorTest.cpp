@@ -154,6 +154,17 @@ TEST_F(TPriceEditorTest, TakesATableThatArrivesLate) {
     EXPECT_EQ(State(), "20.5| 20.5 step 0.5");
 }
 
+TEST_F(TPriceEditorTest, KeepsTheRatioOfTheProductThatTheFormChoosesInside) {
+    TEmbeddedSubItem& late = Services().Items().Item(u"RATIO");
+    late.AwaitData();
+    Do(u"symbol:RATIO value:350");
+    Trace->ActsOn = "change";
+    Trace->Act = [this] { Do(u"symbol:00700"); };
+    Services().Items().Touch(late);
+    Do(u"deliver value:360 up");
+    EXPECT_EQ(State(), "360.2| 360.2 step 0.2");
+}
+
 TEST_F(TPriceEditorTest, MayGoWhileItsProductIsAwaited) {
     for (const StringView end : {u"remove", u"free"}) {
         SCOPED_TRACE(ToUtf8(end));

@@ -129,5 +129,19 @@ TEST_F(TQuantityEditorTest, TakesALotThatArrivesLate) {
     }
 }
 
+// The other product makes a fraction whole, of which the form hears.
+TEST_F(TQuantityEditorTest, KeepsTheProductThatTheFormChoosesInside) {
+    const Integer before = Services().RegistrationCount();
+    Do(u"symbol:FRACTION type:1.5");
+    Trace->ActsOn = "change";
+    Trace->Act = [this] { Do(u"symbol:LATE"); };
+    Do(u"symbol:NEWS");
+    EXPECT_EQ(Services().RegistrationCount(), before + 1);
+    Services().Items().Touch(Services().Items().Item(u"LATE"));
+    Do(u"deliver");
+    EXPECT_EQ(State(), "2| 2 step 50.0");
+    EXPECT_EQ(Services().RegistrationCount(), before);
+}
+
 } // namespace
 } // namespace quorin

@@ -161,7 +161,7 @@ TEST_F(TSymbolEditorTest, FillsInNamesThatArriveLate) {
 TEST_F(TSymbolEditorTest, DropsItsListDown) {
     Do(u"register:-");
     TcxPopupEdit& edit = *Edited();
-    EXPECT_EQ(edit.Properties().PopupControl(), &Current().List);
+    EXPECT_EQ(edit.Properties().PopupControl(), Current().List.get());
     EXPECT_EQ(edit.Properties().PopupWidth(), 450);
     Do(u"f4");
     EXPECT_TRUE(edit.DroppedDown());
@@ -177,8 +177,14 @@ TEST_F(TSymbolEditorTest, DropsItsListDown) {
     EXPECT_EQ(edit.PopupWindow().Width(), 150);
     EXPECT_EQ(edit.PopupWindow().Height(), 100);
     Do(u"register:G");
-    EXPECT_EQ(edit.Properties().PopupControl(), &Current().List);
+    EXPECT_EQ(edit.Properties().PopupControl(), Current().List.get());
     EXPECT_EQ(Host().ChannelMessages().Count(), 1) << "one list for its life";
+    Current().List = CreateComponent<TControl>();
+    EXPECT_EQ(edit.Properties().PopupControl(), nullptr);
+    Do(u"register:G pick:00005");
+    EXPECT_EQ(edit.Properties().PopupControl(), Current().List.get()) << "the first has died";
+    Do(u"remove pick:00700");
+    EXPECT_EQ(State(), "|00005, HKD, HSBC [00005] heard 00005@G");
 }
 
 TEST_F(TSymbolEditorTest, PassesEventsOnToTheForm) {

@@ -1,7 +1,7 @@
 #include "viewdata/account/AccountCashDataControl.h"
 
 #include "viewdata/account/AccountAttributes.h"
-#include "viewdata/account/AccountLookups.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/ServiceTexts.h"
 
 namespace quorin {
@@ -49,9 +49,14 @@ void TCustomAccountCashDataControl::MonitorAllAccount() {
 void TCustomAccountCashDataControl::AccountReady(Pointer, Pointer) {
     const TLifeline::TWatch watch(FLifeline);
     if (!Accounts().IsAccountReady() || !watch.IsAlive() || !FMonitorAll) return;
+    TObject* const owner = this;
     Accounts().AddAllAccountCallback(MakeEvent<&TCustomAccountCashDataControl::AccountUpdate>(this),
-                                     this);
-    if (watch.IsAlive()) FireDataChanged();
+                                     owner);
+    if (watch.IsAlive()) {
+        FireDataChanged();
+    } else {
+        Accounts().RemoveAllAccountCallback(owner); // it may stand only since the control died
+    }
 }
 
 void TCustomAccountCashDataControl::AccountUpdate(Pointer, Pointer) {

@@ -1,8 +1,8 @@
 #include "platform/rtl/Numbers.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/account/AccountDataControl.h"
-#include "viewdata/account/AccountLookups.h"
 #include "viewdata/account/AccountPin.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/services/ChinaConnect.h"
 #include "viewdata/services/Formatter.h"
@@ -20,8 +20,12 @@ String CurrencyName(const String& currency) {
     return ResourceText(ResourceTag::Currency, currency);
 }
 
-Double RatioOf(const String& currency) {
-    return Currencies().GetCurrencyRatio(currency);
+// An amount or ratio in base terms, in another currency; as it is where that is none or has no
+// ratio.
+Double InCurrency(Double value, const String& currency) {
+    if (currency.empty()) return value;
+    const Double ratio = RatioOf(currency);
+    return ratio != 0.0 ? value / ratio : value; // exactly 0.0: it is not known
 }
 
 Boolean IsHolderOrCurrency(Integer attribute) {
@@ -74,7 +78,7 @@ Variant TCustomAccountInfoDataControl::GetValue(Pointer Node, Integer ColumnID) 
     }
     if (cell.Kind == None) return Variant::EmptyText();
     const TCustomAccount* account = FindAccount(FAccount);
-    if (account == nullptr) return Variant::EmptyText();
+    if (account == nullptr || !pin.IsAlive()) return Variant::EmptyText();
     if (isCaption) {
         return cell.Kind == Total ? GetResourceHeader(cell.Attribute)
                                   : CurrencyName(String(cell.Currency));
@@ -91,7 +95,7 @@ String TCustomAccountInfoDataControl::GetDisplayValue(Pointer Node, Integer Colu
     const TCell cell = CellOf(Node);
     if (FAccount.empty() || cell.Kind == None) return String();
     const TCustomAccount* account = FindAccount(FAccount);
-    if (account == nullptr) return String();
+    if (account == nullptr || !pin.IsAlive()) return String();
     if (ColumnID == AccountTreeColumn::Caption) {
         return cell.Kind == Total ? GetResourceHeader(cell.Attribute)
                                   : CurrencyName(String(cell.Currency));
@@ -128,31 +132,28 @@ String TCustomAccountInfoDataControl::GetAccountCurrencyDisplayData(TCustomAccou
     }
 }
 
-// An amount or ratio in base terms, in the display currency; as it is where that has no ratio.
-Double TCustomAccountInfoDataControl::InCurrency(Double value) const {
-    if (FCurrency.empty()) return value;
-    const Double ratio = RatioOf(FCurrency);
-    return ratio != 0.0 ? value / ratio : value; // exactly 0.0: it is not known
-}
-
 String TCustomAccountInfoDataControl::DisplayText(TCustomAccountData& data, Integer attribute,
                                                   Boolean convert) {
+    const TLifeline::TWatch watch(FLifeline);
     const String currency = data.GetCurrency(); // the record may change while others are asked
+    const String shown = FCurrency;
     const Variant value = Figure(&data, attribute);
+    if (!watch.IsAlive()) return String();
     if (IsHolderOrCurrency(attribute)) return value.ToText();
     if (attribute == A::CurrencyRatio) {
         if (currency.empty() && Currencies().IsMultiCurrency()) return String();
-        return Format(InCurrency(value.ToDouble()), DisplayDataType::CurrencyRatio, /*flag=*/true);
+        return Format(InCurrency(value.ToDouble(), shown), DisplayDataType::CurrencyRatio,
+                      /*flag=*/true);
     }
     if (value.IsNull()) return String();
     const Boolean isCustom = attribute >= FirstCustomColumn;
     const String type = isCustom ? CustomColumnType(attribute) : String();
     if (isCustom && !IsNumericColumnType(type)) return value.ToText();
     Double amount = value.ToDouble();
-    if (convert && !FCurrency.empty()) {
+    if (convert && !shown.empty()) {
         // With China Connect on, amounts count as amounts in the base currency.
         if (!currency.empty() && !IsChinaConnectOn()) amount *= RatioOf(currency);
-        amount = InCurrency(amount);
+        amount = InCurrency(amount, shown);
     }
     return Format(amount, isCustom ? GetDataType(type) : DisplayDataType::Amount, /*flag=*/false);
 }

@@ -1,11 +1,11 @@
 #include "viewdata/account/AccountDataControl.h"
 
-#include "viewdata/account/AccountLookups.h"
 #include "viewdata/account/AccountPin.h"
+#include "viewdata/frame/AccountLookups.h"
+#include "viewdata/frame/Settings.h"
 #include "viewdata/positionview/PricingRules.h"
 #include "viewdata/services/ChinaConnect.h"
 #include "viewdata/services/ConfigKeys.h"
-#include "viewdata/services/ConfigManager.h"
 
 #include <utility>
 
@@ -13,9 +13,8 @@ namespace quorin {
 
 TCustomAccountInfoDataControl::TCustomAccountInfoDataControl(TComponent* AOwner)
     : TCustomTreeDataControl(AOwner) {
-    const TCustomConfigManager& config = *TCustomConfigManager::GetInstance();
-    FOptionsPLPrice = config.ReadBool(config.GetCurrentSection(), ConfigKey::OptionsPLPrice);
-    FMiddlePLPrice = config.ReadBool(config.GetCurrentSection(), ConfigKey::MiddlePLPrice);
+    FOptionsPLPrice = ReadFlag(ConfigKey::OptionsPLPrice);
+    FMiddlePLPrice = ReadFlag(ConfigKey::MiddlePLPrice);
     Currencies().AddMultiCurrencyInfoCallback(
         MakeEvent<&TCustomAccountInfoDataControl::MultiCurrencyInfoUpdate>(this), this);
     Currencies().AddCurrencyListCallback(
@@ -34,23 +33,52 @@ TCustomAccountInfoDataControl::~TCustomAccountInfoDataControl() {
     TCustomAccountInfoDataControl::ClearAll();
 }
 
-// A callback inside one of the calls may choose another account still. That choice came later and
-// holds: what this call has registered moves on to it.
+// Moves the registration; false when the control has died inside. The service may have registered
+// it only then, so that the destructor had nothing to end.
+Boolean TCustomAccountInfoDataControl::FollowAccount(const TPin& pin, const String& account,
+                                                     const String& previous) {
+    TObject* const owner = this;
+    Accounts().ChangeAccountCallback(
+        account, MakeEvent<&TCustomAccountInfoDataControl::AccountUpdate>(this), owner, previous);
+    if (pin.IsAlive()) return true;
+    Accounts().RemoveAccountCallback(account, owner);
+    return false;
+}
+
+// Registers for the sub-accounts; false when the control has died inside, as FollowAccount. What a
+// callback inside has chosen holds.
+Boolean TCustomAccountInfoDataControl::FollowSubAccounts(const TPin& pin) {
+    TObject* const owner = this;
+    const String account = FAccount;
+    Accounts().AddSubAccountCallback(
+        account, MakeEvent<&TCustomAccountInfoDataControl::AccountUpdate>(this), owner, nullptr);
+    const Boolean isAlive = pin.IsAlive();
+    if (!isAlive || !FAggregated || FAccount != account) {
+        Accounts().RemoveSubAccountCallback(account, owner);
+    }
+    return isAlive;
+}
+
+// A callback inside one of the calls may choose another account still, or the former one again.
+// That choice came later and holds: what this call has registered moves on to it.
 void TCustomAccountInfoDataControl::SetAccount(StringView Account) {
+    const Integer change = ++FAccountChanges;
     if (FAccount == Account) return;
     const TPin pin(*this);
-    const Integer change = ++FAccountChanges;
     const String account(Account); // the text may belong to what goes now
     const String previous = FAccount;
-    const auto update = MakeEvent<&TCustomAccountInfoDataControl::AccountUpdate>(this);
-    Accounts().ChangeAccountCallback(account, update, this, previous);
-    if (!pin.IsAlive()) return;
+    if (!FollowAccount(pin, account, previous)) return;
     if (FAggregated && change == FAccountChanges) {
         Accounts().RemoveSubAccountCallback(previous, this);
         if (!pin.IsAlive()) return;
     }
     if (change != FAccountChanges) {
-        if (FAccount != account) Accounts().ChangeAccountCallback(FAccount, update, this, account);
+        for (String followed = account; followed != FAccount;) {
+            const String chosen = FAccount;
+            if (!FollowAccount(pin, chosen, followed)) return;
+            followed = chosen;
+        }
+        if (FAggregated) FollowSubAccounts(pin);
         return;
     }
     FAccount = account;
@@ -59,8 +87,8 @@ void TCustomAccountInfoDataControl::SetAccount(StringView Account) {
     if (!pin.IsAlive()) return;
     InitAggregateAccountList();
     if (!pin.IsAlive()) return;
-    if (FAggregated) Accounts().AddSubAccountCallback(FAccount, update, this, nullptr);
-    if (pin.IsAlive()) FireDataChanged();
+    if (FAggregated && !FollowSubAccounts(pin)) return;
+    FireDataChanged();
 }
 
 void TCustomAccountInfoDataControl::SetCurrency(StringView Value) {
@@ -93,12 +121,8 @@ void TCustomAccountInfoDataControl::SetAggregate() {
     FAggregated = !FAggregated;
     InitAggregateAccountList();
     if (!pin.IsAlive()) return;
-    if (FAggregated) {
-        Accounts().AddSubAccountCallback(
-            FAccount, MakeEvent<&TCustomAccountInfoDataControl::AccountUpdate>(this), this,
-            nullptr);
-    }
-    if (pin.IsAlive()) Changed();
+    if (FAggregated && !FollowSubAccounts(pin)) return;
+    Changed();
 }
 
 // The list is filled beside the one that sums read, and only if no later call was quicker.
@@ -141,8 +165,10 @@ void TCustomAccountInfoDataControl::AccountUpdate(Pointer Sender, Pointer) {
     RefreshSubAccounts(); // also with nothing named: a record may have gone
     if (changes == nullptr || !pin.IsAlive()) return;
     if (TCustomAccount* const* own = changes->Find(FAccount)) {
+        // Without rows the count may be that of rows that are gone.
         const TCustomAccount* account = *own;
-        if (account != nullptr && account->GetCurrencyCount() != FAccountCurrencyDataCount) {
+        if (account != nullptr && (account->GetCurrencyCount() != FAccountCurrencyDataCount ||
+                                   FAccountDataValueNodeList.IsEmpty())) {
             InitCurrencyNode();
         }
     } else if (!IsSubAccountUpdate(changes)) {

@@ -11,15 +11,16 @@ namespace quorin {
 
 // The account information tree. The user chooses figures as columns of a column list; the tree
 // turns them around: a row per figure with the total, and below it a row per currency of the
-// account. Two columns are shown, see AccountTreeColumn. For a master account the figures may be
-// summed over its sub-accounts; with a filter currency they come from the China Connect account.
+// account. Two columns are shown, see AccountTreeColumn. An account that can be aggregated may be
+// shown with figures summed over its sub-accounts; with a filter currency figures come from the
+// China Connect account.
 //
 // The tree is walked as a flat list of nodes, each with its parent; the child operations are not
 // for it. Without an account the figures' captions are shown alone. A node lives until the next
 // rebuild drops it; one that is dropped while an operation of this control is under way is kept
 // until that has returned, and a row that comes back in a rebuild keeps its node. Numbers of the
 // figures are those of AccountAttributes.h. Unknown nodes answer as empty ones. Not supported: rows
-// of converted amounts, which a descendant makes; sub-accounts that join a master that is shown
+// of converted amounts, which a descendant makes; sub-accounts that join an account that is shown
 // summed, before SetAggregate or SetAccount take them in.
 class TCustomAccountInfoDataControl : public TCustomTreeDataControl {
     QUORIN_CLASS(TCustomAccountInfoDataControl, TCustomTreeDataControl)
@@ -66,8 +67,8 @@ class TCustomAccountInfoDataControl : public TCustomTreeDataControl {
     virtual void ClearAll();
     // Drops the rows of currencies. No signal.
     virtual void ClearAccountCurrencyNode();
-    // Shows another account and signals; nothing for the same code. Stays aggregated for a master
-    // account and for the empty code, which shows none, not for any other.
+    // Shows another account and signals; nothing for the same code. Stays aggregated for an account
+    // that can be, and for the empty code, which shows none.
     virtual void SetAccount(StringView Account);
     // Accounts have changed: Sender is a TAccountDictionary or nil. Takes in new currencies; one
     // signal if it names the account or a sub-account that is summed.
@@ -92,11 +93,11 @@ class TCustomAccountInfoDataControl : public TCustomTreeDataControl {
     virtual void SetCurrency(StringView Value);
     // Adds the rows of currencies that have none yet. No signal.
     virtual void InitCurrencyNode();
-    // The figure summed over the record's account and the sub-accounts, for a master account that
-    // is shown aggregated; for any other as GetAccountCurrencyData. Whole 0 for nil and where a
+    // The figure summed over the record's account and the sub-accounts, while aggregated and for an
+    // account that can be; for any other as GetAccountCurrencyData. Whole 0 for nil and where a
     // figure is no number.
     virtual Variant GetAggregatedAccountCurrencyData(TCustomAccountData* Data, Integer Attribute);
-    // Takes in the sub-accounts; ends the aggregation for an account that is no master.
+    // Takes in the sub-accounts; ends the aggregation of an account that cannot be aggregated.
     virtual void InitAggregateAccountList();
     // Sender names a sub-account of the master account that is shown aggregated. False for nil.
     virtual Boolean IsSubAccountUpdate(const TAccountDictionary* Sender);
@@ -111,7 +112,8 @@ class TCustomAccountInfoDataControl : public TCustomTreeDataControl {
     virtual Double GetPLPrice(TCustomPositionData* Position);
     virtual Boolean IsMarketOpen(StringView Exchange);
     virtual Double GetMiddleOne(Double A, Double B, Double C);
-    // Turns the aggregation of a master account on or off and signals; nothing for any other.
+    // Turns the aggregation on or off and signals; nothing for an account that cannot be
+    // aggregated.
     virtual void SetAggregate();
 
     // Not virtual
@@ -149,10 +151,14 @@ private:
     struct TCell; // what a node shows
     // Keeps dropped nodes for as long as an operation lasts.
     class TPin;
+    class TKnownColumn;
     struct TColumnKind {
         Integer Attribute = NoAttribute;
         Boolean IsNumeric = false;
     };
+
+    Boolean FollowAccount(const TPin& pin, const String& account, const String& previous);
+    Boolean FollowSubAccounts(const TPin& pin);
 
     void Park(std::unique_ptr<TObject> node);
     void ReleaseParked();
@@ -160,24 +166,25 @@ private:
     Node* AddNode(Node* former, A&&... arguments);
     void AddRow(TColumnInfo* column);
     void AddValueRow(Integer attribute, const String& currency);
+    void DropCurrencyRows();
 
     TCell CellOf(Pointer node) const;
     Boolean IsBlank(const TCustomAccountData* record, Integer attribute) const;
     String DisplayText(TCustomAccountData& data, Integer attribute, Boolean convert);
-    Double InCurrency(Double value) const;
 
     Boolean ShowsChinaData() const;
     String CustomColumnType(Integer attribute) const;
     Boolean IsNumericColumn(Integer attribute) const;
     Variant PresetOf(Integer attribute) const;
-    Variant HolderText(const TCustomAccountData& data, Integer attribute) const;
     Variant CurrencyText(const TCustomAccountData& data) const;
     Double BuiltInFigure(const TCustomAccountData& data, Integer attribute);
     Variant AggregatedFigure(TCustomAccountData* data, Integer attribute);
     Double SumOfFigures(TCustomAccountData& data, Integer attribute);
     Double SumOfShortfalls(TCustomAccountData& data);
     template <class Own, class Sub>
-    Double SumOverSubAccounts(Own own, Sub sub) const;
+    Double SumOverSubAccounts(Own own, Sub sub);
+    template <class Own, class Sub>
+    Double SumByCode(Own own, Sub sub);
 
     Integer FPins = 0;
     TDictionary<TObject*, std::unique_ptr<TObject>> FParkedNodes;
@@ -185,7 +192,7 @@ private:
         FFormerRows; // parked nodes that a rebuild may take back
     TDictionary<String, TAccountDataValueNode*> FFormerValueRows;
     Integer FBuilds = 0;            // of currency rows
-    Integer FAccountChanges = 0;    // counts SetAccount
+    Integer FAccountChanges = 0;    // counts SetAccount, also of the same account
     Integer FSubAccountChanges = 0; // of FSubAccountList
     TColumnKind FSummedColumn;      // known for the length of a sum
     String FFieldText;              // borrowed by readers of fields

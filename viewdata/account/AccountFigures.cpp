@@ -2,7 +2,8 @@
 #include "platform/rtl/ScopedValue.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/account/AccountDataControl.h"
-#include "viewdata/account/AccountLookups.h"
+#include "viewdata/account/AccountPin.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/services/ChinaConnect.h"
 
@@ -17,8 +18,6 @@ namespace {
 namespace A = AccountAttribute;
 
 constexpr Double NoShortfall = 0.0;
-// A walk over the sub-accounts begins again when their list changes on the way, so many times.
-constexpr Integer MostWalks = 4;
 
 TCustomAccountData* FindChinaRecord(const String& account, const String& currency) {
     const TCustomAccount* china = FindAccount(GetChinaConnectAccount(account));
@@ -27,6 +26,12 @@ TCustomAccountData* FindChinaRecord(const String& account, const String& currenc
 
 Double ShortfallOf(const TCustomAccountData* record) {
     return record != nullptr ? record->GetValue996() : NoShortfall;
+}
+
+Variant HolderText(const String& code, Integer attribute) {
+    const TCustomAccount* account = code.empty() ? nullptr : FindAccount(code);
+    if (account == nullptr) return Variant::EmptyText();
+    return attribute == A::AccountTag ? account->GetAccountTag() : account->GetName();
 }
 
 Boolean IsSummed(Integer attribute) {
@@ -74,7 +79,7 @@ Variant TCustomAccountInfoDataControl::GetAccountCurrencyData(TCustomAccountData
     switch (Attribute) {
     case A::AccountCode: return Data->FieldText(A::AccountCode);
     case A::AccountTag:
-    case A::HolderName: return HolderText(*Data, Attribute);
+    case A::HolderName: return HolderText(Data->FieldText(A::AccountCode), Attribute);
     case A::Currency: return CurrencyText(*Data);
     case A::CurrencyRatio:
         if (Data->GetCurrency().empty() && Currencies().IsMultiCurrency()) return 0;
@@ -82,18 +87,13 @@ Variant TCustomAccountInfoDataControl::GetAccountCurrencyData(TCustomAccountData
     default: break;
     }
     if (ShowsChinaData()) {
+        const TLifeline::TWatch watch(FLifeline);
         Data = FindChinaRecord(Data->GetAccount(), Data->GetCurrency());
+        if (!watch.IsAlive()) return Variant();
         if (Data == nullptr) return PresetOf(Attribute);
     }
     if (Attribute >= FirstCustomColumn) return GetFieldValue(Data, Attribute);
     return BuiltInFigure(*Data, Attribute);
-}
-
-Variant TCustomAccountInfoDataControl::HolderText(const TCustomAccountData& data,
-                                                  Integer attribute) const {
-    const TCustomAccount* account = FindAccount(data.FieldText(A::AccountCode));
-    if (account == nullptr) return PresetOf(attribute);
-    return attribute == A::AccountTag ? account->GetAccountTag() : account->GetName();
 }
 
 Variant TCustomAccountInfoDataControl::CurrencyText(const TCustomAccountData& data) const {
@@ -157,33 +157,54 @@ Variant TCustomAccountInfoDataControl::GetAggregatedAccountCurrencyData(TCustomA
 Variant TCustomAccountInfoDataControl::AggregatedFigure(TCustomAccountData* data,
                                                         Integer attribute) {
     if (data == nullptr) return 0;
+    const TLifeline::TWatch watch(FLifeline);
     const TCustomAccount* account = FindAccount(data->GetAccount());
+    if (!watch.IsAlive()) return 0;
     if (account == nullptr || !FAggregated || !account->IsAggregateAccount()) {
         return GetAccountCurrencyData(data, attribute);
     }
     if (account->GetAccountType() == AccountType::SummedByService) {
         TCustomAccountData* summed =
             Accounts().GetSubAccountData(data->GetAccount(), data->GetCurrency());
-        return summed != nullptr ? GetAccountCurrencyData(summed, attribute) : Variant(0);
+        return watch.IsAlive() && summed != nullptr ? GetAccountCurrencyData(summed, attribute)
+                                                    : Variant(0);
     }
     // The limit comes after the summing: one account's surplus makes up for another's shortfall.
     if (attribute == A::Shortfall) return std::min(NoShortfall, SumOfShortfalls(*data));
     return SumOfFigures(*data, attribute);
 }
 
-// A service may tell of changes while it is asked: what is left of the list then is not touched.
+// A service may tell of changes while it is asked: what is left of the list then is not touched,
+// and the sum begins again.
 template <class Own, class Sub>
-Double TCustomAccountInfoDataControl::SumOverSubAccounts(Own own, Sub sub) const {
-    for (Integer walks = 1;; ++walks) {
-        const Integer change = FSubAccountChanges;
-        Double sum = own();
+Double TCustomAccountInfoDataControl::SumOverSubAccounts(Own own, Sub sub) {
+    const TLifeline::TWatch watch(FLifeline);
+    const Integer change = FSubAccountChanges;
+    const auto stands = [&] { return watch.IsAlive() && change == FSubAccountChanges; };
+    Double sum = own();
+    if (stands()) {
         for (const auto& item : FSubAccountList) {
-            if (change != FSubAccountChanges) break;
             if (item.Value != nullptr) sum += sub(*item.Value);
-            if (change != FSubAccountChanges) break;
+            if (!stands()) break;
         }
-        if (change == FSubAccountChanges || walks == MostWalks) return sum;
     }
+    if (stands()) return sum;
+    return watch.IsAlive() ? SumByCode(own, sub) : 0.0;
+}
+
+// The sum over a list that does not keep still: over its codes, each looked up when its turn comes.
+template <class Own, class Sub>
+Double TCustomAccountInfoDataControl::SumByCode(Own own, Sub sub) {
+    const TLifeline::TWatch watch(FLifeline);
+    TList<String> codes;
+    for (const auto& item : FSubAccountList) codes.Add(item.Key);
+    Double sum = own();
+    for (const String& code : codes) {
+        if (!watch.IsAlive()) break;
+        TCustomAccount* const* account = FSubAccountList.Find(code);
+        if (account != nullptr && *account != nullptr) sum += sub(**account);
+    }
+    return sum;
 }
 
 Double TCustomAccountInfoDataControl::SumOfFigures(TCustomAccountData& data, Integer attribute) {
@@ -191,7 +212,7 @@ Double TCustomAccountInfoDataControl::SumOfFigures(TCustomAccountData& data, Int
     if (attribute >= FirstCustomColumn) {
         column = {attribute, IsNumericColumnType(CustomColumnType(attribute))};
     }
-    const TScopedValue summing(FSummedColumn, column);
+    const TKnownColumn known(*this, column);
     return SumOverSubAccounts(
         [&] { return GetAccountCurrencyData(&data, attribute).ToDouble(); },
         [&](const TCustomAccount& account) {

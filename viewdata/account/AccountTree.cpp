@@ -1,8 +1,8 @@
 #include "platform/rtl/Numbers.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/account/AccountDataControl.h"
-#include "viewdata/account/AccountLookups.h"
 #include "viewdata/account/AccountPin.h"
+#include "viewdata/frame/AccountLookups.h"
 
 #include <utility>
 
@@ -100,13 +100,14 @@ void TCustomAccountInfoDataControl::SetColumnList(const TColumnList* List) {
 void TCustomAccountInfoDataControl::InitCurrencyNode() {
     const TPin pin(*this);
     const Integer build = ++FBuilds;
-    const Boolean isMultiCurrency = Currencies().IsMultiCurrency();
-    if (!pin.IsAlive()) return;
     const TCustomAccount* account = FindAccount(FAccount);
+    if (!pin.IsAlive()) return;
+    const Boolean isMultiCurrency = Currencies().IsMultiCurrency();
     if (!pin.IsAlive() || build != FBuilds) return;
     if (account == nullptr || !isMultiCurrency) return;
-    FAccountCurrencyDataCount = account->GetCurrencyCount();
-    for (Integer index = 0; index < FAccountCurrencyDataCount; ++index) {
+    const Integer count = account->GetCurrencyCount();
+    FAccountCurrencyDataCount = count;
+    for (Integer index = 0; index < count; ++index) {
         const String& currency = account->GetCurrency(index);
         for (const TColumnInfo* column : FColumnList) AddValueRow(column->ID(), currency);
     }
@@ -114,6 +115,10 @@ void TCustomAccountInfoDataControl::InitCurrencyNode() {
 
 void TCustomAccountInfoDataControl::ClearAccountCurrencyNode() {
     FAccountCurrencyDataCount = 0;
+    DropCurrencyRows();
+}
+
+void TCustomAccountInfoDataControl::DropCurrencyRows() {
     TNodes kept;
     TNodes dropped;
     for (std::unique_ptr<TObject>& node : FNodeList) {
@@ -131,7 +136,7 @@ void TCustomAccountInfoDataControl::ClearAccountCurrencyNode() {
 }
 
 void TCustomAccountInfoDataControl::ClearAll() {
-    TCustomAccountInfoDataControl::ClearAccountCurrencyNode();
+    DropCurrencyRows();
     TNodes dropped = std::exchange(static_cast<TNodes&>(FNodeList), {});
     if (FPins > 0) {
         for (const auto& [attribute, node] : FAccountDataNodeList) {

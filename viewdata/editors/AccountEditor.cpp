@@ -81,19 +81,14 @@ void TAccountEditorRecord::Reset(TcxPopupEdit& Editor, StringView GroupID) {
     if (Editor.Enabled()) FLayoutAccount.clear();
     TIImageResourceList::GetInstance()->DefaultImageList().GetImage(
         ResourceImage::Account, Editor.Properties().ButtonImage());
-    if (FAcctListView == nullptr) RequestListView();
+    if (FAcctListView.Control() == nullptr) {
+        FAcctListView.Request(ChannelMessage::CreateAccountListView,
+                              MakeEvent<&TAccountEditorRecord::HandleSelectAccount>(this));
+    }
     if (FEditor == nullptr) return;
-    FEditor->Properties().SetPopupControl(FAcctListView);
+    FEditor->Properties().SetPopupControl(FAcctListView.Control());
     FCurrentText = FEditor->Text();
     TakeOverSharedValue();
-}
-
-void TAccountEditorRecord::RequestListView() {
-    TListViewRequestRecord request;
-    request.Callback = MakeEvent<&TAccountEditorRecord::HandleSelectAccount>(this);
-    TCustomGlobalChannelManager::GetInstance()->SendChannelMessage(
-        ChannelMessage::CreateAccountListView, Pointer(&request));
-    FAcctListView = request.Result;
 }
 
 // A field that has a value gives it to an empty group and takes the group's value otherwise; one
@@ -231,7 +226,7 @@ void TAccountEditorRecord::UpdateCopyAccount(Pointer Sender, Pointer) {
 void TAccountEditorRecord::AccountKeyDown(TObject* Sender, Word& Key, TShiftState Shift) {
     const TRun run(*this);
     if (Key == Key::Return && !ValidateAccount()) return;
-    if (FOnKeyDown) FOnKeyDown(Sender, Key, Shift);
+    if (FEditor != nullptr && FOnKeyDown) FOnKeyDown(Sender, Key, Shift);
 }
 
 void TAccountEditorRecord::AccountKeyPress(TObject* Sender, Char& Key) {
@@ -244,8 +239,8 @@ void TAccountEditorRecord::AccountKeyPress(TObject* Sender, Char& Key) {
 void TAccountEditorRecord::AccountExit(TObject* Sender) {
     const TRun run(*this);
     FFocusEnter = false;
-    if (!ValidateAccount()) return;
-    if (FEditor != nullptr) FEditor->SetSelStart(0);
+    if (!ValidateAccount() || FEditor == nullptr) return;
+    FEditor->SetSelStart(0);
     if (FOnExit) FOnExit(Sender);
 }
 

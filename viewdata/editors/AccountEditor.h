@@ -47,8 +47,8 @@ protected:
     void AccountEnter(TObject* Sender);
     void AccountClick(TObject* Sender);
 
-    TcxPopupEdit* FEditor = nullptr;   // not owned
-    TControl* FAcctListView = nullptr; // the application's
+    TcxPopupEdit* FEditor = nullptr; // not owned
+    TFieldListView FAcctListView;
     String FGroupID;
     TKeyEvent FOnKeyDown;
     TNotifyEvent FOnExit;
@@ -69,7 +69,6 @@ private:
     void VisitEvents(TcxPopupEdit& editor, Visit visit);
     void RegisterGroup();
     void RemoveGroup();
-    void RequestListView();
     void TakeOverSharedValue();
     void ApplyText(const String& text);
     void ShowText(const String& text);

@@ -70,12 +70,13 @@ TEditorManager::~TEditorManager() {
 }
 
 // The record is known before it is bound: what its binding calls out to may take the field away.
-template <class Record, class Editor>
-Record* TEditorManager::Bind(TRecords<Record>& records, Editor* editor, StringView groupID) {
+template <class Record, class Editor, class... A>
+Record* TEditorManager::Bind(TRecords<Record>& records, Editor* editor, StringView groupID,
+                             A&... arguments) {
     if (editor == nullptr) return nullptr;
     const Int64 identity = IdentityOf(editor);
     if (!records.ContainsKey(identity)) {
-        records.Add(identity, std::make_unique<Record>());
+        records.Add(identity, std::make_unique<Record>(arguments...));
         editor->AddFreeListener(MakeEvent<&TEditorManager::ForgetWidget>(this), this);
     }
     FindRecord(records, editor)->Reset(*editor, groupID);
@@ -181,7 +182,7 @@ void TEditorManager::SetAccountLayoutAccount(TcxPopupEdit* Editor, StringView Ac
 
 void TEditorManager::RegisterSymbolEditor(TcxPopupEdit* Editor, StringView GroupID, Boolean Alone,
                                           Boolean showName) {
-    if (TSymbolEditorRecord* record = Bind(FSymbolEditorRecordList, Editor, GroupID)) {
+    if (TSymbolEditorRecord* record = Bind(FSymbolEditorRecordList, Editor, GroupID, *this)) {
         record->SetAloneEditor(Alone);
         record->SetShowName(FShowSymbolName && showName);
     }

@@ -7,6 +7,7 @@
 #include "viewdata/editors/SymbolEditor.h"
 #include "viewdata/presentation/CustomColumnDialog.h"
 #include "viewdata/presentation/CustomFilterDialog.h"
+#include "viewdata/presentation/ViewExports.h"
 #include "viewdata/presentation/ViewLayouts.h"
 #include "viewdata/services/LanguageManager.h"
 
@@ -15,9 +16,9 @@
 namespace quorin {
 
 // The one object through which forms give their input fields trading behaviour and their grids and
-// trees layouts, choosers and filters. A field has at most one record of a kind, known by the
-// field's address; registering it again binds the record anew. A field that dies takes its records
-// with it. Loads the user's settings and the texts of the widgets, and follows both.
+// trees layouts, choosers, filters and exports. A field has at most one record of a kind, known by
+// the field's address; registering it again binds the record anew. A field that dies takes its
+// records with it. Loads the user's settings and the texts of the widgets, and follows both.
 class TEditorManager : public TComponent {
     QUORIN_CLASS(TEditorManager, TComponent)
 
@@ -65,6 +66,16 @@ class TEditorManager : public TComponent {
     void SetGridSortLayout(TcxGridTableView& Grid, StringView Layout);
     String GetTreeSortLayout(TcxVirtualTreeList& Tree);
     void SetTreeSortLayout(TcxVirtualTreeList& Tree, StringView Layout);
+    // A view as a file that the user names, see ViewExports.h. They raise what the exporter raises.
+    void ExportTreeToCSV(TcxVirtualTreeList& Tree, StringView DefaultFileName,
+                         StringView DefaultDir);
+    void ExportTreeToXLS(TcxVirtualTreeList& Tree, StringView DefaultFileName,
+                         StringView DefaultDir);
+    void ExportTreeToXLSX(TcxVirtualTreeList& Tree, StringView DefaultFileName,
+                          StringView DefaultDir);
+    void ExportGridToCSV(TcxGrid& Grid, StringView DefaultFileName, StringView DefaultDir);
+    void ExportGridToXLS(TcxGrid& Grid, StringView DefaultFileName, StringView DefaultDir);
+    void ExportGridToXLSX(TcxGrid& Grid, StringView DefaultFileName, StringView DefaultDir);
     // The symbol as the conversion library of the setting "SymbolmapDLL" writes it; unchanged
     // without one.
     String GetConvertSymbol(StringView Symbol);
@@ -103,9 +114,10 @@ protected:
     TConvertSymbol FOnConvertSymbol = nullptr;
 
 private:
-    // The record of the field, bound to it; nil when the field was taken away meanwhile.
-    template <class Record, class Editor>
-    Record* Bind(TRecords<Record>& records, Editor* editor, StringView groupID);
+    // The record of the field, made with `arguments` and bound to it; nil when the field was taken
+    // away meanwhile.
+    template <class Record, class Editor, class... A>
+    Record* Bind(TRecords<Record>& records, Editor* editor, StringView groupID, A&... arguments);
     template <class Record>
     void Drop(TRecords<Record>& records, Int64 identity);
     void DropAll();

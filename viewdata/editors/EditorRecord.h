@@ -16,7 +16,8 @@ class TEditorRecord : public TComponent {
 
     explicit TEditorRecord(TComponent* AOwner = nullptr) : TComponent(AOwner) {}
 
-    // The field has died: its events are not given back.
+    // The field has died: its events are not given back, and a handler that has called out must not
+    // pass the event on with it.
     virtual void ForgetEditor() = 0;
     // Gives the field's events back and ends all registrations, as the destructor does.
     virtual void Unhook() = 0;

@@ -63,4 +63,34 @@ void TEditorManager::SetTreeSortLayout(TcxVirtualTreeList& Tree, StringView Layo
     SetSortLayout(Tree, Layout);
 }
 
+void TEditorManager::ExportTreeToCSV(TcxVirtualTreeList& Tree, StringView DefaultFileName,
+                                     StringView DefaultDir) {
+    ExportToCSV(Tree, DefaultFileName, DefaultDir);
+}
+
+void TEditorManager::ExportTreeToXLS(TcxVirtualTreeList& Tree, StringView DefaultFileName,
+                                     StringView DefaultDir) {
+    ExportToXLS(Tree, DefaultFileName, DefaultDir);
+}
+
+void TEditorManager::ExportTreeToXLSX(TcxVirtualTreeList& Tree, StringView DefaultFileName,
+                                      StringView DefaultDir) {
+    ExportToXLSX(Tree, DefaultFileName, DefaultDir);
+}
+
+void TEditorManager::ExportGridToCSV(TcxGrid& Grid, StringView DefaultFileName,
+                                     StringView DefaultDir) {
+    ExportToCSV(Grid, DefaultFileName, DefaultDir);
+}
+
+void TEditorManager::ExportGridToXLS(TcxGrid& Grid, StringView DefaultFileName,
+                                     StringView DefaultDir) {
+    ExportToXLS(Grid, DefaultFileName, DefaultDir);
+}
+
+void TEditorManager::ExportGridToXLSX(TcxGrid& Grid, StringView DefaultFileName,
+                                      StringView DefaultDir) {
+    ExportToXLSX(Grid, DefaultFileName, DefaultDir);
+}
+
 } // namespace quorin

@@ -1,6 +1,9 @@
 #include "viewdata/editors/LinkedField.h"
 
+#include "viewdata/services/ChannelMessages.h"
+
 #include <algorithm>
+#include <memory>
 
 namespace quorin {
 
@@ -27,6 +30,50 @@ String SharedValue(Integer channel, StringView groupID) {
     const TCustomGlobalChannelManager& channels = *TCustomGlobalChannelManager::GetInstance();
     return groupID.empty() ? channels.GetChannelValue(channel)
                            : channels.GetGroupValue(groupID, channel);
+}
+
+class TFieldListView::TLink : public TObject {
+    QUORIN_CLASS(TLink, TObject)
+public:
+    void Request(Integer message, const TDataCallbackEvent& chosen) {
+        FChosen = chosen;
+        TListViewRequestRecord request;
+        request.Callback = MakeEvent<&TLink::Chosen>(this);
+        TCustomGlobalChannelManager::GetInstance()->SendChannelMessage(message, Pointer(&request));
+        FView = request.Result;
+        if (FView != nullptr) FView->AddFreeListener(MakeEvent<&TLink::ViewGone>(this), this);
+    }
+    TControl* View() const { return FView; }
+    void FieldGone() {
+        FChosen = nullptr;
+        if (FView == nullptr) delete this;
+    }
+
+private:
+    void Chosen(Pointer sender, Pointer item) {
+        const TDataCallbackEvent chosen = FChosen; // outlives a field that is dropped inside
+        if (chosen) chosen(sender, item);
+    }
+    void ViewGone(TObject*) {
+        FView = nullptr;
+        if (!FChosen) delete this;
+    }
+
+    TDataCallbackEvent FChosen; // none once the field is gone
+    TControl* FView = nullptr;
+};
+
+TFieldListView::~TFieldListView() {
+    if (FLink != nullptr) FLink->FieldGone();
+}
+
+void TFieldListView::Request(Integer message, const TDataCallbackEvent& chosen) {
+    if (FLink == nullptr) FLink = std::make_unique<TLink>().release();
+    FLink->Request(message, chosen);
+}
+
+TControl* TFieldListView::Control() const {
+    return FLink != nullptr ? FLink->View() : nullptr;
 }
 
 void SizePopup(TcxPopupEdit& editor, const TPopupSize& size) {

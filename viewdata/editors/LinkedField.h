@@ -25,6 +25,26 @@ String OfferedValue(Pointer notification, Integer channel, StringView groupID, I
 // the channel's.
 String SharedValue(Integer channel, StringView groupID);
 
+// The list view that the application makes for a field, on a channel message. Field and view may
+// die in any order: a dead view is forgotten, and what is chosen in a view without its field is
+// dropped.
+class TFieldListView {
+public:
+    TFieldListView() = default;
+    TFieldListView(const TFieldListView&) = delete;
+    TFieldListView& operator=(const TFieldListView&) = delete;
+    ~TFieldListView();
+
+    // Asks for a view, which calls `chosen` from then on. The application may have none.
+    void Request(Integer message, const TDataCallbackEvent& chosen);
+    // Nil for none.
+    TControl* Control() const;
+
+private:
+    class TLink;
+    TLink* FLink = nullptr; // frees itself when field and view are gone
+};
+
 // Sizes of the window that a linked field drops down.
 struct TPopupSize {
     Integer Height;

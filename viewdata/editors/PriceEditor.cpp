@@ -123,10 +123,12 @@ void TPriceEditorRecord::SymbolUpdate(Pointer, Pointer) {
     if (FSubItem == nullptr || FSubItem->GetStatus() != ItemStatus::Ready) return;
     const TRun run(*this);
     const TCustomSubItem& item = *FSubItem;
+    const String symbol = FSymbol;
     Unsubscribe();
     TakeTable(item);
     if (FSpread != nullptr) SpreadUpdate(nullptr, nullptr);
-    FDisplayRatio = DisplayRatioOf(item);
+    // Else the form has chosen another product inside.
+    if (FSymbol == symbol) FDisplayRatio = DisplayRatioOf(item);
 }
 
 void TPriceEditorRecord::TakeTable(const TCustomSubItem& item) {

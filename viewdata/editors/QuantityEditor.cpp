@@ -81,21 +81,23 @@ void TQuantityEditorRecord::ShowWholeNumbers() {
 }
 
 void TQuantityEditorRecord::Reset(TcxSpinEdit& Editor, StringView GroupID) {
+    const TRun run(*this);
+    const String group(GroupID); // the text may be the form's, which hears of a rounded value
     if (FEditor != nullptr) VisitEvents(*FEditor, TGiveBackEvents());
     FFocusEnter = false;
     Unsubscribe();
     FSymbol.clear();
+    VisitEvents(Editor, TSaveEvents());
     FEditor = &Editor;
+    FGroupID = group;
     TcxSpinEditProperties& properties = Editor.Properties();
     properties.SetIncrement(OneUnit);
     FIncrement = OneUnit;
     properties.SetMinValue(0.0);
     properties.SetMaxValue(static_cast<Double>(MaxQuantity));
-    ShowWholeNumbers();
     properties.SetUseDisplayFormatWhenEditing(true);
-    FGroupID = GroupID;
-    VisitEvents(Editor, TSaveEvents());
-    VisitEvents(Editor, TInstallEvents());
+    ShowWholeNumbers();
+    if (FEditor != nullptr) VisitEvents(*FEditor, TInstallEvents());
 }
 
 void TQuantityEditorRecord::SetEnableMouseWheelQty(Boolean Value) {
@@ -108,12 +110,14 @@ void TQuantityEditorRecord::SetEnableMouseWheelQty(Boolean Value) {
 void TQuantityEditorRecord::SetSymbol(StringView Value) {
     if (FSymbol == Value) return;
     const TRun run(*this);
-    FSymbol = Value;
+    const String symbol(Value);
+    FSymbol = symbol;
     Unsubscribe();
     TCustomSubscribeAdapter& feed = *TCustomSubscribeAdapter::GetInstance();
-    TCustomSubItem* item = feed.GetSubItem(FSymbol, LiveDataType, /*Flag=*/false);
+    TCustomSubItem* item = feed.GetSubItem(symbol, LiveDataType, /*Flag=*/false);
     if (FEditor != nullptr) ShowWholeNumbers();
-    if (item == nullptr) return;
+    // Rounding a fraction has called the form, which may have chosen another product.
+    if (item == nullptr || FEditor == nullptr || FSymbol != symbol) return;
     if (item->GetStatus() == ItemStatus::Ready) {
         TakeProduct(*item);
         return;
@@ -214,7 +218,7 @@ void TQuantityEditorRecord::QtyKeyPress(TObject* Sender, Char& Key) {
         default: break;
         }
     }
-    if (FOnKeyPress) FOnKeyPress(Sender, Key);
+    if (FEditor != nullptr && FOnKeyPress) FOnKeyPress(Sender, Key);
 }
 
 void TQuantityEditorRecord::QtyKeyDown(TObject* Sender, Word& Key, TShiftState Shift) {

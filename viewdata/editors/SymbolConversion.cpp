@@ -10,6 +10,7 @@
 #include <array>
 #include <cstring>
 #include <exception>
+#include <functional>
 #include <string>
 
 namespace quorin {
@@ -80,9 +81,13 @@ String ConvertedSymbol(TConvertSymbol convert, StringView symbol) {
     char* answer = buffer.data();
     convert(bytes.c_str(), &answer);
     if (answer == nullptr) return String(symbol);
-    // A text of the library's own ends where it ends; the buffer is never left.
+    // A text of the library's own ends where it ends; the buffer is never left, wherever in it the
+    // answer begins.
+    const std::less<const char*> isBefore;
+    const char* const end = buffer.data() + BufferSize;
+    const Boolean isOwn = isBefore(answer, buffer.data()) || !isBefore(answer, end);
     const std::size_t length =
-        answer == buffer.data() ? strnlen(answer, BufferSize) : std::strlen(answer);
+        isOwn ? std::strlen(answer) : strnlen(answer, static_cast<std::size_t>(end - answer));
     return length == 0 ? String(symbol) : TextOf(answer, length);
 }
 

@@ -32,7 +32,7 @@ TCustomSubItem* KnownItem(StringView symbol) {
 
 } // namespace
 
-TSymbolEditorRecord::TSymbolEditorRecord() {
+TSymbolEditorRecord::TSymbolEditorRecord(TEditorManager& Manager) : FManager(Manager) {
     TCustomGlobalChannelManager::GetInstance()->RegisterChannelCallback(
         Channel::CurrentSymbol, MakeEvent<&TSymbolEditorRecord::UpdateCopySymbol>(this), this);
     TCustomLanguageManager::GetInstance()->RegisterLanguageCallback(
@@ -94,21 +94,18 @@ void TSymbolEditorRecord::Reset(TcxPopupEdit& Editor, StringView GroupID) {
     RegisterGroup();
     SizePopup(Editor, ListSize);
     VisitEvents(Editor, TInstallEvents());
-    if (FSymbolListView == nullptr) RequestListView();
+    if (FSymbolListView.Control() == nullptr) RequestListView();
     if (FEditor == nullptr) return;
-    FEditor->Properties().SetPopupControl(FSymbolListView);
+    FEditor->Properties().SetPopupControl(FSymbolListView.Control());
     FCurrentText = FEditor->Text();
     TakeOverSharedValue();
 }
 
 void TSymbolEditorRecord::RequestListView() {
-    TListViewRequestRecord request;
     using THandler = void (TSymbolEditorRecord::*)(Pointer, Pointer);
-    request.Callback =
-        MakeEvent<static_cast<THandler>(&TSymbolEditorRecord::HandleSelectSymbol)>(this);
-    TCustomGlobalChannelManager::GetInstance()->SendChannelMessage(
-        ChannelMessage::CreateSymbolListView, Pointer(&request));
-    FSymbolListView = request.Result;
+    FSymbolListView.Request(
+        ChannelMessage::CreateSymbolListView,
+        MakeEvent<static_cast<THandler>(&TSymbolEditorRecord::HandleSelectSymbol)>(this));
 }
 
 // A field that has a value gives it to an empty group and takes the group's value otherwise; one
@@ -145,7 +142,7 @@ String TSymbolEditorRecord::CodeOf(StringView text) const {
     if (TryParseInteger(code, number) && code.size() < NumberLength) {
         code.insert(0, NumberLength - code.size(), u'0');
     }
-    return TEditorManager::GetInstance()->GetConvertSymbol(code);
+    return FManager.GetConvertSymbol(code);
 }
 
 void TSymbolEditorRecord::ValidateSymbol() {
@@ -174,6 +171,7 @@ void TSymbolEditorRecord::AwaitName(const String& symbol) {
 
 void TSymbolEditorRecord::ApplySymbol(StringView Symbol) {
     if (FEditor == nullptr) return;
+    const TRun run(*this);
     const String symbol(Symbol); // the text may be the widget's own
     const String name = NameOf(symbol);
     String currency = CurrencyOf(symbol);
@@ -250,14 +248,15 @@ void TSymbolEditorRecord::MarketDataExchangeUpdate(Pointer, Pointer) {
 void TSymbolEditorRecord::SymbolKeyDown(TObject* Sender, Word& Key, TShiftState Shift) {
     const TRun run(*this);
     if (Key == Key::Return) ValidateSymbol();
-    if (FOnKeyDown) FOnKeyDown(Sender, Key, Shift);
+    if (FEditor != nullptr && FOnKeyDown) FOnKeyDown(Sender, Key, Shift);
 }
 
 void TSymbolEditorRecord::SymbolExit(TObject* Sender) {
     const TRun run(*this);
     FFocusEnter = false;
     ValidateSymbol();
-    if (FEditor != nullptr) FEditor->SetSelStart(0);
+    if (FEditor == nullptr) return;
+    FEditor->SetSelStart(0);
     if (FOnExit) FOnExit(Sender);
 }
 

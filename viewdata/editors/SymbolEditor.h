@@ -6,14 +6,16 @@
 
 namespace quorin {
 
+class TEditorManager;
+
 // A symbol field: takes what was typed or picked, makes a code of it, shows the code with its
 // currency and name, and shares it with the other fields of its group. The widget's hint holds the
 // bare code, its text the display. No text is refused: an unknown code shows bare.
 class TSymbolEditorRecord : public TEditorRecord {
     QUORIN_CLASS(TSymbolEditorRecord, TEditorRecord)
 
-    // Has no field before Reset.
-    TSymbolEditorRecord();
+    // Has no field before Reset. The manager converts its symbols.
+    explicit TSymbolEditorRecord(TEditorManager& Manager);
     ~TSymbolEditorRecord() override { Unhook(); }
 
     // Binds the record to a widget and a group anew and takes over the group's value.
@@ -41,8 +43,8 @@ protected:
     void SymbolEnter(TObject* Sender);
     void SymbolClick(TObject* Sender);
 
-    TcxPopupEdit* FEditor = nullptr;     // not owned
-    TControl* FSymbolListView = nullptr; // the application's
+    TcxPopupEdit* FEditor = nullptr; // not owned
+    TFieldListView FSymbolListView;
     String FGroupID;
     TKeyEvent FOnKeyDown;
     TNotifyEvent FOnExit;
@@ -68,6 +70,8 @@ private:
     void ValidateHint();
     String CodeOf(StringView text) const;
     void AwaitName(const String& symbol);
+
+    TEditorManager& FManager;
 };
 
 } // namespace quorin

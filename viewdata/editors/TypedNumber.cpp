@@ -1,11 +1,13 @@
 #include "viewdata/editors/TypedNumber.h"
 
 #include "platform/rtl/Numbers.h"
-#include "platform/rtl/Text.h"
 
 namespace quorin {
 
 namespace {
+
+constexpr Char GroupMark = u',';
+constexpr std::size_t GroupLength = 3;
 
 Int64 WholeNumber(StringView digits, TTypedWidth width) {
     Integer narrow = 0;
@@ -14,18 +16,21 @@ Int64 WholeNumber(StringView digits, TTypedWidth width) {
     return TryParseInt64(digits, wide) ? wide : 0;
 }
 
-// Digit by digit: a Double would not hold every one of 64 bits.
-String Grouped(StringView digits, TTypedWidth width) {
-    const String plain = ReplaceAll(digits, u",", u"");
-    const String text = IntegerToText(WholeNumber(plain, width));
-    const bool isNegative = text.front() == u'-';
-    String grouped;
-    for (std::size_t place = isNegative ? 1 : 0; place < text.size(); ++place) {
-        const std::size_t left = text.size() - place;
-        if (!grouped.empty() && left % 3 == 0) grouped += u',';
-        grouped += text[place];
+// The number that the digits spell, with group marks. Digit by digit: a Double would not hold every
+// one of 64 bits.
+void AppendGrouped(String& text, StringView typed, TTypedWidth width) {
+    String digits;
+    digits.reserve(typed.size());
+    for (const Char unit : typed) {
+        if (unit != GroupMark) digits += unit;
     }
-    return isNegative ? u'-' + grouped : grouped;
+    std::size_t first = text.size();
+    AppendInteger(text, WholeNumber(digits, width));
+    if (text[first] == u'-') ++first;
+    for (std::size_t place = text.size(); place > first + GroupLength;) {
+        place -= GroupLength;
+        text.insert(place, 1, GroupMark);
+    }
 }
 
 } // namespace
@@ -36,8 +41,10 @@ bool GroupTypedNumber(StringView typed, TTypedWidth width, String& text) {
     if (typed.empty()) return false;
     const std::size_t point = typed.find(u'.');
     const StringView whole = typed.substr(0, point);
-    text = isNegative ? u"-" : u"";
-    if (!whole.empty()) text += Grouped(whole, width);
+    text.clear();
+    text.reserve(2 * typed.size() + 1); // marks are never more than digits
+    if (isNegative) text += u'-';
+    if (!whole.empty()) AppendGrouped(text, whole, width);
     if (point != StringView::npos) text += typed.substr(point);
     return true;
 }

@@ -1,3 +1,4 @@
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/position/PositionAttributes.h"
 #include "viewdata/position/PositionDataControl.h"

@@ -1,10 +1,10 @@
 #include "viewdata/position/PositionDataControl.h"
 
 #include "platform/rtl/Text.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/Settings.h"
 #include "viewdata/position/PositionRecipes.h"
 #include "viewdata/services/ConfigKeys.h"
-#include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/MarketAdapter.h"
 #include "viewdata/services/OrderAdapter.h"
@@ -42,7 +42,7 @@ TCustomPositionDataControl::TCustomPositionDataControl(TComponent* AOwner)
         MakeEvent<&TCustomPositionDataControl::PositionMarketDataUpdate>(this), this);
     TCustomMarketAdapter::GetInstance()->AddSpreadListener(
         MakeEvent<&TCustomPositionDataControl::SpreadUpdate>(this), this);
-    TCustomCurrencyAdapter::GetInstance()->AddCurrencyRatioCallback(
+    Currencies().AddCurrencyRatioCallback(
         MakeEvent<&TCustomPositionDataControl::CurrencyRatioUpdate>(this), this);
     ReadSettlementMarkets();
     FT1SettlementIncludeDWQty = ReadFlag(ConfigKey::IncludeStockSIMaxSell);
@@ -55,7 +55,7 @@ TCustomPositionDataControl::~TCustomPositionDataControl() {
     positions.RemovePositionMarketDataCallback(this);
     positions.RemovePositionCallback(FAccount, this);
     TCustomMarketAdapter::GetInstance()->RemoveSpreadListener(this);
-    TCustomCurrencyAdapter::GetInstance()->RemoveCurrencyRatioCallback(this);
+    Currencies().RemoveCurrencyRatioCallback(this);
     FDataList.Clear();
     FDataDictionary.Clear();
 }

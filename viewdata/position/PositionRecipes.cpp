@@ -2,8 +2,8 @@
 
 #include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/ServiceTexts.h"
-#include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/Formatter.h"
 
@@ -64,10 +64,6 @@ String TradingExchange(const TCustomPositionData& record) {
 Double InBaseCurrency(const TCustomPositionData& record, Double value) {
     const String currency = CurrencyCode(record);
     return currency.empty() ? value : value * RatioOf(currency);
-}
-
-Double RatioOf(StringView currency) {
-    return TCustomCurrencyAdapter::GetInstance()->GetCurrencyRatio(currency);
 }
 
 String ExpiryText(const TCustomPositionData& record) {

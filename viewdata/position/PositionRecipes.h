@@ -62,7 +62,6 @@ String TradingExchange(const TCustomPositionData& record);
 
 // The value in the base currency; as it is for a product without a currency.
 Double InBaseCurrency(const TCustomPositionData& record, Double value);
-Double RatioOf(StringView currency);
 
 // When a future or option expires; empty where it does not say.
 String ExpiryText(const TCustomPositionData& record);

@@ -1,29 +1,21 @@
 #include "viewdata/positionview/PositionViewDataControl.h"
 
 #include "platform/rtl/Text.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/Settings.h"
 #include "viewdata/position/PositionRecipes.h"
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/ChinaConnect.h"
 #include "viewdata/services/ConfigKeys.h"
-#include "viewdata/services/CurrencyAdapter.h"
 #include "viewdata/services/FieldNumbers.h"
 #include "viewdata/services/PositionAdapter.h"
 #include "viewdata/services/ProductAdapter.h"
 
 namespace quorin {
 
-namespace {
-
-TCustomAccount* FindAccount(StringView code) {
-    return TCustomAccountAdapter::GetInstance()->GetAccount(code, /*Flag=*/true);
-}
-
-} // namespace
-
 TPositionViewDataControl::TPositionViewDataControl(TComponent* AOwner)
     : TCustomPositionDataControl(AOwner) {
-    TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    TCustomAccountAdapter& accounts = Accounts();
     if (TCustomProductAdapter* products = TCustomProductAdapter::GetInstance()) {
         products->AddProductMarginRatioCallback(
             MakeEvent<&TPositionViewDataControl::ProductMarginRatioUpdate>(this), this);
@@ -35,14 +27,14 @@ TPositionViewDataControl::TPositionViewDataControl(TComponent* AOwner)
     accounts.AddSubAccountLoadCallback(
         MakeEvent<&TPositionViewDataControl::SubAccountLoadUpdate>(this), this);
     FLoadAccountStatus = ReadFlag(ConfigKey::LoadAcctStatus);
-    FConvertCurrency = TCustomCurrencyAdapter::GetInstance()->GetBaseCurrency();
+    FConvertCurrency = Currencies().GetBaseCurrency();
 }
 
 TPositionViewDataControl::~TPositionViewDataControl() {
     OnDataChanged = nullptr;
     FOnSummaryDataChanged = nullptr;
     FOnAccountInfoUpdate = nullptr;
-    TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    TCustomAccountAdapter& accounts = Accounts();
     if (TCustomProductAdapter* products = TCustomProductAdapter::GetInstance()) {
         products->RemoveProductMarginRatioCallback(this);
     }
@@ -79,7 +71,7 @@ void TPositionViewDataControl::SetAccount(StringView Account) {
     if (FAccount == Account) return;
     const String account(Account); // the text may belong to what goes now
     TCustomPositionAdapter& positions = *TCustomPositionAdapter::GetInstance();
-    TCustomAccountAdapter& accounts = *TCustomAccountAdapter::GetInstance();
+    TCustomAccountAdapter& accounts = Accounts();
     const std::uint32_t move = ++FMoves;
     positions.ChangePositionAccount(
         account, MakeEvent<&TPositionViewDataControl::PositionUpdate>(this), this, FAccount);
@@ -122,7 +114,7 @@ void TPositionViewDataControl::InitAggregateAccountList() {
     FSubAccountList.Clear();
     if (FAccount.empty() || !FAggregated) return;
     if (MasterAccount() != nullptr) {
-        TCustomAccountAdapter::GetInstance()->GetSubAccountList(FAccount, FSubAccountList);
+        Accounts().GetSubAccountList(FAccount, FSubAccountList);
     } else {
         FAggregated = false;
         TCustomPositionAdapter::GetInstance()->RemoveAggregatePositionCallback(FAccount, this);
@@ -186,7 +178,7 @@ Boolean TPositionViewDataControl::CheckNeedUpdateSubAccountList(const TAccountDi
         if (account == nullptr || !account->IsSubAccount()) continue;
         if (account->GetMasterAccount() != FAccount) continue;
         FSubAccountList.Clear();
-        TCustomAccountAdapter::GetInstance()->GetSubAccountList(FAccount, FSubAccountList);
+        Accounts().GetSubAccountList(FAccount, FSubAccountList);
         return true;
     }
     return false;

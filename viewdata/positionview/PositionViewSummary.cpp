@@ -1,7 +1,7 @@
 #include "platform/rtl/Text.h"
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/positionview/PositionViewDataControl.h"
-#include "viewdata/services/AccountAdapter.h"
 
 namespace quorin {
 
@@ -60,8 +60,8 @@ void AddMarginType(String& line, Integer type, const String& groupID) {
 }
 
 Boolean IsProfessionalInvestor(const TCustomAccount& account) {
-    const String value = TCustomAccountAdapter::GetInstance()->GetCustomAccountValue(
-        CustomAccountInfoSection, ProfessionalInvestorKey);
+    const String value =
+        Accounts().GetCustomAccountValue(CustomAccountInfoSection, ProfessionalInvestorKey);
     return Trim(account.GetProfessionalFlag(value)) == IsProfessional;
 }
 
@@ -84,8 +84,7 @@ void AddLine(String& text, const String& line) {
 String TPositionViewDataControl::GetAccountInfo(String& Status) {
     Status.clear();
     if (FAccount.empty()) return String();
-    const TCustomAccount* account =
-        TCustomAccountAdapter::GetInstance()->GetAccount(FAccount, /*Flag=*/true);
+    const TCustomAccount* account = FindAccount(FAccount);
     if (account == nullptr) return String();
     Status = InterfaceText(ResourceKey::Res_Status) + u": " + StatusWord();
     String text = NameLine(*account);
@@ -118,8 +117,7 @@ String TPositionViewDataControl::KindLine(const TCustomAccount& account) const {
 
 String TPositionViewDataControl::GetPrincipalType(TCustomPositionData* Position) {
     if (Position == nullptr || Position->GetSide() == TPositionSide::Net) return String();
-    const TCustomAccount* account =
-        TCustomAccountAdapter::GetInstance()->GetAccount(FAccount, /*Flag=*/false);
+    const TCustomAccount* account = Accounts().GetAccount(FAccount, /*Flag=*/false);
     if (account == nullptr) return String();
     const String& type = account->GetPrincipalType();
     if (type == PrincipalType::Arbitrage) {

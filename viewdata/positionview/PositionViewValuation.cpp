@@ -1,9 +1,9 @@
+#include "viewdata/frame/AccountLookups.h"
 #include "viewdata/position/PositionRecipes.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
 #include "viewdata/positionview/PositionViewDataControl.h"
 #include "viewdata/positionview/PositionViewPin.h"
 #include "viewdata/positionview/PricingRules.h"
-#include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/ChinaConnect.h"
 #include "viewdata/services/PositionAdapter.h"
 #include "viewdata/services/ProductAdapter.h"
@@ -77,8 +77,7 @@ Double TPositionViewDataControl::GetLastQty(TCustomPositionData* Position) {
 Boolean TPositionViewDataControl::GetProductMargin(TCustomPositionData* Position, Double& Ratio) {
     if (Position == nullptr) return false;
     const TPin pin(*this);
-    const TCustomAccount* account =
-        TCustomAccountAdapter::GetInstance()->GetAccount(Position->GetAccount(), /*Flag=*/true);
+    const TCustomAccount* account = FindAccount(Position->GetAccount());
     if (account == nullptr || account->GetMarginType() != MarginType::Margin) return false;
     const TCustomProductData* product = FindProduct(*Position);
     if (product == nullptr || !product->HasMarginRatio()) return false;

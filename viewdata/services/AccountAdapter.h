@@ -24,8 +24,8 @@ public:
     // Accounts that GetAccountByIndex serves; 0 until the list is ready.
     virtual Integer GetAccountCount() const = 0;
     virtual Boolean IsAccountKnown(StringView Account) const = 0;
-    // A sub-account of the master `Account` changed, or has left it. `Sender`: TAccountDictionary of what changed,
-    // or nil. `Reserved` is nil.
+    // A sub-account of the master `Account` changed, or has left it. `Sender`: TAccountDictionary
+    // of what changed, or nil. `Reserved` is nil.
     virtual void AddSubAccountCallback(StringView Account, const TDataCallbackEvent& Callback,
                                        TObject* Owner, Pointer Reserved) = 0;
     virtual void RemoveSubAccountCallback(StringView Account, TObject* Owner) = 0;
@@ -37,6 +37,7 @@ public:
     virtual void RemoveAccountReadyCallback(TObject* Owner) = 0;
     virtual Boolean IsAccountReady() const = 0;
 
+    // Nil outside.
     virtual TCustomAccount* GetAccountByIndex(Integer Index) const = 0;
     // Nil for an unknown code and for the empty one. With `Flag` the service also loads details
     // that it lacks, for a later delivery; without it the call only reads what is there.

@@ -35,6 +35,10 @@ inline constexpr StringView QtyDecimal = u"QtyDecimal";                     // R
 inline constexpr StringView DefaultDecimal = u"DefaultDecimal";             // ReadBool
 inline constexpr StringView CurrencyDecimal = u"CurrencyDecimal";           // ReadBool
 
+// Files that views are saved as.
+inline constexpr StringView CsvByteOrderMark = u"CsvByteOrderMark"; // ReadBool
+inline constexpr StringView CsvGuardFormula = u"CsvGuardFormula";   // ReadBool
+
 // Orders and positions.
 inline constexpr StringView ConfirmationPlaceOrd = u"ConfirmationPlaceOrd";           // ReadBool
 inline constexpr StringView ConfirmationClosePosition = u"ConfirmationClosePosition"; // ReadBool

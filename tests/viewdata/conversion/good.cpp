@@ -13,6 +13,8 @@ extern "C" void ConvertSymbol(const char* orisymbol, char** Return) {
         (*Return)[longest] = '\0';
     } else if (std::strcmp(orisymbol, "ENDLESS") == 0) {
         std::memset(*Return, 'E', longest + 1);
+    } else if (std::strcmp(orisymbol, "INSIDE") == 0) {
+        std::memset(++*Return, 'I', longest);
     } else if (std::strcmp(orisymbol, "OWN") == 0) {
         *Return = own;
     } else if (std::strcmp(orisymbol, "NULL") == 0) {

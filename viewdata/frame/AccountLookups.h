@@ -5,6 +5,8 @@
 
 namespace quorin {
 
+// What several view models ask about accounts and currencies.
+
 // The total record of an account is under the empty currency code.
 inline constexpr StringView TotalRecord = {};
 
@@ -19,6 +21,11 @@ inline TCustomCurrencyAdapter& Currencies() {
 // Nil for the empty code and an unknown one; details that are missing are loaded for later.
 inline TCustomAccount* FindAccount(StringView code) {
     return Accounts().GetAccount(code, /*Flag=*/true);
+}
+
+// Turns an amount in that currency into the base currency; 0.0 when it is not known.
+inline Double RatioOf(StringView currency) {
+    return Currencies().GetCurrencyRatio(currency);
 }
 
 } // namespace quorin

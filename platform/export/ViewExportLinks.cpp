@@ -1,0 +1,72 @@
+#include "platform/export/ViewExportLinks.h"
+
+#include "platform/export/Exporters.h"
+#include "platform/export/ViewTables.h"
+#include "platform/rtl/Utf.h"
+
+namespace quorin {
+
+namespace {
+
+std::filesystem::path Target(const String& fileName, StringView fileExt) {
+    std::filesystem::path target = ToUtf8(fileName);
+    if (target.has_filename() && !target.has_extension()) target += "." + ToUtf8(fileExt);
+    return target;
+}
+
+// A separator of several characters is none that the format knows: its first one counts.
+TCsvOptions CsvOptions(StringView separator, const TcxCsvExportOptions& options) {
+    TCsvOptions csv;
+    if (!separator.empty()) csv.Separator = separator.front();
+    csv.ByteOrderMark = options.ByteOrderMark;
+    csv.GuardFormula = options.GuardFormula;
+    return csv;
+}
+
+} // namespace
+
+void TViewExportLinks::ExportGridToCSV(const String& fileName, TcxGrid& grid, Boolean expand,
+                                       Boolean saveAll, StringView separator, StringView fileExt,
+                                       TExportProgressEvent handler, TcxExportEncoding,
+                                       const TcxCsvExportOptions& options) {
+    TGridExportTable table(grid, {expand, saveAll});
+    ExportToCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
+}
+
+void TViewExportLinks::ExportGridToExcel(const String& fileName, TcxGrid& grid, Boolean expand,
+                                         Boolean saveAll, Boolean useNativeFormat,
+                                         StringView fileExt, TExportProgressEvent handler) {
+    TGridExportTable table(grid, {expand, saveAll, useNativeFormat});
+    ExportToXls(Target(fileName, fileExt), table, handler);
+}
+
+void TViewExportLinks::ExportGridToXLSX(const String& fileName, TcxGrid& grid, Boolean expand,
+                                        Boolean saveAll, Boolean useNativeFormat,
+                                        StringView fileExt, TExportProgressEvent handler) {
+    TGridExportTable table(grid, {expand, saveAll, useNativeFormat});
+    ExportToXlsx(Target(fileName, fileExt), table, handler);
+}
+
+void TViewExportLinks::cxExportTLToCSV(const String& fileName, TcxVirtualTreeList& tree,
+                                       Boolean expand, Boolean saveAll, StringView separator,
+                                       StringView fileExt, TExportProgressEvent handler,
+                                       TcxExportEncoding, const TcxCsvExportOptions& options) {
+    TTreeExportTable table(tree, {expand, saveAll});
+    ExportToCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
+}
+
+void TViewExportLinks::cxExportTLToExcel(const String& fileName, TcxVirtualTreeList& tree,
+                                         Boolean expand, Boolean saveAll, Boolean useNativeFormat,
+                                         StringView fileExt, TExportProgressEvent handler) {
+    TTreeExportTable table(tree, {expand, saveAll, useNativeFormat});
+    ExportToXls(Target(fileName, fileExt), table, handler);
+}
+
+void TViewExportLinks::cxExportTLToXLSX(const String& fileName, TcxVirtualTreeList& tree,
+                                        Boolean expand, Boolean saveAll, Boolean useNativeFormat,
+                                        StringView fileExt, TExportProgressEvent handler) {
+    TTreeExportTable table(tree, {expand, saveAll, useNativeFormat});
+    ExportToXlsx(Target(fileName, fileExt), table, handler);
+}
+
+} // namespace quorin

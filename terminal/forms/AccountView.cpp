@@ -1,0 +1,46 @@
+#include "terminal/forms/AccountView.h"
+
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/AccountAdapter.h"
+
+namespace quorin {
+
+TAccountView::TAccountView() {
+    TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
+        MakeEvent<&TAccountView::AccountsReady>(this), &FOwner);
+}
+
+TAccountView::~TAccountView() {
+    TCustomAccountAdapter::GetInstance()->RemoveAccountReadyCallback(&FOwner);
+}
+
+void TAccountView::ShowAccount(StringView account) {
+    FAccount = account;
+    SetAccount(FAccount);
+    SumIfWanted();
+}
+
+void TAccountView::ShowSums() {
+    FWantsSums = true;
+    SumIfWanted();
+}
+
+void TAccountView::SumIfWanted() {
+    if (FWantsSums && !Aggregated()) SetAggregate();
+}
+
+// A control reads what it must know of an account when it is chosen.
+void TAccountView::AccountsReady(Pointer, Pointer) {
+    SetAccount({});
+    SetAccount(FAccount);
+    SumIfWanted();
+}
+
+String AccountTitle(StringView account, Boolean isAggregated) {
+    String title(account);
+    if (isAggregated) title += u"  " + InterfaceText(TerminalKey::Res_Aggregated);
+    return title;
+}
+
+} // namespace quorin

@@ -1,0 +1,55 @@
+#include "terminal/forms/CashTreeForm.h"
+
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/account/AccountAttributes.h"
+#include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/CurrencyAdapter.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quorin {
+
+namespace {
+
+namespace A = AccountAttribute;
+
+constexpr Integer Figures[] = {A::AccountCode, A::HolderName, A::Currency,
+                               A::Cash,        A::HeldCash,   A::AvailableCash,
+                               A::MarketValue, A::TotalPL,    A::Value9028};
+constexpr Integer TextFigures[] = {A::AccountCode, A::AccountTag, A::HolderName, A::Currency};
+
+} // namespace
+
+TCashTreeForm::TCashTreeForm() {
+    Bind<TCashTreeControl>(TcxTreeShape::Children);
+    const std::vector<TFormColumn> columns = AccountColumns(Figures);
+    SetColumns(columns);
+    for (const TFormColumn& column : columns) {
+        View().AddColumn(column.Attribute).SetWidth(column.Width);
+    }
+    UpdateCaptions();
+    // Names the currency of the totals, which are never converted.
+    Tree().SetCurrency(TCustomCurrencyAdapter::GetInstance()->GetBaseCurrency());
+}
+
+void TCashTreeForm::ShowAll() {
+    FShowsAll = true;
+    static_cast<TCustomAccountCashDataControl&>(Tree()).MonitorAllAccount();
+}
+
+bool TCashTreeForm::IsText(Integer attribute) const {
+    return std::find(std::begin(TextFigures), std::end(TextFigures), attribute) !=
+           std::end(TextFigures);
+}
+
+String TCashTreeForm::Title() {
+    return FShowsAll ? InterfaceText(TerminalKey::Res_AllAccounts)
+                     : AccountTitle(Tree().Account(), Tree().Aggregated());
+}
+
+String TCashTreeForm::ColumnText(Integer tag) {
+    return Tree().GetResourceHeader(tag);
+}
+
+} // namespace quorin
