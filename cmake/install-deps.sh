@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [desktop] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
+# install-deps.sh [build] [bench] [desktop] [readers] [clang]: installs what these groups need and the machine
+# lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
 
@@ -53,6 +54,11 @@ check_desktop() {
         "/usr/share/fonts/truetype/wqy/*" "/usr/share/fonts/*/noto/NotoSansCJK*"
 }
 
+# What the benchmarks measure against beside what is built with.
+check_bench() {
+    need_headers <<<'qt6/QtCore/qsortfilterproxymodel.h qt6-base-dev'
+}
+
 # What the tests read workbooks back with, for Debian's own Python.
 check_readers() {
     local module
@@ -76,6 +82,7 @@ for group in "$@"; do
     case "$group" in
         build) check_build ;;
         desktop) check_desktop ;;
+        bench) check_bench ;;
         readers) check_readers ;;
         clang) check_clang ;;
         *)

@@ -18,10 +18,8 @@ void TcxCustomDataSource::DataChanged() {
     if (FProvider != nullptr) FProvider->DataController().DataChanged();
 }
 
-void TcxCustomDataSource::RecordsChanged(std::span<const Integer> records) {
-    if (TcxCustomDataController* controller = GetDataController()) {
-        controller->RecordsChanged(records);
-    }
+bool TcxCustomDataSource::ChangedRecords(TList<Integer>&) {
+    return false;
 }
 
 } // namespace quorin

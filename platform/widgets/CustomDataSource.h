@@ -38,8 +38,10 @@ class TcxCustomDataSource : public TObject {
     // Counts, handles and values have changed: the view forgets what it holds and fetches again
     // with its next paint. Does nothing without a view.
     virtual void DataChanged();
-    // The values of these records have changed, while counts and handles stay.
-    void RecordsChanged(std::span<const Integer> records);
+    // Which records the change is about that DataChanged is telling of: adds their indexes to
+    // `records`. False, with `records` as they were, where anything else may have changed; the base
+    // answers that.
+    virtual bool ChangedRecords(TList<Integer>& records);
 
     // The data controller of the attached view; nil without one.
     TcxCustomDataController* GetDataController() const {

@@ -39,7 +39,28 @@ void TcxCustomDataController::RemoveItem(TComponent* item) {
 
 void TcxCustomDataController::DataChanged() {
     ++FCounters.Changes;
-    Forget();
+    if (!KeepsChangedRecords()) {
+        Forget();
+        return;
+    }
+    FIsStale = true;
+    FNeedsRepaint = true;
+}
+
+// More names than records: a view that nobody looks at does better with all of them at once.
+bool TcxCustomDataController::KeepsChangedRecords() {
+    if (!FFollowsRecords || FSource == nullptr) return false;
+    return FSource->ChangedRecords(FChangedRecords) && FChangedRecords.Count() <= FRecordCount;
+}
+
+void TcxCustomDataController::UnfollowRecords() {
+    FFollowsRecords = false;
+    FChangedRecords.Clear();
+}
+
+void TcxCustomDataController::TakeChangedRecords(TList<Integer>& records) {
+    records.Clear();
+    std::swap(records, FChangedRecords);
 }
 
 void TcxCustomDataController::Refresh() {
@@ -47,17 +68,12 @@ void TcxCustomDataController::Refresh() {
     FNeedsRepaint = true;
 }
 
-void TcxCustomDataController::RecordsChanged(std::span<const Integer> records) {
-    ++FCounters.Changes;
-    FNeedsRepaint = true;
-    FChangedRecords.insert(FChangedRecords.end(), records.begin(), records.end());
-}
-
 void TcxCustomDataController::EndUpdate() {
     FUpdates = std::max(FUpdates - 1, 0);
 }
 
 void TcxCustomDataController::Forget() {
+    UnfollowRecords();
     FIsStale = true;
     FNeedsRepaint = true;
     if (FOnForget) FOnForget(this);

@@ -4,9 +4,7 @@
 #include "platform/rtl/TList.h"
 #include "platform/rtl/Variant.h"
 
-#include <span>
 #include <utility>
-#include <vector>
 
 namespace quorin {
 
@@ -59,13 +57,11 @@ public:
     void AddItem(TComponent* item);
     void RemoveItem(TComponent* item);
 
-    // Counts, rows and values are no longer true. What was fetched is forgotten at once.
+    // Counts, rows and values are no longer true. What was fetched is forgotten at once, unless the
+    // view follows records and the source names those that have changed.
     virtual void DataChanged();
     // Rows stay, the values are shown again.
     virtual void Refresh();
-    // The values of these records have changed, and nothing else: rows that are sorted or filtered
-    // by them move at the next look.
-    void RecordsChanged(std::span<const Integer> records);
 
     // Number of records, asked for at the first look after a change; 0 without a source.
     Integer RecordCount();
@@ -84,9 +80,15 @@ public:
     const TcxFetchCounters& Counters() const { return FCounters; }
     // Raised when what was fetched has to be forgotten; the view drops its handles.
     void SetOnForget(const TNotifyEvent& event) { FOnForget = event; }
-    // Records that RecordsChanged has named since the last call; the view that sorts asks for them.
-    std::vector<Integer> TakeChangedRecords() { return std::exchange(FChangedRecords, {}); }
-    bool HasChangedRecords() const { return !FChangedRecords.empty(); }
+
+    // For a view whose rows depend on values: while it follows records, those that a change names
+    // are kept for it, and nothing is forgotten. A change that names none ends the following.
+    void FollowRecords() { FFollowsRecords = true; }
+    void UnfollowRecords();
+    bool HasChangedRecords() const { return !FChangedRecords.IsEmpty(); }
+    // Hands over what was named since the last call; some may stand twice. The memory of `records`
+    // is used for the next ones.
+    void TakeChangedRecords(TList<Integer>& records);
 
     // Between these two nothing asks for a repaint; what changed meanwhile asks once at the end.
     // They nest.
@@ -95,17 +97,19 @@ public:
 
 private:
     void Forget();
+    bool KeepsChangedRecords();
 
     TcxCustomDataSource* FSource = nullptr;
     TcxDataProvider FProvider{*this};
     TList<TComponent*> FItems;
     TNotifyEvent FOnForget;
     TcxFetchCounters FCounters;
-    std::vector<Integer> FChangedRecords;
+    TList<Integer> FChangedRecords;
     Integer FRecordCount = 0;
     Integer FUpdates = 0;
     bool FIsStale = true;
     bool FNeedsRepaint = true;
+    bool FFollowsRecords = false;
 };
 
 } // namespace quorin

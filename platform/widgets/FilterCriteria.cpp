@@ -27,7 +27,8 @@ public:
         FIsCriterionBlank = IsBlank(criterion);
         Double left = 0.0;
         Double right = 0.0;
-        if (value.TryToDouble(left) && criterion.TryToDouble(right)) {
+        const bool isNumeric = value.IsNumber() || criterion.IsNumber();
+        if (isNumeric && value.TryToDouble(left) && criterion.TryToDouble(right)) {
             FOrder = left < right ? -1 : left > right ? 1 : 0;
             return;
         }

@@ -55,8 +55,8 @@ class TcxFilterCriteriaItem : public TcxFilterCriteriaElement {
     const String& DisplayValue() const { return FDisplayValue; }
 
     // Whether a raw value passes. Numbers compare as numbers, also where one of the two is a text
-    // that spells one; everything else compares as text. Null is as empty text, which is equal to
-    // itself alone and neither less nor greater than anything.
+    // that spells one; two texts, and everything else, compare as text. Null is as empty text,
+    // which is equal to itself alone and neither less nor greater than anything.
     Boolean Passes(const Variant& value, Boolean caseInsensitive) const;
 
 private:

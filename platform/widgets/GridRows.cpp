@@ -1,7 +1,9 @@
 #include "platform/widgets/GridRows.h"
 
+#include "platform/rtl/ScopedValue.h"
 #include "platform/widgets/CustomDataSource.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quorin {
@@ -28,27 +30,38 @@ void TcxGridRows::OrderChanged(TObject*) {
     FController.InvalidatePaint();
 }
 
-// The marks go before anything is read: a value that is read may tell of the next change.
+// A value that is read may tell of the next change, so the marks go first; and somebody may look at
+// the rows inside, who sees them as far as they are made.
 void TcxGridRows::Ensure() {
+    if (FIsReading) return;
+    const TScopedValue<bool> reading(FIsReading, true);
     const Integer records = FController.RecordCount();
+    const bool isStale = std::exchange(FIsStale, false);
     if (!FIsBuilt || (!FIsPlain && records != FRecords)) {
         FIsBuilt = true;
-        FIsStale = false;
-        FController.TakeChangedRecords();
         BuildOrder(records);
-    } else if (std::exchange(FIsStale, false)) {
-        FController.TakeChangedRecords();
-        if (!FIsPlain) FOrder.UpdateAll(*this);
+    } else if (isStale && !FIsPlain) {
+        FController.FollowRecords();
+        FOrder.UpdateAll(*this);
     } else if (FController.HasChangedRecords()) {
-        const std::vector<Integer> changed = FController.TakeChangedRecords();
-        if (!FIsPlain) FOrder.Update(changed, *this);
+        MoveChanged();
     }
+}
+
+void TcxGridRows::MoveChanged() {
+    TBorrowed<TList<Integer>> changed(FChanged);
+    FController.TakeChangedRecords(*changed);
+    std::sort((*changed).begin(), (*changed).end());
+    const auto end = std::unique((*changed).begin(), (*changed).end());
+    FOrder.Update({(*changed).begin(), end}, *this);
 }
 
 void TcxGridRows::BuildOrder(Integer records) {
     FSorted = FColumns.Sorted();
     FIsPlain = FSorted.IsEmpty() && !FFilter.IsFiltering() && !FOnFind;
     FRecords = records;
+    FController.UnfollowRecords();
+    if (!FIsPlain) FController.FollowRecords();
     std::vector<bool> descending;
     for (const TcxViewColumn* column : FSorted) {
         descending.push_back(column->GetSortOrder() == soDescending);

@@ -29,6 +29,7 @@ public:
 private:
     void OrderChanged(TObject*);
     void VisibleColumnsChanged(TObject*);
+    void MoveChanged();
     void Ensure();
     void BuildOrder(Integer records);
     Variant Read(Integer record, const TcxViewColumn& column);
@@ -45,8 +46,10 @@ private:
     Integer FRecords = 0;  // of the order
     Integer FFiltered = 0; // the record that the filter is looking at
     bool FIsBuilt = false;
-    bool FIsPlain = true; // rows are records
+    TList<Integer> FChanged; // reused from change to change
+    bool FIsPlain = true;    // rows are records
     bool FIsStale = false;
+    bool FIsReading = false; // the order is being made
 };
 
 } // namespace quorin

@@ -18,6 +18,8 @@ void TcxRowOrder::Build(Integer records, std::vector<bool> descending, TcxRowSou
     FChunks.clear();
     FOrder.clear();
     FFree.clear();
+    FTaken.clear();
+    FCount = 0;
     std::vector<Integer> shown;
     for (Integer record = 0; record < records; ++record) {
         ReadKeys(record, source);
@@ -43,45 +45,47 @@ void TcxRowOrder::Build(Integer records, std::vector<bool> descending, TcxRowSou
 // All of them go before the first comes back: an order with a stale key in it can't be searched.
 void TcxRowOrder::Update(std::span<const Integer> records, TcxRowSource& source) {
     for (const Integer record : records) {
-        if (HasRecord(record)) TakeOut(record);
+        if (HasRecord(record)) Reread(record, source);
     }
-    for (const Integer record : records) {
-        if (!HasRecord(record) || FChunkOf[At(record)] != NotShown) continue; // named twice
-        ReadKeys(record, source);
-        if (source.Passes(record)) PutIn(record);
-    }
+    PutBack();
 }
 
 void TcxRowOrder::UpdateAll(TcxRowSource& source) {
-    std::vector<Integer> moved;
     const auto records = static_cast<Integer>(FChunkOf.size());
-    for (Integer record = 0; record < records; ++record) {
-        const bool wasShown = FChunkOf[At(record)] != NotShown;
-        bool isMoved = source.Passes(record) != wasShown;
-        for (std::size_t column = 0; column < FDescending.size(); ++column) {
-            TcxSortKey key = FKeys[At(record) * FDescending.size() + column];
-            isMoved |= key.Assign(source.SortValue(record, static_cast<Integer>(column)));
-        }
-        if (isMoved) moved.push_back(record);
-    }
-    Update(moved, source);
+    for (Integer record = 0; record < records; ++record) Reread(record, source);
+    PutBack();
 }
 
-void TcxRowOrder::ReadKeys(Integer record, TcxRowSource& source) {
+// A record that was hidden may have changed as it likes: only its coming and going counts.
+void TcxRowOrder::Reread(Integer record, TcxRowSource& source) {
+    const bool isMoved = ReadKeys(record, source);
+    const bool isShown = source.Passes(record);
+    const bool wasShown = FChunkOf[At(record)] != NotShown;
+    if (isShown == wasShown && !(isMoved && isShown)) return;
+    TakeOut(record);
+    if (isShown) FTaken.push_back(record);
+}
+
+void TcxRowOrder::PutBack() {
+    for (const Integer record : FTaken) {
+        if (FChunkOf[At(record)] == NotShown) PutIn(record); // else it was named twice
+    }
+    FTaken.clear();
+}
+
+// Whether the record has other keys now.
+bool TcxRowOrder::ReadKeys(Integer record, TcxRowSource& source) {
+    bool isOther = false;
     for (std::size_t column = 0; column < FDescending.size(); ++column) {
         TcxSortKey& key = FKeys[At(record) * FDescending.size() + column];
-        key.Assign(source.SortValue(record, static_cast<Integer>(column)));
+        isOther |= key.Assign(source.SortValue(record, static_cast<Integer>(column)));
     }
+    return isOther;
 }
 
 bool TcxRowOrder::IsBefore(Integer left, Integer right) const {
-    const std::size_t columns = FDescending.size();
-    for (std::size_t column = 0; column < columns; ++column) {
-        const TcxSortKey& key = FKeys[At(left) * columns + column];
-        const int order = key.Compare(FKeys[At(right) * columns + column], FDescending[column]);
-        if (order != 0) return order < 0;
-    }
-    return left < right;
+    const int order = TcxSortKey::CompareRows(FKeys, FDescending, left, right);
+    return order != 0 ? order < 0 : left < right;
 }
 
 void TcxRowOrder::TakeOut(Integer record) {

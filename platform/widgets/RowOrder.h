@@ -25,10 +25,10 @@ class TcxRowOrder {
 public:
     // Reads everything anew. One direction for each sort column; none keeps the records' order.
     void Build(Integer records, std::vector<bool> descending, TcxRowSource& source);
-    // Reads these records anew and puts them in their places. Records outside are ignored.
+    // Reads these records anew and moves those that have changed. Records outside are ignored, and
+    // one may be named twice.
     void Update(std::span<const Integer> records, TcxRowSource& source);
-    // Reads every record anew and moves those that have changed. The number of records must be
-    // that of Build.
+    // The same for every record.
     void UpdateAll(TcxRowSource& source);
 
     Integer Count() const { return FCount; }
@@ -38,7 +38,7 @@ public:
 
 private:
     static constexpr std::uint32_t NotShown = 0xFFFFFFFF;
-    static constexpr std::size_t MostRows = 512; // of a chunk
+    static constexpr std::size_t MostRows = 256; // of a chunk
 
     // A run of the order. Runs keep their number for life; their places change.
     struct TChunk {
@@ -48,7 +48,9 @@ private:
     };
 
     bool IsBefore(Integer left, Integer right) const;
-    void ReadKeys(Integer record, TcxRowSource& source);
+    bool ReadKeys(Integer record, TcxRowSource& source);
+    void Reread(Integer record, TcxRowSource& source);
+    void PutBack();
     void TakeOut(Integer record);
     void PutIn(Integer record);
     std::size_t PlaceFor(Integer record) const;
@@ -66,6 +68,7 @@ private:
     mutable std::vector<TChunk> FChunks;
     std::vector<std::uint32_t> FOrder; // numbers of chunks, place by place
     std::vector<std::uint32_t> FFree;
+    std::vector<Integer> FTaken; // out of the order, on their way to new places
     Integer FCount = 0;
     mutable bool FIsNumbered = true; // the chunks know their places and first rows
 };

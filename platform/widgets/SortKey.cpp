@@ -33,4 +33,16 @@ int TcxSortKey::Compare(const TcxSortKey& other, bool descending) const {
     return FNumber < other.FNumber ? -1 : 1;
 }
 
+int TcxSortKey::CompareRows(const std::vector<TcxSortKey>& keys,
+                            const std::vector<bool>& descending, Integer left, Integer right) {
+    const std::size_t columns = descending.size();
+    const TcxSortKey* leftKey = keys.data() + static_cast<std::size_t>(left) * columns;
+    const TcxSortKey* rightKey = keys.data() + static_cast<std::size_t>(right) * columns;
+    for (std::size_t column = 0; column < columns; ++column) {
+        const int order = leftKey[column].Compare(rightKey[column], descending[column]);
+        if (order != 0) return order;
+    }
+    return 0;
+}
+
 } // namespace quorin

@@ -2,6 +2,8 @@
 
 #include "platform/rtl/Variant.h"
 
+#include <vector>
+
 namespace quorin {
 
 // What a cell sorts by: numbers as numbers, before texts, which compare without regard to case.
@@ -14,6 +16,11 @@ public:
     // Below 0, 0 or above 0 as this key stands before, with or after the other one. Descending
     // swaps the two, except for blanks.
     int Compare(const TcxSortKey& other, bool descending) const;
+
+    // The same for two rows of a table of keys that has one key per sort column, row by row: the
+    // first column that tells them apart counts.
+    static int CompareRows(const std::vector<TcxSortKey>& keys, const std::vector<bool>& descending,
+                           Integer left, Integer right);
 
     friend bool operator==(const TcxSortKey&, const TcxSortKey&) = default;
 

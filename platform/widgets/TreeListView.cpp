@@ -2,12 +2,15 @@
 
 #include "platform/widgets/CustomDataSource.h"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace quorin {
 
 TcxVirtualTreeList::TcxVirtualTreeList(TComponent* owner) : TComponent(owner) {
     FController.SetOnForget(MakeEvent<&TcxVirtualTreeList::ForgetRows>(this));
+    FColumns.SetOnSortChanged(MakeEvent<&TcxVirtualTreeList::ForgetRows>(this));
 }
 
 TcxTreeListCustomDataSource* TcxVirtualTreeList::CustomDataSource() const {
@@ -60,7 +63,7 @@ void TcxVirtualTreeList::EnsureRows() {
     for (Integer walks = 1; !FRowsKnown; ++walks) {
         FRowsKnown = true;
         const Integer forgets = FForgets;
-        TWalk walk = WalkNodes();
+        TWalk walk = WalkNodes(forgets);
         const bool isOld = forgets != FForgets;
         if (isOld && (FRowsKnown || walks < MostWalks)) continue;
         ShowNodes(walk);
@@ -68,23 +71,52 @@ void TcxVirtualTreeList::EnsureRows() {
     }
 }
 
-TcxVirtualTreeList::TWalk TcxVirtualTreeList::WalkNodes() {
+// The links are made from the last node to the first.
+TcxVirtualTreeList::TWalk TcxVirtualTreeList::WalkNodes(Integer forgets) {
     TWalk walk;
+    TList<TNode>& nodes = walk.Nodes;
     if (CustomDataSource() == nullptr) return walk;
     if (FShape == TcxTreeShape::FlatList) {
-        GatherFlatList(walk);
+        GatherFlatList(nodes);
     } else {
         TPlaces places;
         const TcxDataRecordHandle root = CustomDataSource()->GetRootRecordHandle();
-        GatherChildren(walk, places, root, NoRow, 0);
+        GatherChildren(nodes, places, root, NoRow, 0);
     }
-    Integer firstOfAll = NoRow;
-    for (Integer index = walk.Count() - 1; index >= 0; --index) {
-        const Integer parent = walk[index].Parent;
-        Integer& first = parent == NoRow ? firstOfAll : walk[parent].FirstChild;
-        walk[index].NextSibling = std::exchange(first, index);
+    const std::vector<Integer> places = SortedPlaces(nodes, forgets);
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+        const Integer parent = nodes[*place].Parent;
+        Integer& first = parent == NoRow ? walk.First : nodes[parent].FirstChild;
+        nodes[*place].NextSibling = std::exchange(first, *place);
     }
     return walk;
+}
+
+// All nodes at once: their order among each other is that of each parent's children as well. A
+// value that is read may be the end of the nodes: after it none is asked for any more.
+std::vector<Integer> TcxVirtualTreeList::SortedPlaces(const TList<TNode>& nodes, Integer forgets) {
+    std::vector<Integer> places(static_cast<std::size_t>(nodes.Count()));
+    std::iota(places.begin(), places.end(), 0);
+    const TList<TcxViewColumn*> sorted = FColumns.Sorted();
+    if (sorted.IsEmpty()) return places;
+    TList<Integer> items; // by number: a column may end as well
+    std::vector<bool> descending;
+    for (const TcxViewColumn* column : sorted) {
+        items.Add(column->ItemIndex());
+        descending.push_back(column->GetSortOrder() == soDescending);
+    }
+    std::vector<TcxSortKey> keys(places.size() * descending.size());
+    auto key = keys.begin();
+    for (const TNode& node : nodes) {
+        for (const Integer item : items) {
+            if (forgets == FForgets) key->Assign(FController.Value(node.Handle, item));
+            ++key;
+        }
+    }
+    std::stable_sort(places.begin(), places.end(), [&](Integer left, Integer right) {
+        return TcxSortKey::CompareRows(keys, descending, left, right) < 0;
+    });
+    return places;
 }
 
 void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
@@ -92,7 +124,7 @@ void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
     AddRows(FRows, walk, /*all=*/false);
 
     TDictionary<Pointer, bool> toggled; // without the nodes that are gone
-    for (const TNode& node : walk) {
+    for (const TNode& node : walk.Nodes) {
         if (FToggled.ContainsKey(node.Handle)) toggled.Add(node.Handle, true);
     }
     std::swap(FToggled, toggled);
@@ -104,57 +136,55 @@ void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
     if (FFocusedRow == NoRow) FFocusedNode = nullptr;
 }
 
-void TcxVirtualTreeList::GatherFlatList(TWalk& walk) {
+void TcxVirtualTreeList::GatherFlatList(TList<TNode>& nodes) {
     TcxTreeListCustomDataSource& source = *CustomDataSource();
     TPlaces places;
     const Integer count = FController.RecordCount();
     for (Integer index = 0; index < count; ++index) {
         const TcxDataRecordHandle node = source.GetRecordHandle(index);
-        if (node == nullptr || !places.Add(node, walk.Count())) continue;
-        walk.Add(TNode{node});
+        if (node == nullptr || !places.Add(node, nodes.Count())) continue;
+        nodes.Add(TNode{node});
     }
-    for (TNode& node : walk) {
+    for (TNode& node : nodes) {
         const TcxDataRecordHandle parent = source.GetParentRecordHandle(node.Handle);
         if (parent != nullptr) places.TryGetValue(parent, node.Parent);
     }
 }
 
-void TcxVirtualTreeList::GatherChildren(TWalk& walk, TPlaces& places, TcxDataRecordHandle node,
-                                        Integer parent, Integer depth) {
+void TcxVirtualTreeList::GatherChildren(TList<TNode>& nodes, TPlaces& places,
+                                        TcxDataRecordHandle node, Integer parent, Integer depth) {
     TcxTreeListCustomDataSource& source = *CustomDataSource();
     if (depth >= MaxDepth) return;
     const Integer count = source.GetChildCount(node);
     for (Integer index = 0; index < count; ++index) {
         const TcxDataRecordHandle child = source.GetChildRecordHandle(node, index);
-        const Integer place = walk.Count();
+        const Integer place = nodes.Count();
         if (child == nullptr || !places.Add(child, place)) continue;
-        walk.Add(TNode{child, parent});
-        GatherChildren(walk, places, child, place, depth + 1);
+        nodes.Add(TNode{child, parent});
+        GatherChildren(nodes, places, child, place, depth + 1);
     }
 }
 
 void TcxVirtualTreeList::AddRows(TList<TcxTreeRow>& rows, const TWalk& walk, bool all) const {
-    Integer first = 0; // of the first level
-    while (first < walk.Count() && walk[first].Parent != NoRow) ++first;
-    AddRowsFrom(rows, walk, all, first < walk.Count() ? first : NoRow, 0);
+    AddRowsFrom(rows, walk.Nodes, all, walk.First, 0);
 }
 
-void TcxVirtualTreeList::AddRowsFrom(TList<TcxTreeRow>& rows, const TWalk& walk, bool all,
+void TcxVirtualTreeList::AddRowsFrom(TList<TcxTreeRow>& rows, const TList<TNode>& nodes, bool all,
                                      Integer first, Integer depth) const {
-    for (Integer place = first; place != NoRow; place = walk[place].NextSibling) {
-        const TNode& node = walk[place];
+    for (Integer place = first; place != NoRow; place = nodes[place].NextSibling) {
+        const TNode& node = nodes[place];
         const bool hasChildren = node.FirstChild != NoRow;
         const bool isExpanded = hasChildren && IsExpanded(node.Handle);
         rows.Add(TcxTreeRow{node.Handle, depth, hasChildren, isExpanded});
         const bool goesOn = hasChildren && (all || isExpanded) && depth + 1 < MaxDepth;
-        if (goesOn) AddRowsFrom(rows, walk, all, node.FirstChild, depth + 1);
+        if (goesOn) AddRowsFrom(rows, nodes, all, node.FirstChild, depth + 1);
     }
 }
 
 TList<TcxTreeRow> TcxVirtualTreeList::AllRows() {
     for (Integer walks = 1;; ++walks) {
         const Integer forgets = FForgets;
-        const TWalk walk = WalkNodes();
+        const TWalk walk = WalkNodes(forgets);
         if (forgets != FForgets && walks < MostWalks) continue;
         TList<TcxTreeRow> rows;
         AddRows(rows, walk, /*all=*/true);

@@ -3,7 +3,10 @@
 #include "platform/rtl/TDictionary.h"
 #include "platform/widgets/DataController.h"
 #include "platform/widgets/GridTableView.h"
+#include "platform/widgets/SortKey.h"
 #include "platform/widgets/ViewColumn.h"
+
+#include <vector>
 
 namespace quorin {
 
@@ -63,8 +66,9 @@ using TcxGetTreeTextEvent = TEvent<void(TcxDataRecordHandle, TcxTreeListColumn&,
 // A tree list without pixels: columns, the rows of expanded nodes in view order, a focused row. A
 // change drops all node handles at once; the next look walks the tree again. Which nodes are open
 // and which has the focus is remembered by address, for comparing only. Nil nodes are not shown, a
-// node that comes twice is shown once, and levels from MaxDepth on are left out. Not supported:
-// editing, sorting.
+// node that comes twice is shown once, and levels from MaxDepth on are left out. Columns that sort
+// order the nodes below each parent among each other; those that tie stay in the source's order.
+// Not supported: editing, filtering.
 class TcxVirtualTreeList : public TComponent {
     QUORIN_CLASS(TcxVirtualTreeList, TComponent)
 
@@ -89,8 +93,7 @@ class TcxVirtualTreeList : public TComponent {
     // The one band that all columns stand in.
     TcxTreeListBand& FirstBand() { return FBand; }
 
-    // The columns that sort, in the sort sequence, for whoever brings the nodes into order; nil
-    // outside.
+    // The columns that sort, in the sort sequence; nil outside.
     Integer GetSortedColumnCount() const { return FColumns.Sorted().Count(); }
     TcxTreeListColumn* GetSortedColumn(Integer index) const;
     // No column sorts afterwards.
@@ -135,21 +138,27 @@ private:
         Integer FirstChild = NoRow;
         Integer NextSibling = NoRow;
     };
-    using TWalk = TList<TNode>;
+    struct TWalk {
+        TList<TNode> Nodes;
+        Integer First = NoRow; // of the first level
+    };
     using TPlaces = TDictionary<Pointer, Integer>; // where in the walk a node stands
 
     void ForgetRows(TObject*);
     void EnsureRows();
-    TWalk WalkNodes();
+    // Of the tree as it was when so many changes had been told.
+    TWalk WalkNodes(Integer forgets);
     void ShowNodes(const TWalk& walk);
     // The row stands in the branch of the other.
     bool IsBelow(Integer row, Integer ancestor) const;
-    void GatherFlatList(TWalk& walk);
-    void GatherChildren(TWalk& walk, TPlaces& places, TcxDataRecordHandle node, Integer parent,
-                        Integer depth);
+    void GatherFlatList(TList<TNode>& nodes);
+    // The nodes' places in the order of the columns that sort.
+    std::vector<Integer> SortedPlaces(const TList<TNode>& nodes, Integer forgets);
+    void GatherChildren(TList<TNode>& nodes, TPlaces& places, TcxDataRecordHandle node,
+                        Integer parent, Integer depth);
     // Closed nodes keep what is below them, unless all are wanted.
     void AddRows(TList<TcxTreeRow>& rows, const TWalk& walk, bool all) const;
-    void AddRowsFrom(TList<TcxTreeRow>& rows, const TWalk& walk, bool all, Integer first,
+    void AddRowsFrom(TList<TcxTreeRow>& rows, const TList<TNode>& nodes, bool all, Integer first,
                      Integer depth) const;
     bool IsExpanded(TcxDataRecordHandle node) const {
         return FToggled.ContainsKey(node) != FStartsExpanded;

@@ -42,6 +42,8 @@ public:
         return child;
     }
     Variant GetValue(TcxDataRecordHandle node, TcxDataItemHandle item) override {
+        EXPECT_NE(node, Gone) << "asked for a node that has ended";
+        if (InValue) std::exchange(InValue, nullptr)();
         TComponent* column = GetDataController()->GetItem(item);
         if (column->Tag() < 0) return Variant(column->Tag());
         return Variant(At(node)->Name);
@@ -50,7 +52,9 @@ public:
     TNode Root;
     std::vector<TNode*> List;
     int HandlesAsked = 0;
-    std::function<void()> Inside; // once, in the middle of a walk
+    std::function<void()> Inside;  // once, in the middle of a walk
+    std::function<void()> InValue; // once, while a value is read
+    TNode* Gone = nullptr;
 
 private:
     void CallInside() {
@@ -188,6 +192,42 @@ TEST_P(TTreeListTest, ChangeFetchesNothingUntilSomebodyLooks) {
     Source.DataChanged();
     EXPECT_EQ(Source.HandlesAsked, before);
     EXPECT_TRUE(View->TakeRepaint());
+}
+
+TEST_P(TTreeListTest, SortsSiblingsAmongEachOther) {
+    View->SetStartsExpanded(true);
+    TcxTreeListColumn& name = *View->GetColumn(0);
+    View->SetFocusedRow(1);
+    name.SetSortOrder(soDescending);
+    EXPECT_EQ(Rows(), "-b .b1 -a .a2 .a1");
+    EXPECT_EQ(View->FocusedRow(), 4) << "stays with its node";
+    A2.Name = u"A1"; // as a1: the source's order counts
+    Source.DataChanged();
+    EXPECT_EQ(Rows(), "-b .b1 -a .a1 .A1");
+    A1.Name.clear();
+    for (const TdxSortOrder order : {soAscending, soDescending}) {
+        name.SetSortOrder(order);
+        EXPECT_EQ(View->Row(View->RowCount() - (order == soAscending ? 3 : 1)).Node, &A1)
+            << "blank last";
+    }
+    A.Name = u"b"; // ties with its sibling, so that the second column counts
+    View->AddColumn(-1).SetSortOrder(soDescending);
+    EXPECT_EQ(Rows(), "-b .A1 . -b .b1");
+    View->ClearSorting();
+    EXPECT_EQ(Rows(), "-b . .A1 -b .b1");
+}
+
+TEST_P(TTreeListTest, NodesThatEndWhileTheyAreSortedAreAskedForNothing) {
+    View->SetStartsExpanded(true);
+    View->GetColumn(0)->SetSortOrder(soDescending);
+    Source.InValue = [this] {
+        B1.Name = u"gone";
+        Source.List.erase(Source.List.begin() + 3);
+        B.Children.clear();
+        Source.DataChanged();
+        Source.Gone = &B1;
+    };
+    EXPECT_EQ(Rows(), "b -a .a2 .a1");
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, TTreeListTest,

@@ -88,7 +88,10 @@ constexpr TFact Facts[] = {
     {"group symbol A", R"(ticket 2 symbol   "00939)"},
     {"group symbol A", R"(ticket 1 symbol   "00939)"},
     {"leave symbol", R"(ticket 2 symbol   "00700)"},
-    {"language 1", R"(ticket 2 symbol   "00005, HKD, 滙豐控股")"},
+    {"enable symbol", R"(ticket 1 symbol   "00700)"}, // while the other has gone on
+    {"type symbol 939", R"("00700", focus)"},
+    {"leave symbol", R"(ticket 2 symbol   "00939)"},
+    {"language 1", R"(ticket 2 symbol   "00939, HKD, 建設銀行")"},
     {"send buy", R"(report      1 09:30:0)"},
     {"send buy", R"(question Account P50001: Buy 100 of 00700 Tencent Holdings at 640.0?)"},
     {"send buy", R"(Refused      #4 P50001 Buy 100 00700 @ 640.03: Price off the tick)"},

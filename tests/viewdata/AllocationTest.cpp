@@ -99,6 +99,18 @@ TEST_F(TAllocationTest, FollowedUpdatesAskForNone) {
     EXPECT_EQ(move, pcsDown);
 }
 
+TEST_F(TAllocationTest, SortedRowsFollowWithoutAny) {
+    View.GetColumn(0)->SetSortOrder(soAscending);
+    TEmbeddedSubItem& item = Services().Items().Item(LongSymbol);
+    EXPECT_EQ(AllocationsOf([&](int run) {
+                  item.SetField(Field::BestBid, 100.0 + run);
+                  Services().Items().Touch(item);
+                  Services().Items().Deliver();
+                  ASSERT_EQ(View.RecordIndex(0), 0);
+              }),
+              0u);
+}
+
 TEST_F(TAllocationTest, PriceMovesAskForNone) {
     TEmbeddedSubItem& item = Services().Items().Item(LongSymbol);
     ASSERT_TRUE(Control().UpdateSymbolMessage(&item)); // a second update, so that there is a move

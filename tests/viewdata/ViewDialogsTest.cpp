@@ -16,6 +16,12 @@ struct TTwoColumns : TcxCustomDataSource {
         const auto row = static_cast<std::size_t>(IndexOfHandle(record));
         return GetDataController()->GetItem(item)->Tag() == 1 ? Texts[row] : Numbers[row];
     }
+    bool ChangedRecords(TList<Integer>& records) override {
+        if (Changed < 0) return false;
+        records.Add(std::exchange(Changed, -1));
+        return true;
+    }
+    Integer Changed = -1; // the record that the next change names
     std::array<Variant, 4> Texts{u"Alpha", u"beta", u"", u"Gamma"};
     std::array<Variant, 4> Numbers{1.5, 20, Variant(), 1000.25};
 };
@@ -126,6 +132,23 @@ TEST_F(ViewDialogs, FiltersOfColumnsCountTogetherAndDieWithThem) {
     EXPECT_EQ(Rows(), u"0123");
 }
 
+TEST_F(ViewDialogs, TextsThatSpellNumbersAreTexts) {
+    Source.Texts = {u"007", u"7", u"7.0", 7};
+    EXPECT_EQ(Filter(*Text, FilterOperator::Equal, u"7"), u"13") << "as a symbol's code";
+    EXPECT_EQ(Filter(*Text, FilterOperator::Less, u"7"), u"0");
+}
+
+TEST_F(ViewDialogs, DialogInsideADialogTakesItsPlace) {
+    Integer dialogs = 0;
+    FilterAnswer = [&](TCustomFilterRecord& record) {
+        const bool isOuter = ++dialogs == 1;
+        if (isOuter) Dialog.ExecuteCustomFilter(*Grid, *Number);
+        record.Value = isOuter ? u"Gamma" : u"20";
+    };
+    Dialog.ExecuteCustomFilter(*Grid, *Text);
+    EXPECT_EQ(Rows(), u"1") << "the inner one's filter alone";
+}
+
 TEST_F(ViewDialogs, ColumnThatDiesInTheDialogIsForgotten) {
     FilterAnswer = [&](TCustomFilterRecord& record) {
         record.Value = u"x";
@@ -166,8 +189,8 @@ TEST_F(ViewDialogs, SortedAndFilteredRowsFollowChanges) {
     Grid->SetVisibleRowCapacity(4);
     Grid->SetFocusedRow(1);
     Source.Numbers[0] = 5000;
-    const Integer changed[] = {0};
-    Source.RecordsChanged(changed);
+    Source.Changed = 0;
+    Source.DataChanged();
     EXPECT_EQ(Rows(), u"0312");
     EXPECT_EQ(Grid->FocusedRow(), 2) << "stays with its record";
     Source.Numbers[2] = 30;

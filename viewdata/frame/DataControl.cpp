@@ -2,6 +2,8 @@
 
 #include "viewdata/services/ConfigManager.h"
 
+#include <utility>
+
 namespace quorin {
 
 Variant TBaseDataControl::GetValue(Integer, Integer) {
@@ -18,6 +20,32 @@ Boolean TBaseDataControl::GetRowValue(Integer, Pointer&) {
 
 Boolean TBaseDataControl::GetColValue(Integer, Pointer&) {
     return false;
+}
+
+// A signal inside this one takes the naming away: what is not its own it has no names for.
+void TBaseDataControl::FireDataChanged() {
+    if (!OnDataChanged) return;
+    const TLifeline::TWatch watch(FSignalLine);
+    FSignalled = std::exchange(FNaming, nullptr);
+    OnDataChanged(this);
+    if (watch.IsAlive()) FSignalled = nullptr;
+}
+
+Boolean TBaseDataControl::NameChangedRows(TList<Integer>& rows) {
+    const TRowNaming* naming = std::exchange(FSignalled, nullptr);
+    if (naming == nullptr) return false;
+    TChangedRows changed(rows);
+    naming->Name(changed);
+    return changed.AreNamed();
+}
+
+TBaseDataControl::TNamingScope::TNamingScope(TBaseDataControl& control, const TRowNaming& naming)
+    : FControl(control), FWatch(control.FSignalLine) {
+    control.FNaming = &naming;
+}
+
+TBaseDataControl::TNamingScope::~TNamingScope() {
+    if (FWatch.IsAlive()) FControl.FNaming = nullptr;
 }
 
 TCustomDataControl::TCustomDataControl(TComponent* AOwner) : TBaseDataControl(AOwner) {

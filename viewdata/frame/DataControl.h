@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/rtl/Lifeline.h"
 #include "platform/rtl/TComponent.h"
 #include "platform/rtl/Variant.h"
 #include "viewdata/frame/ColumnInfo.h"
+#include "viewdata/frame/RowNaming.h"
 
 namespace quorin {
 
@@ -36,16 +38,57 @@ class TBaseDataControl : public TComponent {
     // unhooks it), and the source itself, which nothing here reads.
     void SetOnDataChanged(const TNotifyEvent& event) { OnDataChanged = event; }
     void SetDataSource(TObject* source) { DataSource = source; }
+    // Inside the change signal: adds the rows to `rows` whose values have changed, where nothing
+    // else has. False, with `rows` as they were, where anything may have changed, and to whoever
+    // asks a second time.
+    Boolean NameChangedRows(TList<Integer>& rows);
 
 protected:
-    void FireDataChanged() {
-        if (OnDataChanged) OnDataChanged(this);
+    void FireDataChanged();
+    // Calls `signal`, which fires the change signal. `name` adds the rows that it is about to a
+    // TChangedRows; it is called inside the signal, and only if somebody asks.
+    template <class Name, class Signal>
+    void SignalRows(const Name& name, const Signal& signal) {
+        const TNaming<Name> naming(name);
+        const TNamingScope scope(*this, naming);
+        signal();
+    }
+    template <class Name>
+    void FireRowsChanged(const Name& name) {
+        SignalRows(name, [this] { FireDataChanged(); });
     }
 
     TNotifyEvent OnDataChanged;
     TObject* DataSource = nullptr;
     String EmptyDisplayText; // text of a cell that has nothing to show
     String GroupID;          // the control's group; empty: none
+
+private:
+    template <class Names>
+    class TNaming final : public TRowNaming {
+    public:
+        explicit TNaming(const Names& names) : FNames(names) {}
+        void Name(TChangedRows& rows) const override { FNames(rows); }
+
+    private:
+        const Names& FNames;
+    };
+    // The next signal is about what is named; ends with it, or with the control.
+    class TNamingScope {
+    public:
+        TNamingScope(TBaseDataControl& control, const TRowNaming& naming);
+        TNamingScope(const TNamingScope&) = delete;
+        TNamingScope& operator=(const TNamingScope&) = delete;
+        ~TNamingScope();
+
+    private:
+        TBaseDataControl& FControl;
+        TLifeline::TWatch FWatch;
+    };
+
+    const TRowNaming* FNaming = nullptr;    // of the next signal
+    const TRowNaming* FSignalled = nullptr; // of the signal under way
+    TLifeline FSignalLine;
 };
 
 // A row-list control: follows the configuration for as long as it lives. A complete control gets

@@ -32,6 +32,11 @@ public:
         if (this->GetProvider() != nullptr) this->DataChanged();
     }
 
+    // What the control says of the signal under way; nothing without one.
+    bool ChangedRecords(TList<Integer>& records) override {
+        return FMyDataControl != nullptr && FMyDataControl->NameChangedRows(records);
+    }
+
     // Reads the display settings again and, if one of them differs, refreshes the attached view.
     // The control hears of the configuration by itself.
     void ConfigUpdate(Pointer, Pointer) {

@@ -134,6 +134,7 @@ void TCustomMarketDataControl::AddMarketData(TCustomMarketData* Data) {
 void TCustomMarketDataControl::ClearAll() {
     ReleaseSubscribedData();
     FDataList.Clear();
+    FRowIndex.Clear();
     FDataDictionary.Clear();
     FLastMoveTick.Clear();
     ReleaseSubscribedSpanData();
@@ -191,21 +192,33 @@ void TCustomMarketDataControl::MoveRecord(Integer FromRecordIndex, Integer ToRec
     if (!FDataList.Has(FromRecordIndex) || !FDataList.Has(ToRecordIndex)) return;
     if (FromRecordIndex == ToRecordIndex) return;
     FDataList.Move(FromRecordIndex, ToRecordIndex);
+    FRowIndex.Clear();
     FireDataChanged();
 }
 
 void TCustomMarketDataControl::SymbolUpdate(Pointer Sender, Pointer) {
     if (Sender == nullptr) return;
+    const auto& changed = *static_cast<const TSubItemDictionary*>(Sender);
     Boolean followed = false;
-    for (const auto& [key, item] : *static_cast<const TSubItemDictionary*>(Sender)) {
-        followed = UpdateSymbolMessage(item) || followed;
+    for (const auto& [key, item] : changed) followed = UpdateSymbolMessage(item) || followed;
+    if (!followed) return;
+    FireRowsChanged([&](TChangedRows& rows) { NameFollowedRows(changed, rows); });
+}
+
+// What a batch says of rows that are not followed is left for the next time that all rows count.
+void TCustomMarketDataControl::NameFollowedRows(const TSubItemDictionary& changed,
+                                                TChangedRows& rows) {
+    for (const auto& [key, item] : changed) {
+        if (item == nullptr || !FSubscribedDataList.ContainsKey(item->GetKey())) continue;
+        rows.Add(FRowIndex.Find(FDataList, item->GetKey()));
     }
-    if (followed) FireDataChanged();
 }
 
 void TCustomMarketDataControl::SymbolRealtimeUpdate(TObject* Sender) {
     TCustomSubItem* item = ObjectAs<TCustomSubItem>(Sender);
-    if (item != nullptr && UpdateSymbolMessage(item)) FireDataChanged();
+    if (item == nullptr || !UpdateSymbolMessage(item)) return;
+    FireRowsChanged(
+        [&](TChangedRows& rows) { rows.Add(FRowIndex.Find(FDataList, item->GetKey())); });
 }
 
 Boolean TCustomMarketDataControl::UpdateSymbolMessage(TCustomSubItem* Item) {
@@ -249,7 +262,22 @@ void TCustomMarketDataControl::SetShowPosition(Boolean Value) {
 void TCustomMarketDataControl::PositionUpdate(Pointer Sender, Pointer) {
     if (Sender == nullptr || !FMonitoringPosition) return;
     const auto& changed = *static_cast<const TAccountPositionDictionary*>(Sender);
-    if (changed.ContainsKey(FAccount)) FireDataChanged();
+    if (!changed.ContainsKey(FAccount)) return;
+    FireRowsChanged([&](TChangedRows& rows) { NamePositions(changed, rows); });
+}
+
+// Most positions have no row here.
+void TCustomMarketDataControl::NamePositions(const TAccountPositionDictionary& changed,
+                                             TChangedRows& rows) {
+    const TPositionDictionary* const* positions = changed.Find(FAccount);
+    if (positions == nullptr || *positions == nullptr) {
+        rows.NameNone();
+        return;
+    }
+    for (const auto& item : **positions) {
+        const Integer row = FRowIndex.Find(FDataList, item.Key);
+        if (row >= 0 || FDataDictionary.ContainsKey(item.Key)) rows.Add(row);
+    }
 }
 
 void TCustomMarketDataControl::FavoriteMarketDataCountUpdate(Pointer, Pointer) {

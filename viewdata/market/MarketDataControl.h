@@ -3,8 +3,10 @@
 #include "platform/rtl/Lifeline.h"
 #include "platform/rtl/TDictionary.h"
 #include "viewdata/frame/DataControl.h"
+#include "viewdata/frame/RowIndex.h"
 #include "viewdata/services/ClientOrder.h"
 #include "viewdata/services/MarketAdapter.h"
+#include "viewdata/services/PositionData.h"
 #include "viewdata/services/SubscribeAdapter.h"
 
 #include <memory>
@@ -169,6 +171,8 @@ protected:
 private:
     Boolean HasCategory() const { return FCategoryID >= 0; }
     void InitExchange(StringView exchange);
+    void NameFollowedRows(const TSubItemDictionary& changed, TChangedRows& rows);
+    void NamePositions(const TAccountPositionDictionary& changed, TChangedRows& rows);
     void ReleaseSubscribedData();
     void ReleaseSubscribedSpanData();
     const TCustomSubItem& SearchMargin(const String& code, Boolean& found, Double& margin);
@@ -192,6 +196,7 @@ private:
     String ChangeText(StringView symbol) const;
     String ChangePercentText(StringView symbol) const;
 
+    TRowIndex FRowIndex;              // of FDataList
     Boolean FIsActionPending = false; // an order or copy action is under way
     String FSpreadCode;               // reused from update to update
     TLifeline FLifeline;

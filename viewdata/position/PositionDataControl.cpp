@@ -114,41 +114,56 @@ void TCustomPositionDataControl::SetAccount(StringView Account) {
     FDataList.Sort([this](const String& left, const String& right) {
         return FComparer->Compare(left, right) < 0;
     });
+    RowsMoved();
     FireDataChanged();
 }
 
-void TCustomPositionDataControl::TakeIn(const String& symbol, TCustomPositionData* record) {
-    if (FDataDictionary.Add(symbol, record)) FDataList.Add(symbol);
+Boolean TCustomPositionDataControl::TakeIn(const String& symbol, TCustomPositionData* record) {
+    if (!FDataDictionary.Add(symbol, record)) return false;
+    FDataList.Add(symbol);
+    return true;
 }
 
 // Searched from the end: what is passed on the way is what moves up when the row goes.
-void TCustomPositionDataControl::Drop(StringView symbol) {
-    if (!FDataDictionary.Remove(symbol)) return;
+Boolean TCustomPositionDataControl::Drop(StringView symbol) {
+    if (!FDataDictionary.Remove(symbol)) return false;
     Integer row = FDataList.Count() - 1;
     while (row >= 0 && !SameUnits(FDataList[row], symbol)) --row;
     if (row >= 0) FDataList.Delete(row);
+    RowsMoved();
+    return true;
+}
+
+void TCustomPositionDataControl::NameRows(const TPositionDictionary* positions,
+                                          TChangedRows& rows) {
+    if (positions == nullptr) {
+        rows.NameNone();
+        return;
+    }
+    for (const auto& item : *positions) {
+        if (FDataDictionary.ContainsKey(item.Key)) rows.Add(FRowIndex.Find(FDataList, item.Key));
+    }
 }
 
 void TCustomPositionDataControl::PositionUpdate(Pointer Sender, Pointer) {
     const TPositionDictionary* changes = ChangesOf(Sender, FAccount);
     if (changes == nullptr) return;
     Boolean seen = false;
+    Boolean rowsDiffer = false;
     for (const auto& [symbol, record] : *changes) {
         seen = true;
         if (record == nullptr) continue;
-        if (IsOpen(*record)) {
-            TakeIn(symbol, record);
-        } else {
-            Drop(symbol);
-        }
+        rowsDiffer |= IsOpen(*record) ? TakeIn(symbol, record) : Drop(symbol);
     }
-    if (seen) FireDataChanged();
+    if (!seen) return;
+    FireRowsChanged([&](TChangedRows& rows) { NameRows(rowsDiffer ? nullptr : changes, rows); });
 }
 
 void TCustomPositionDataControl::PositionMarketDataUpdate(Pointer Sender, Pointer) {
     if (FDataList.IsEmpty() || Sender == nullptr) return;
     const auto& moved = *static_cast<const TAccountPositionDictionary*>(Sender);
-    if (moved.ContainsKey(FAccount)) FireDataChanged();
+    if (!moved.ContainsKey(FAccount)) return;
+    FireRowsChanged([&](TChangedRows& rows) { NameRows(*moved.Find(FAccount), rows); });
 }
 
 void TCustomPositionDataControl::SpreadUpdate(Pointer Sender, Pointer) {

@@ -2,6 +2,7 @@
 
 #include "platform/rtl/TDictionary.h"
 #include "viewdata/frame/DataControl.h"
+#include "viewdata/frame/RowIndex.h"
 #include "viewdata/services/ClientOrder.h"
 #include "viewdata/services/PositionData.h"
 #include "viewdata/services/TextComparer.h"
@@ -98,9 +99,13 @@ protected:
     TCustomPositionData* RecordAt(Integer RecordIndex) const;
     // A short record's quantity may be shown below zero; its raw value never is.
     Double Signed(const TCustomPositionData& record, Double quantity) const;
-    // Appends a row unless the symbol has one; takes a row out if there is one.
-    void TakeIn(const String& symbol, TCustomPositionData* record);
-    void Drop(StringView symbol);
+    // Appends a row unless the symbol has one; takes a row out if there is one. Whether it did.
+    Boolean TakeIn(const String& symbol, TCustomPositionData* record);
+    Boolean Drop(StringView symbol);
+    // Adds the rows of these positions, which nil makes any; symbols without a row have none.
+    void NameRows(const TPositionDictionary* positions, TChangedRows& rows);
+    // To be called when rows have been moved or taken out of FDataList.
+    void RowsMoved() { FRowIndex.Clear(); }
     // The closes, for descendants that close in another style.
     Boolean CloseRow(Integer RecordIndex, TClosePrice price, TCloseStyle style);
     Boolean CloseAll(TCloseStyle style);
@@ -137,6 +142,8 @@ private:
     String QuantityText(const TCustomPositionData& record, Double quantity) const; // not near zero
     String LivePriceText(const TCustomPositionData& record, Integer field) const;
     String MarketValueText(const TCustomPositionData& record) const;
+
+    TRowIndex FRowIndex; // of FDataList
 };
 
 // The list that a dialog shows before every position is closed: who holds what. An instance follows

@@ -87,6 +87,7 @@ void TPositionViewDataControl::SetAccount(StringView Account) {
     // The rows of another account are no rows that stay.
     FDataList.Clear();
     FDataDictionary.Clear();
+    RowsMoved();
     if (const TCustomAccount* record = FindAccount(FAccount)) {
         FAccountGroupID = record->GetAccountGroupID();
         FAccountStatus = record->GetAccountStatus();
@@ -187,22 +188,29 @@ Boolean TPositionViewDataControl::CheckNeedUpdateSubAccountList(const TAccountDi
 void TPositionViewDataControl::PositionUpdate(Pointer Sender, Pointer) {
     const auto* changes = static_cast<const TAccountPositionDictionary*>(Sender);
     if (changes == nullptr) return;
-    Boolean isTouched = false;
     if (FAggregated) {
-        isTouched = CheckNeedUpdatePosition(changes);
-        if (isTouched) RefreshDataList();
-    } else if (const TPositionDictionary* own = ChangesOf(Sender, FAccount)) {
-        for (const auto& [symbol, position] : *own) {
-            isTouched = true;
-            if (position == nullptr) continue;
-            if (IsDisplayPosition(position)) {
-                TakeIn(symbol, position);
-            } else {
-                Drop(symbol);
-            }
-        }
+        if (!CheckNeedUpdatePosition(changes)) return;
+        const std::uint32_t listChanges = FListChanges;
+        RefreshDataList();
+        const auto name = [&](TChangedRows& rows) {
+            if (listChanges != FListChanges) rows.NameNone();
+            NameMoved(*changes, rows);
+        };
+        SignalRows(name, [this] { SignalRowsAndSummary(); });
+        return;
     }
-    if (isTouched) SignalRowsAndSummary();
+    const TPositionDictionary* own = ChangesOf(Sender, FAccount);
+    if (own == nullptr) return;
+    Boolean isTouched = false;
+    Boolean rowsDiffer = false;
+    for (const auto& [symbol, position] : *own) {
+        isTouched = true;
+        if (position == nullptr) continue;
+        rowsDiffer |= IsDisplayPosition(position) ? TakeIn(symbol, position) : Drop(symbol);
+    }
+    if (!isTouched) return;
+    SignalRows([&](TChangedRows& rows) { NameRows(rowsDiffer ? nullptr : own, rows); },
+               [this] { SignalRowsAndSummary(); });
 }
 
 void TPositionViewDataControl::PositionMarketDataUpdate(Pointer Sender, Pointer) {
@@ -210,7 +218,18 @@ void TPositionViewDataControl::PositionMarketDataUpdate(Pointer Sender, Pointer)
     if (moved == nullptr) return;
     const Boolean isTouched = FAggregated ? CheckNeedUpdatePosition(moved)
                                           : moved->ContainsKey(FAccount) && !FDataList.IsEmpty();
-    if (isTouched) Changed();
+    if (!isTouched) return;
+    SignalRows([&](TChangedRows& rows) { NameMoved(*moved, rows); }, [this] { Changed(); });
+}
+
+void TPositionViewDataControl::NameMoved(const TAccountPositionDictionary& moved,
+                                         TChangedRows& rows) {
+    for (const auto& [account, positions] : moved) {
+        const Boolean isOwn = SameUnits(account, FAccount);
+        if (isOwn || (FAggregated && FSubAccountList.ContainsKey(account))) {
+            NameRows(positions, rows);
+        }
+    }
 }
 
 void TPositionViewDataControl::ProductMarginRatioUpdate(Pointer, Pointer) {

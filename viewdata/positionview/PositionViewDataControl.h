@@ -158,6 +158,7 @@ private:
     void KeepOrder(TRows& rows) const;
     void TakeOver(TRows& rows);
     void SignalRowsAndSummary();
+    void NameMoved(const TAccountPositionDictionary& moved, TChangedRows& rows);
     void FireAccountInfoUpdate();
     TCustomAccount* MasterAccount() const;
     Double Total(Integer attribute);
@@ -177,7 +178,8 @@ private:
     TPositionDictionary FHeld; // of one account; reused from rebuild to rebuild
     std::vector<std::unique_ptr<TAggregatePositionData>> FParkedRows;
     Integer FPins = 0;
-    std::uint32_t FRebuilds = 0; // begun
+    std::uint32_t FRebuilds = 0;    // begun
+    std::uint32_t FListChanges = 0; // rebuilds that brought other rows
     TLifeline FLifeline;
 };
 

@@ -82,7 +82,11 @@ void TPositionViewDataControl::KeepOrder(TRows& rows) const {
 }
 
 void TPositionViewDataControl::TakeOver(TRows& rows) {
-    FDataList = std::move(rows.List);
+    if (FDataList != rows.List) {
+        FDataList = std::move(rows.List);
+        RowsMoved();
+        ++FListChanges;
+    }
     FDataDictionary = std::move(rows.Dictionary);
     ClearAggregateData();
     FAggregatePositionList = std::move(rows.Sums);

@@ -113,9 +113,11 @@ void TGridCustomFilterRecord::ShowCustomFilterView() {
     TCustomFilterRecord record;
     if (!Read(record)) return;
     const TCustomFilterRecord before = record;
+    const std::uint32_t dialog = ++FDialogs;
     TCustomGlobalChannelManager::GetInstance()->SendChannelMessage(ChannelMessage::CustomFilter,
                                                                    Pointer(&record));
-    if (FColumn == nullptr) return; // it died while the dialog was open
+    // The column died while the dialog was open, or is another dialog's now.
+    if (FColumn == nullptr || dialog != FDialogs) return;
     if (record.Value == before.Value && record.Operator == before.Operator) return;
     record.DataKind = before.DataKind;
     Write(record);

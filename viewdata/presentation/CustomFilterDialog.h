@@ -16,8 +16,8 @@ class TZTTimeValueType : public TcxDateTimeValueType {
 
 // Gives a grid column a filter of one text and one operator: asks the application, with the filter
 // that the column has, and puts the answer into the grid's criteria. A cancelled dialog, and an
-// answer equal to the present filter, change nothing; an emptied text takes the filter away. An
-// unreadable number counts as 0.0.
+// answer equal to the present filter, change nothing; nor does one that comes after another dialog
+// has begun inside. An emptied text takes the filter away. An unreadable number counts as 0.0.
 class TGridCustomFilterRecord : public TComponent {
     QUORIN_CLASS(TGridCustomFilterRecord, TComponent)
 
@@ -39,6 +39,7 @@ private:
     Boolean AddRange(const TCustomFilterRecord& record, TcxFilterOperatorKind kind);
     void AddNumber(const TCustomFilterRecord& record, TcxFilterOperatorKind kind);
 
+    std::uint32_t FDialogs = 0;        // begun
     TcxGridTableView* FGrid = nullptr; // not owned
     TcxGridColumn* FColumn = nullptr;  // the grid's
 };
