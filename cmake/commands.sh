@@ -6,9 +6,16 @@ Jobs=$(nproc 2>/dev/null || echo 2)
 # InstallMissing GROUP...
 InstallMissing() { bash "$Root/cmake/install-deps.sh" "$@"; }
 
-# Configure PRESET: only a tree that has no build files yet; afterwards the build does it itself.
+# Configure PRESET: only a tree that has no build files yet, or has looked for Qt before it came;
+# otherwise the build does it itself.
 Configure() {
-    [ -f "$Root/build/$1/build.ninja" ] || (cd "$Root" && cmake --preset "$1")
+    local folder=$Root/build/$1
+    if [ -f "$folder/build.ninja" ] &&
+        ! { grep -q '^Qt6_DIR:PATH=.*-NOTFOUND' "$folder/CMakeCache.txt" &&
+            compgen -G "/usr/lib/*/cmake/Qt6/Qt6Config.cmake" >/dev/null; }; then
+        return
+    fi
+    (cd "$Root" && cmake --preset "$1")
 }
 
 # Build PRESET [TARGET...]: with the build's own output.

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [bench] [readers] [clang]: installs what these groups need and the machine lacks, on Debian.
+# install-deps.sh [build] [bench] [desktop] [readers] [clang]: installs what these groups need and the machine
+# lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
 
@@ -35,6 +36,24 @@ xlsxwriter.h libxlsxwriter-dev
 HEADERS
 }
 
+need_file() {
+    local package=$1 pattern
+    shift
+    for pattern in "$@"; do
+        ! compgen -G "$pattern" >/dev/null || return 0
+    done
+    missing+=("$package")
+}
+
+# The window: Qt, and fonts that write its figures and its Chinese.
+check_desktop() {
+    need_file qt6-base-dev \
+        "/usr/lib/*/cmake/Qt6Widgets/Qt6WidgetsConfig.cmake" "${Qt6_DIR:-/none}/Qt6Config.cmake"
+    need_file fonts-dejavu-core "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+    need_file fonts-wqy-microhei \
+        "/usr/share/fonts/truetype/wqy/*" "/usr/share/fonts/*/noto/NotoSansCJK*"
+}
+
 # What the benchmarks measure against beside what is built with.
 check_bench() {
     need_headers <<<'qt6/QtCore/qsortfilterproxymodel.h qt6-base-dev'
@@ -62,6 +81,7 @@ trap 'rm -f "$probe"' EXIT
 for group in "$@"; do
     case "$group" in
         build) check_build ;;
+        desktop) check_desktop ;;
         bench) check_bench ;;
         readers) check_readers ;;
         clang) check_clang ;;

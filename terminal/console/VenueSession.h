@@ -1,7 +1,7 @@
 #pragma once
 
-#include "embedded/venue/Venue.h"
 #include "terminal/console/ConsoleSession.h"
+#include "terminal/forms/VenueMarket.h"
 
 namespace quorin {
 
@@ -13,14 +13,9 @@ public:
 
 private:
     bool StepMarket() override;
-    Int64 TimeNanos() const override { return FVenue->TimeNanos(); }
-    void LoadMarket(const TConsoleOptions& options, const std::filesystem::path& dataFolder);
-    // The exchange of the options, without one the universe's first.
-    String ChooseExchange(const TConsoleOptions& options) const;
+    Int64 TimeNanos() const override { return FMarket.TimeNanos(); }
 
-    std::string FUniverseName;
-    std::unique_ptr<TVenue> FVenue;
-    Integer FReadyAfter; // deliveries until the market is ready
+    TVenueMarket FMarket;
 };
 
 } // namespace quorin

@@ -1,0 +1,114 @@
+#include "terminal/desktop/DesktopOptions.h"
+
+#include "platform/rtl/Utf.h"
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+#include <map>
+
+namespace quorin {
+
+namespace {
+
+constexpr int UnusableOptions = 2;
+constexpr double ShortestStep = 0.001; // seconds: what the timer of the window can do
+constexpr double LongestStep = 3600.0;
+constexpr int MostSteps = 100'000;
+constexpr const char* Usage =
+    "; --help lists the options of the window, --text --help those of the console";
+
+const std::map<std::string, TDesktopForm> Forms = {{"terminal", TDesktopForm::Terminal},
+                                                   {"watch", TDesktopForm::Watch},
+                                                   {"ticket", TDesktopForm::Ticket}};
+const std::map<std::string, TTheme> Themes = {{"light", TTheme::Light}, {"dark", TTheme::Dark}};
+
+template <class Value>
+CLI::IsMember NamesOf(const std::map<std::string, Value>& values) {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : values) names.push_back(name);
+    return CLI::IsMember(names);
+}
+
+const CLI::Validator GoodText(
+    [](std::string& text) {
+        if (text.empty()) return std::string("must not be empty");
+        return IsValidUtf8(text) ? std::string() : std::string("not valid UTF-8");
+    },
+    "");
+
+std::string OneLine(std::string text) {
+    for (char& character : text) {
+        if (static_cast<unsigned char>(character) < 0x20) character = ' ';
+    }
+    return text;
+}
+
+} // namespace
+
+TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
+    TDesktopOptions options;
+    std::string form = "terminal", theme = "light";
+    std::string screenshot, universe, settings, exchange, symbol;
+    int language = 0;
+
+    CLI::App app("Opens a trading terminal on a simulated venue. With --text it is a console; see "
+                 "--text --help.",
+                 "quorin-terminal");
+    app.add_option("--form", form, "terminal, watch or ticket (default: terminal)")
+        ->type_name("NAME")
+        ->check(NamesOf(Forms).description(""));
+    app.add_option("--screenshot", screenshot, "draw the form into this file; needs no display")
+        ->type_name("FILE.png")
+        ->check(GoodText);
+    app.add_option("--steps", options.Steps, "deliveries before the picture (default: 40)")
+        ->type_name("N")
+        ->check(CLI::Range(0, MostSteps).description(""));
+    app.add_option("--theme", theme, "light or dark (default: light)")
+        ->type_name("NAME")
+        ->check(NamesOf(Themes).description(""));
+    app.add_option("--language", language, "0 English, 1 Traditional, 2 Simplified Chinese")
+        ->type_name("N")
+        ->check(CLI::Range(0, 2).description(""));
+    app.add_option("--seed", options.Seed, "another seed, another market (default: 1)")
+        ->type_name("N");
+    app.add_option("--poll", options.StepSeconds, "seconds between deliveries (default: 0.25)")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(ShortestStep, LongestStep).description(""));
+    app.add_option("--exchange", exchange, "the exchange to show (default: SEHK)")
+        ->type_name("CODE")
+        ->check(GoodText);
+    app.add_option("--symbol", symbol, "that the ticket begins with (default: the first row's)")
+        ->type_name("CODE")
+        ->check(GoodText);
+    app.add_option("--universe", universe, "symbols of the venue (default: the shipped ones)")
+        ->type_name("FILE.csv")
+        ->check(GoodText);
+    app.add_option("--settings", settings, "settings to start with")
+        ->type_name("FILE.ini")
+        ->check(GoodText);
+
+    TDesktopCommandLine result;
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        result.Output = app.help();
+        return result;
+    } catch (const CLI::ParseError& error) {
+        result.ExitStatus = UnusableOptions;
+        result.Error = OneLine(error.what()) + Usage;
+        return result;
+    }
+    options.Form = Forms.at(form);
+    options.Theme = Themes.at(theme);
+    options.Language = static_cast<TAppLanguage>(language);
+    options.Screenshot = screenshot;
+    options.Universe = universe;
+    options.Settings = settings;
+    options.Exchange = FromUtf8(exchange);
+    options.Symbol = FromUtf8(symbol);
+    result.Options = std::move(options);
+    return result;
+}
+
+} // namespace quorin

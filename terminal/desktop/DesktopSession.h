@@ -1,0 +1,43 @@
+#pragma once
+
+#include "terminal/desktop/DesktopHost.h"
+#include "terminal/desktop/DesktopOptions.h"
+#include "terminal/forms/VenueMarket.h"
+
+namespace quorin {
+
+// The services with a venue that moves, for as long as there are windows.
+class TDesktopSession {
+public:
+    // Raises EDataError for data that cannot be worked with.
+    TDesktopSession(const TDesktopOptions& options, const std::filesystem::path& dataFolder);
+
+    TDesktopHost& Host() { return FHost; }
+    TEmbeddedServices& Services() { return FServices; }
+    const String& Exchange() const { return FExchange; }
+    // Goes on to the next delivery; nothing inside a delivery.
+    void Step();
+    Integer Deliveries() const { return FDeliveries; }
+    // "HH:MM:SS" of the latest delivery.
+    String Clock() const;
+
+private:
+    // Lets what the forms share go when they are gone and the services still there.
+    struct TSharedRelease {
+        TSharedRelease() = default;
+        TSharedRelease(const TSharedRelease&) = delete;
+        TSharedRelease& operator=(const TSharedRelease&) = delete;
+        ~TSharedRelease();
+    };
+
+    TDesktopHost FHost;
+    TEmbeddedServices FServices;
+    TFieldLists FFieldLists;
+    TSharedRelease FSharedRelease;
+    TVenueMarket FMarket;
+    String FExchange;
+    Integer FDeliveries = 0;
+    bool FIsStepping = false;
+};
+
+} // namespace quorin

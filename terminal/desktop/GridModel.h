@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/widgets/GridTableView.h"
+#include "terminal/forms/ListForm.h"
+
+#include <QAbstractTableModel>
+
+namespace quorin {
+
+// A headless grid as a table of Qt: rows in view order, the visible columns. Holds nothing of what
+// it shows but how many rows and columns Qt was told of; captions and cells are asked for when they
+// are drawn.
+class TGridModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    // The state of a move, as an Integer, in cells that have a mark.
+    static constexpr int MarkRole = Qt::UserRole + 1;
+    // Whether cells of the column have a mark behind their text.
+    static constexpr int HasMarksRole = Qt::UserRole + 2;
+
+    // `form` knows which columns are text and which have marks; nil where all are text. Both must
+    // live longer.
+    explicit TGridModel(TcxGridTableView& view, TListForm* form = nullptr,
+                        QObject* parent = nullptr);
+
+    TcxGridTableView& View() { return FView; }
+    // The headless column of one of Qt's; nil outside.
+    TcxGridColumn* Column(int section) const;
+
+    // Tells Qt of rows and columns that have come or gone since it was told last. True when there
+    // were any.
+    bool FollowSize();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    int ViewColumnCount() const;
+    Qt::Alignment AlignmentOf(const TcxGridColumn& column) const;
+
+    TcxGridTableView& FView;
+    TListForm* FForm;
+    int FToldRows = 0;
+    int FToldColumns = 0;
+};
+
+} // namespace quorin

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "viewdata/market/MarketDataControl.h"
+
+#include <QColor>
+#include <QFont>
+
+class QApplication;
+
+namespace quorin {
+
+enum class TTheme : Byte { Light, Dark };
+
+// Gives the program one look on every machine: colours, style and a font that writes figures of
+// equal width and Chinese, as far as the machine has one.
+void ApplyTheme(QApplication& application, TTheme theme);
+
+TTheme CurrentTheme();
+// The colour of a move and of its mark; an invalid one for no move, which has the text's.
+QColor MoveColor(TPriceChangeState state);
+// A second, quieter shade of the rows.
+QColor QuietTextColor();
+// Colours of the two sides of an order, behind text in the colour given last.
+QColor SideColor(Integer side);
+QColor SideTextColor();
+
+// The mark of a move, which says without colour what the colour says.
+QString MoveMark(TPriceChangeState state);
+// What a person is told who cannot see the mark.
+QString MoveWord(TPriceChangeState state);
+
+} // namespace quorin

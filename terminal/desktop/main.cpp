@@ -1,0 +1,68 @@
+#include "embedded/DataError.h"
+#include "terminal/desktop/MainWindow.h"
+
+#include <QApplication>
+#include <QPixmap>
+
+#include <iostream>
+
+namespace quorin {
+namespace {
+
+constexpr const char* ProgramName = "quorin-terminal";
+constexpr int CannotWrite = 1;
+constexpr int Unusable = 2;
+
+// What Qt says of a machine without a display is no news where none is asked for.
+void DropMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type >= QtCriticalMsg) std::cerr << text.toStdString() << '\n';
+}
+
+int TakePicture(TMainWindow& window, TDesktopSession& session, const TDesktopOptions& options) {
+    window.show();
+    for (Integer step = 0; step < options.Steps; ++step) {
+        window.Frame(); // subscribes what is on screen
+        session.Step();
+    }
+    window.Frame();
+    QApplication::processEvents();
+    const QString file = QString::fromStdString(options.Screenshot.string());
+    if (window.grab().save(file, "PNG")) return 0;
+    std::cerr << ProgramName << ": " << options.Screenshot.string() << ": cannot be written\n";
+    return CannotWrite;
+}
+
+int Run(QApplication& application, const TDesktopOptions& options) {
+    ApplyTheme(application, options.Theme);
+    TDesktopSession session(options, QUORIN_DATA_DIR);
+    TMainWindow window(session, options);
+    if (!options.Screenshot.empty()) return TakePicture(window, session, options);
+    window.Frame();
+    window.Start(options.StepSeconds);
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+} // namespace quorin
+
+int main(int argc, char** argv) {
+    using namespace quorin;
+    const TDesktopCommandLine line = ParseDesktopCommandLine(argc, argv);
+    std::cout << line.Output;
+    if (!line.Error.empty()) std::cerr << ProgramName << ": " << line.Error << '\n';
+    if (!line.Options.has_value()) return line.ExitStatus;
+    // A picture needs no display, and looks the same with one.
+    if (!line.Options->Screenshot.empty()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(DropMessage);
+    }
+    try {
+        int noArguments = 1; // the program's own are not Qt's
+        QApplication application(noArguments, argv);
+        return Run(application, *line.Options);
+    } catch (const std::exception& error) {
+        std::cerr << ProgramName << ": " << error.what() << '\n';
+        return Unusable;
+    }
+}
