@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quorin {
 
 namespace {
+
+constexpr Double Unbounded = std::numeric_limits<Double>::max();
 
 constexpr int MaxDecimals = 9;
 constexpr Double MaxUnits = 9e15;      // below this every whole number of units is a Double
@@ -75,14 +78,14 @@ Double TEmbeddedSpreadTable::GetSpreadUp(Double Price, Double& Upper, Double& Lo
     Upper = Lower = 0.0;
     TPosition position{};
     if (FBands.empty() || !ToPosition(Price, position)) return 0.0;
-    return Answer(BandUp(position), Upper, Lower);
+    return Answer(BandUp(position), position, Upper, Lower);
 }
 
 Double TEmbeddedSpreadTable::GetSpreadDown(Double Price, Double& Upper, Double& Lower) const {
     Upper = Lower = 0.0;
     TPosition position{};
     if (FBands.empty() || !ToPosition(Price, position)) return 0.0;
-    return Answer(BandDown(position), Upper, Lower);
+    return Answer(BandDown(position), position, Upper, Lower);
 }
 
 bool TEmbeddedSpreadTable::IsOnStep(Double price) const {
@@ -93,9 +96,15 @@ bool TEmbeddedSpreadTable::IsOnStep(Double price) const {
     return (position.Below - band.From) % band.Step == 0;
 }
 
-Double TEmbeddedSpreadTable::Answer(std::size_t band, Double& upper, Double& lower) const {
-    upper = static_cast<Double>(FBands[band].To) / FScale;
-    lower = static_cast<Double>(FBands[band].From) / FScale;
+// A price beyond the table still lies within the bounds of its band: a field that finds it outside
+// would take the next step down for one that has left the band upwards.
+Double TEmbeddedSpreadTable::Answer(std::size_t band, TPosition position, Double& upper,
+                                    Double& lower) const {
+    const Int64 from = FBands[band].From;
+    const Int64 to = FBands[band].To;
+    const bool isAbove = position.Below > to || (position.Below == to && position.IsBetween);
+    upper = isAbove ? Unbounded : static_cast<Double>(to) / FScale;
+    lower = position.Below < from ? -Unbounded : static_cast<Double>(from) / FScale;
     return static_cast<Double>(FBands[band].Step) / FScale;
 }
 

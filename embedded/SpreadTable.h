@@ -28,7 +28,8 @@ public:
     // The price itself while the table is not loaded, for 0 steps, and for what is no price
     // (infinite, or beyond 15 digits).
     Double MovePrice(Double Price, Integer Steps) const override;
-    // Prices below the first band belong to it, prices above the last band to that.
+    // Prices below the first band belong to it, prices above the last band to that; the band then
+    // has no bound on that side (the largest Double).
     Double GetSpreadUp(Double Price, Double& Upper, Double& Lower) const override;
     Double GetSpreadDown(Double Price, Double& Upper, Double& Lower) const override;
 
@@ -57,7 +58,7 @@ private:
     std::size_t BandDown(const TPosition& position) const;
     Int64 MoveUp(TPosition position, Int64 steps) const;
     Int64 MoveDown(TPosition position, Int64 steps) const;
-    Double Answer(std::size_t band, Double& upper, Double& lower) const;
+    Double Answer(std::size_t band, TPosition position, Double& upper, Double& lower) const;
 
     std::vector<TBand> FBands;
     Double FScale = 1.0; // units in 1

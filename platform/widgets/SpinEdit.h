@@ -55,8 +55,8 @@ private:
     bool FUseDisplayFormatWhenEditing = false;
 };
 
-// A field for a number with two buttons that step it up and down; the keys Up and Down and the
-// wheel do the same. The value follows the typing at once: empty text is null, and text that is no
+// A field for a number with two buttons that step it up and down; the keys Up and Down do the same,
+// and each notch of the wheel is a press of one of them, after OnMouseWheel. The value follows the typing at once: empty text is null, and text that is no
 // number yet leaves the last value until it is left or accepted, which shows the value again.
 // Digits and signs of full width count as the ordinary ones. Return accepts what was entered,
 // Escape takes it back. Times come from the host, through Tick.

@@ -2,14 +2,18 @@
 #include "platform/rtl/Text.h"
 #include "platform/widgets/SpinEdit.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 
 namespace quorin {
 
 namespace {
 
 constexpr Char GroupMark = u',';
+// In one turn of the wheel; what is turned beyond is lost.
+constexpr Integer MostNotches = 100;
 // Longer text without its group marks is no number.
 constexpr std::size_t LongestNumber = 64;
 
@@ -156,7 +160,15 @@ bool TcxSpinEdit::WheelTurned(Integer wheelDelta) {
     FWheelRest += wheelDelta;
     const Integer notches = FWheelRest / WheelNotch;
     FWheelRest -= notches * WheelNotch;
-    if (notches != 0) Step(notches);
+    // As the keys: a handler that walks a table of steps is asked before each of them.
+    const Word key = notches > 0 ? Key::Up : Key::Down;
+    const TWatch watch(FLifeline);
+    for (Integer notch = std::min(std::abs(notches), MostNotches); notch > 0; --notch) {
+        PressKey(key);
+        if (!watch.IsAlive()) break;
+        ReleaseKey(key);
+        if (!watch.IsAlive()) break;
+    }
     return true;
 }
 

@@ -70,6 +70,7 @@ TEST(SpreadTable, MovesByTicks) {
 }
 
 TEST(SpreadTable, NamesTheBand) {
+    constexpr Double Most = std::numeric_limits<Double>::max();
     const struct {
         const char* name;
         Double price;
@@ -81,9 +82,10 @@ TEST(SpreadTable, NamesTheBand) {
         {"just above a border", 0.50001, 0.01, 0.5, 20.0, 0.01, 0.5, 20.0},
         {"just below a border", 0.49999, 0.005, 0.25, 0.5, 0.005, 0.25, 0.5},
         {"lower end", 0.0, 0.001, 0.0, 0.25, 0.001, 0.0, 0.25},
-        {"below", -1.0, 0.001, 0.0, 0.25, 0.001, 0.0, 0.25},
+        {"below", -1.0, 0.001, -Most, 0.25, 0.001, -Most, 0.25},
         {"upper end", 50.0, 0.02, 20.0, 50.0, 0.02, 20.0, 50.0},
-        {"above", 70.0, 0.02, 20.0, 50.0, 0.02, 20.0, 50.0},
+        {"just above", 50.0001, 0.02, 20.0, Most, 0.02, 20.0, Most},
+        {"above", 70.0, 0.02, 20.0, Most, 0.02, 20.0, Most},
     };
     TEmbeddedSpreadTable table;
     ASSERT_TRUE(table.Load(Bands));

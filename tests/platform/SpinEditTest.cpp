@@ -101,8 +101,9 @@ TEST_F(TSpinEditTest, EventsComeInOrder) {
         {"told to act as left", u"exit exit", "exit exit", "12|"},
         {"another takes the focus", u"other type:5", "exit", "12|"},
         {"tabs in", u"other enter", "exit enter", "|12|"},
-        {"wheel", u"wheel:-240", "wheel change:10.0", "10|"},
-        {"wheel by parts of a notch", u"wheel:70 wheel:70 wheel:-110", "wheel wheel change:13.0 wheel", "13|"},
+        {"wheel", u"wheel:-240", "wheel down40 change:11.0 up40 down40 change:10.0 up40", "10|"},
+        {"wheel by parts of a notch", u"wheel:70 wheel:70 wheel:-110",
+         "wheel wheel down38 change:13.0 up38 wheel", "13|"},
         {"wheel that a handler takes", u"handled wheel:120", "wheel", "12|"},
         {"wheel without the focus", u"leave wheel:120", "exit", "12|"},
         {"held before the delay", u"press tick:399", "mousedown change:13.0", "13|"},
@@ -347,15 +348,16 @@ TEST_F(TSpinEditTest, SurvivesBeingFreedInAnyHandler) {
         StringView Script;
     };
     const TCase cases[] = {
-        {"down", u"type:55"},        {"press", u"type:55"},       {"change", u"type:55"},
-        {"up", u"type:55"},          {"down", u"paste:5"},        {"press", u"paste:5"},
-        {"change", u"paste:5"},      {"change", u"delete"},       {"change", u"all cut"},
-        {"change", u"up"},           {"change", u"press"},        {"change", u"value:5"},
-        {"change", u"escape"},       {"wheel", u"wheel:120"},     {"change", u"wheel:120"},
-        {"mousedown", u"click:0"},   {"click", u"click:0"},       {"mouseup", u"click:0"},
-        {"mouseup", u"press leave"}, {"validate", u"other"},      {"validate", u"return"},
-        {"change", u"max leave"},    {"exit", u"hide"},           {"exit", u"unparent"},
-        {"exit", u"exit"},           {"enter", u"other click:0"},
+        {"down", u"type:55"},        {"press", u"type:55"},   {"change", u"type:55"},
+        {"up", u"type:55"},          {"down", u"paste:5"},    {"press", u"paste:5"},
+        {"change", u"paste:5"},      {"change", u"delete"},   {"change", u"all cut"},
+        {"change", u"up"},           {"change", u"press"},    {"change", u"value:5"},
+        {"change", u"escape"},       {"wheel", u"wheel:120"}, {"change", u"wheel:240"},
+        {"down", u"wheel:240"},      {"up", u"wheel:240"},    {"mousedown", u"click:0"},
+        {"click", u"click:0"},       {"mouseup", u"click:0"}, {"mouseup", u"press leave"},
+        {"validate", u"other"},      {"validate", u"return"}, {"change", u"max leave"},
+        {"exit", u"hide"},           {"exit", u"unparent"},   {"exit", u"exit"},
+        {"enter", u"other click:0"},
     };
     for (const TCase& row : cases) {
         SCOPED_TRACE(row.Event + (' ' + ToUtf8(row.Script)));
