@@ -264,8 +264,8 @@ TEST_F(TPositionColumnValuesTest, AmountsRoundAsTheyAreShown) {
     EXPECT_EQ(Cell(0, 189), u"1234567.89 | 1,234,567.89");
     EXPECT_EQ(Cell(0, 607), u"-999.87");
     EXPECT_EQ(Cell(0, 446), u"-1235567.77 | -1,235,567.77");
-    TFixedFormatter formatter;
-    ServiceRegistry::Install(&formatter);
+    const auto formatter = std::make_unique<TFixedFormatter>();
+    ServiceRegistry::Install(formatter.get());
     constexpr struct {
         StringView Text, Cell;
     } cases[] = {{u"1,2,3.50", u"123.5 | 1,2,3.50"},
@@ -274,7 +274,7 @@ TEST_F(TPositionColumnValuesTest, AmountsRoundAsTheyAreShown) {
                  {u",", u"1234567.894 | ,"},
                  {u"-0.00", u"0 | -0.00"}};
     for (const auto& row : cases) {
-        formatter.Text = row.Text;
+        formatter->Text = row.Text;
         EXPECT_EQ(Cell(0, 189), row.Cell) << ToUtf8(row.Text);
     }
 }
