@@ -4,6 +4,7 @@
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/presentation/IImageResource.h"
 
+#include <QDebug>
 #include <QScopedValueRollback>
 
 namespace quorin {
@@ -11,6 +12,13 @@ namespace quorin {
 TDesktopSession::TSharedRelease::~TSharedRelease() {
     TEditorManager::ReleaseInstance();
     TIImageResourceList::ReleaseInstance();
+}
+
+TDesktopSession::TRegistrationCheck::~TRegistrationCheck() {
+#ifndef NDEBUG
+    const Integer left = Services.RegistrationCount();
+    if (left != 0) qWarning("%d registrations are left", left);
+#endif
 }
 
 TDesktopSession::TDesktopSession(const TDesktopOptions& options,

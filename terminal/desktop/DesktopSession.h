@@ -30,8 +30,18 @@ private:
         ~TSharedRelease();
     };
 
+    // Says what has been left registered at the end, in debug builds.
+    struct TRegistrationCheck {
+        explicit TRegistrationCheck(const TEmbeddedServices& services) : Services(services) {}
+        TRegistrationCheck(const TRegistrationCheck&) = delete;
+        TRegistrationCheck& operator=(const TRegistrationCheck&) = delete;
+        ~TRegistrationCheck();
+        const TEmbeddedServices& Services;
+    };
+
     TDesktopHost FHost;
     TEmbeddedServices FServices;
+    TRegistrationCheck FCheck{FServices};
     TFieldLists FFieldLists;
     TSharedRelease FSharedRelease;
     TVenueMarket FMarket;

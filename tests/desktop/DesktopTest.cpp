@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -62,6 +63,7 @@ void TDesktopTest::init() {
 }
 
 void TDesktopTest::cleanup() {
+    QTest::failOnWarning(QRegularExpression("registrations are left"));
     FWindow.reset();
     FSession.reset();
 }
