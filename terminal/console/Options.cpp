@@ -4,6 +4,7 @@
 #include "platform/rtl/Utf.h"
 #include "terminal/console/ExitStatus.h"
 #include "terminal/console/ScriptCommands.h"
+#include "terminal/forms/OptionText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,13 +27,6 @@ const std::map<std::string, TFrameForm> Forms = {
 };
 constexpr const char* AnswerYes = "yes";
 constexpr const char* AnswerNo = "no";
-
-std::string OneLine(std::string text) {
-    for (char& character : text) {
-        if (static_cast<unsigned char>(character) < 0x20) character = ' ';
-    }
-    return text;
-}
 
 const CLI::Validator PollSeconds(
     [](std::string& text) {
@@ -58,12 +52,7 @@ const CLI::Validator SeedNumber(
 const CLI::Range AtLeastOne(1, std::numeric_limits<Integer>::max());
 const CLI::Range NotNegative(0, std::numeric_limits<Integer>::max());
 
-const CLI::Validator PlainText(
-    [](std::string& text) {
-        if (text.empty()) return std::string("must not be empty");
-        return IsValidUtf8(text) ? std::string() : std::string("not valid UTF-8");
-    },
-    "");
+const CLI::Validator PlainText([](std::string& text) { return ProblemOf(text); }, "");
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "terminal/desktop/DesktopOptions.h"
 
 #include "platform/rtl/Utf.h"
+#include "terminal/forms/OptionText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -30,19 +31,7 @@ CLI::IsMember NamesOf(const std::map<std::string, Value>& values) {
     return CLI::IsMember(names);
 }
 
-const CLI::Validator GoodText(
-    [](std::string& text) {
-        if (text.empty()) return std::string("must not be empty");
-        return IsValidUtf8(text) ? std::string() : std::string("not valid UTF-8");
-    },
-    "");
-
-std::string OneLine(std::string text) {
-    for (char& character : text) {
-        if (static_cast<unsigned char>(character) < 0x20) character = ' ';
-    }
-    return text;
-}
+const CLI::Validator PlainText([](std::string& text) { return ProblemOf(text); }, "");
 
 } // namespace
 
@@ -60,7 +49,7 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
         ->check(NamesOf(Forms).description(""));
     app.add_option("--screenshot", screenshot, "draw the form into this file; needs no display")
         ->type_name("FILE.png")
-        ->check(GoodText);
+        ->check(PlainText);
     app.add_option("--steps", options.Steps, "deliveries before the picture (default: 40)")
         ->type_name("N")
         ->check(CLI::Range(0, MostSteps).description(""));
@@ -77,16 +66,16 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
         ->check(CLI::Range(ShortestStep, LongestStep).description(""));
     app.add_option("--exchange", exchange, "the exchange to show (default: SEHK)")
         ->type_name("CODE")
-        ->check(GoodText);
+        ->check(PlainText);
     app.add_option("--symbol", symbol, "that the ticket begins with (default: the first row's)")
         ->type_name("CODE")
-        ->check(GoodText);
+        ->check(PlainText);
     app.add_option("--universe", universe, "symbols of the venue (default: the shipped ones)")
         ->type_name("FILE.csv")
-        ->check(GoodText);
+        ->check(PlainText);
     app.add_option("--settings", settings, "settings to start with")
         ->type_name("FILE.ini")
-        ->check(GoodText);
+        ->check(PlainText);
 
     TDesktopCommandLine result;
     try {
