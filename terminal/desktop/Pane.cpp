@@ -1,0 +1,73 @@
+#include "terminal/desktop/Pane.h"
+
+#include "terminal/desktop/QtText.h"
+#include "viewdata/services/GlobalChannelManager.h"
+
+#include <QScopedValueRollback>
+
+namespace quorin {
+
+StringView GroupID(Integer group) {
+    static constexpr StringView IDs[] = {u"", u"A", u"B"};
+    return group >= NoGroup && group <= GroupCount ? IDs[group] : IDs[NoGroup];
+}
+
+TPane::TPane(TPaneKind kind, QWidget* parent) : QWidget(parent), FKind(kind) {}
+
+TPane::~TPane() {
+    auto* channels = TCustomGlobalChannelManager::GetInstance();
+    if (channels != nullptr && FGroup != NoGroup) {
+        channels->RemoveGroupCallback(GroupID(FGroup), &FOwner);
+    }
+}
+
+void TPane::SetGroup(Integer group) {
+    if (group == FGroup || group < NoGroup || group > GroupCount) return;
+    auto& channels = *TCustomGlobalChannelManager::GetInstance();
+    if (FGroup != NoGroup) channels.RemoveGroupCallback(GroupID(FGroup), &FOwner);
+    FGroup = group;
+    if (FGroup != NoGroup) {
+        channels.RegisterGroupCallback(GroupID(FGroup), MakeEvent<&TPane::GroupData>(this),
+                                       &FOwner);
+    }
+    JoinGroup(GroupID(FGroup));
+    emit GroupChanged();
+}
+
+void TPane::JoinGroup(StringView groupID) {
+    if (groupID.empty()) return;
+    const auto& channels = *TCustomGlobalChannelManager::GetInstance();
+    const String account = channels.GetGroupValue(groupID, Channel::CurrentAccount);
+    const String symbol = channels.GetGroupValue(groupID, Channel::CurrentSymbol);
+    if (!account.empty()) TakeAccount(account);
+    if (!symbol.empty()) TakeSymbol(symbol);
+}
+
+void TPane::ChooseSymbol(StringView symbol) {
+    Choose(Channel::CurrentSymbol, symbol);
+    emit SymbolChosen(ToQt(symbol));
+}
+
+void TPane::ChooseAccount(StringView account) {
+    Choose(Channel::CurrentAccount, account);
+    emit AccountChosen(ToQt(account));
+}
+
+void TPane::Choose(Integer channel, StringView value) {
+    if (FGroup == NoGroup) return;
+    const QScopedValueRollback telling(FIsTelling, true);
+    auto& channels = *TCustomGlobalChannelManager::GetInstance();
+    const String before = channels.GetGroupValue(GroupID(FGroup), channel);
+    if (before != value) channels.PublishValue(channel, value, before, GroupID(FGroup));
+}
+
+void TPane::GroupData(Pointer Sender, Pointer) {
+    const auto* change = ObjectAs<TCustomGroupData>(Sender);
+    if (change == nullptr || FIsTelling) return;
+    const String value = change->GetChannelValue(change->GetChannel());
+    if (value.empty()) return;
+    if (change->GetChannel() == Channel::CurrentSymbol) TakeSymbol(value);
+    if (change->GetChannel() == Channel::CurrentAccount) TakeAccount(value);
+}
+
+} // namespace quorin
