@@ -1,11 +1,12 @@
 #include "terminal/desktop/DesktopOptions.h"
 
 #include "platform/rtl/Utf.h"
+#include "terminal/desktop/PaneKinds.h"
 #include "terminal/forms/OptionText.h"
 
 #include <CLI/CLI.hpp>
 
-#include <limits>
+#include <cstdlib>
 #include <map>
 
 namespace quorin {
@@ -19,9 +20,31 @@ constexpr int MostSteps = 100'000;
 constexpr const char* Usage =
     "; --help lists the options of the window, --text --help those of the console";
 
-const std::map<std::string, TDesktopForm> Forms = {{"terminal", TDesktopForm::Terminal},
-                                                   {"watch", TDesktopForm::Watch},
-                                                   {"ticket", TDesktopForm::Ticket}};
+constexpr const char* WholeTerminal = "terminal";
+
+std::vector<std::string> FormNames() {
+    std::vector<std::string> names = {WholeTerminal};
+    for (const TPaneKindInfo& info : PaneKinds()) names.emplace_back(info.Code);
+    return names;
+}
+
+std::string FormHelp() {
+    std::string help;
+    for (const std::string& name : FormNames()) help += (help.empty() ? "" : ", ") + name;
+    return help + " (default: terminal)";
+}
+
+// Where a terminal of this user keeps its forms; empty for a user without a home.
+std::string UsualWorkspace() {
+    const char* settings = std::getenv("XDG_CONFIG_HOME");
+    const char* home = std::getenv("HOME");
+    const auto isFolder = [](const char* name) { return name != nullptr && *name == '/'; };
+    if (!isFolder(settings) && !isFolder(home)) return {};
+    const auto folder = isFolder(settings) ? std::filesystem::path(settings)
+                                           : std::filesystem::path(home) / ".config";
+    return folder / "quorin" / "terminal.json";
+}
+
 const std::map<std::string, TTheme> Themes = {{"light", TTheme::Light}, {"dark", TTheme::Dark}};
 
 template <class Value>
@@ -37,26 +60,27 @@ const CLI::Validator PlainText([](std::string& text) { return ProblemOf(text); }
 
 TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
     TDesktopOptions options;
-    std::string form = "terminal", theme = "light";
-    std::string screenshot, universe, settings, exchange, symbol;
-    int language = 0;
+    std::string form = WholeTerminal, theme;
+    std::string workspace, screenshot, universe, settings, exchange, symbol;
+    int language = -1;
 
     CLI::App app("Opens a trading terminal on a simulated venue. With --text it is a console; see "
                  "--text --help.",
                  "quorin-terminal");
-    app.add_option("--form", form, "terminal, watch or ticket (default: terminal)")
+    app.add_option("--form", form, FormHelp())
         ->type_name("NAME")
-        ->check(NamesOf(Forms).description(""));
+        ->check(CLI::IsMember(FormNames()).description(""));
     app.add_option("--screenshot", screenshot, "draw the form into this file; needs no display")
         ->type_name("FILE.png")
         ->check(PlainText);
     app.add_option("--steps", options.Steps, "deliveries before the picture (default: 40)")
         ->type_name("N")
         ->check(CLI::Range(0, MostSteps).description(""));
-    app.add_option("--theme", theme, "light or dark (default: light)")
+    app.add_option("--theme", theme, "light or dark (default: as last time)")
         ->type_name("NAME")
         ->check(NamesOf(Themes).description(""));
-    app.add_option("--language", language, "0 English, 1 Traditional, 2 Simplified Chinese")
+    app.add_option("--language", language,
+                   "0 English, 1 Traditional, 2 Simplified Chinese (default: as last time)")
         ->type_name("N")
         ->check(CLI::Range(0, 2).description(""));
     app.add_option("--seed", options.Seed, "another seed, another market (default: 1)")
@@ -76,6 +100,12 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
     app.add_option("--settings", settings, "settings to start with")
         ->type_name("FILE.ini")
         ->check(PlainText);
+    app.add_option(
+           "--workspace", workspace,
+           "keeps forms and layouts from start to start (default: quorin/terminal.json among the "
+           "user's settings; pictures use none)")
+        ->type_name("FILE.json")
+        ->check(PlainText);
 
     TDesktopCommandLine result;
     try {
@@ -88,9 +118,11 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
         result.Error = OneLine(error.what()) + Usage;
         return result;
     }
-    options.Form = Forms.at(form);
-    options.Theme = Themes.at(theme);
-    options.Language = static_cast<TAppLanguage>(language);
+    if (const TPaneKindInfo* kind = FindPaneKind(FromUtf8(form))) options.Form = kind->Kind;
+    if (!theme.empty()) options.Theme = Themes.at(theme);
+    if (language >= 0) options.Language = static_cast<TAppLanguage>(language);
+    if (workspace.empty() && screenshot.empty()) workspace = UsualWorkspace();
+    options.Workspace = workspace;
     options.Screenshot = screenshot;
     options.Universe = universe;
     options.Settings = settings;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "terminal/desktop/Pane.h"
 #include "terminal/desktop/Theme.h"
 #include "viewdata/services/LanguageManager.h"
 
@@ -9,18 +10,17 @@
 
 namespace quorin {
 
-// What a window shows.
-enum class TDesktopForm : Byte { Terminal, Watch, Ticket };
-
 // What the command line asks for. See --help for the words.
 struct TDesktopOptions {
-    TDesktopForm Form = TDesktopForm::Terminal;
+    std::optional<TPaneKind> Form;    // none: the whole terminal
     std::filesystem::path Screenshot; // empty: a window instead
     Integer Steps = 40;               // deliveries before the picture is taken
-    TTheme Theme = TTheme::Light;
-    TAppLanguage Language = TAppLanguage::English;
-    std::filesystem::path Universe; // one file; empty: the shipped one
-    std::filesystem::path Settings; // empty: none
+    // None: as the workspace has it, else the first of each.
+    std::optional<TTheme> Theme;
+    std::optional<TAppLanguage> Language;
+    std::filesystem::path Universe;  // one file; empty: the shipped one
+    std::filesystem::path Settings;  // empty: none
+    std::filesystem::path Workspace; // where forms and layouts are kept; empty: nowhere
     Double StepSeconds = 0.25;
     std::uint64_t Seed = 1;
     String Exchange; // empty: the usual one

@@ -3,11 +3,24 @@
 #include "embedded/TimeText.h"
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/presentation/IImageResource.h"
+#include "viewdata/services/ConfigKeys.h"
 
 #include <QDebug>
 #include <QScopedValueRollback>
 
 namespace quorin {
+
+namespace {
+
+// Unless the settings say otherwise: two groups of fields are there to show two things.
+void KeepGroupsApart(TEmbeddedConfigManager& config) {
+    constexpr StringView apart = u"0";
+    if (!config.ReadString(TradePlatformSection, ConfigKey::DefaultGroupDataMode).empty()) return;
+    config.Set(TradePlatformSection, ConfigKey::DefaultGroupDataMode, apart);
+    config.Commit();
+}
+
+} // namespace
 
 TDesktopSession::TSharedRelease::~TSharedRelease() {
     TEditorManager::ReleaseInstance();
@@ -26,10 +39,12 @@ TDesktopSession::TDesktopSession(const TDesktopOptions& options,
     : FServices({.Host = FHost,
                  .DataDirectory = dataFolder,
                  .SettingsPath = options.Settings,
-                 .Language = options.Language,
+                 .Language = options.Language.value_or(TAppLanguage::English),
                  .Switches = {}}),
       FMarket(FServices, {dataFolder, options.Universe, options.Seed, options.StepSeconds, 0}),
       FExchange(FMarket.ChooseExchange(options.Exchange)) {
+    KeepGroupsApart(FServices.Config());
+    FSinceDelivery.start();
     FHost.SetFieldLists(&FFieldLists);
     FServices.Market().SetSpreadTablesAtOnce(true); // prices by their ticks from the first frame on
 }
@@ -40,6 +55,12 @@ void TDesktopSession::Step() {
     const QScopedValueRollback stepping(FIsStepping, true);
     FMarket.Step();
     ++FDeliveries;
+    FSinceDelivery.restart();
+}
+
+Double TDesktopSession::DeliveryAge() const {
+    constexpr Double millisecondsPerSecond = 1000.0;
+    return static_cast<Double>(FSinceDelivery.elapsed()) / millisecondsPerSecond;
 }
 
 String TDesktopSession::Clock() const {

@@ -4,6 +4,8 @@
 #include "terminal/desktop/DesktopOptions.h"
 #include "terminal/forms/VenueMarket.h"
 
+#include <QElapsedTimer>
+
 namespace quorin {
 
 // The services with a venue that moves, for as long as there are windows.
@@ -18,6 +20,10 @@ public:
     // Goes on to the next delivery; nothing inside a delivery.
     void Step();
     Integer Deliveries() const { return FDeliveries; }
+    // Price updates of all deliveries so far.
+    Int64 Updates() const { return FMarket.Updates(); }
+    // Seconds since the latest delivery, or since the start.
+    Double DeliveryAge() const;
     // "HH:MM:SS" of the latest delivery.
     String Clock() const;
 
@@ -47,6 +53,7 @@ private:
     TVenueMarket FMarket;
     String FExchange;
     Integer FDeliveries = 0;
+    QElapsedTimer FSinceDelivery;
     bool FIsStepping = false;
 };
 

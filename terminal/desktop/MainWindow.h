@@ -1,18 +1,24 @@
 #pragma once
 
+#include "terminal/desktop/DesktopOptions.h"
 #include "terminal/desktop/DesktopSession.h"
-#include "terminal/desktop/TicketPane.h"
-#include "terminal/desktop/WatchPane.h"
+#include "terminal/desktop/PaneDock.h"
+#include "terminal/desktop/Workspace.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
-class QLabel;
+class QMenu;
 
 namespace quorin {
 
-// The window with the forms that were asked for. Deliveries come with one timer and frames with
-// another, so a flood of deliveries costs no more than a frame now and then.
+class TStatusLine;
+class TTicketPane;
+class TWatchPane;
+
+// The window with its forms, each in a dock and any of them as often as wanted. Deliveries come
+// with one timer and frames with another, so a flood of deliveries costs no more than a frame now
+// and then. The workspace has the forms of the last start, and gets those of this one at the end.
 class TMainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -20,8 +26,8 @@ public:
     // At most 60 frames a second.
     static constexpr int FrameInterval = 17; // milliseconds
 
-    // The session must live longer.
-    TMainWindow(TDesktopSession& session, const TDesktopOptions& options);
+    // All must live longer.
+    TMainWindow(TDesktopSession& session, const TDesktopOptions& options, TWorkspace& workspace);
     ~TMainWindow() override;
 
     // Starts the market and the frames.
@@ -29,19 +35,50 @@ public:
     // Draws what has changed since the frame before.
     void Frame();
 
-    // Nil where the window does not have it.
-    TWatchPane* Watch() { return FWatch; }
-    TTicketPane* Ticket() { return FTicket; }
+    // Opens one more form of the kind, with the layout that a form of its number had last.
+    TPane& Open(TPaneKind kind);
+    // Closes every form and opens those that a terminal begins with.
+    void ArrangeAsAtFirst();
+    const std::vector<TPaneDock*>& Docks() const { return FDocks; }
+    // The first of its kind; nil where the window has none.
+    TPane* Find(TPaneKind kind) const;
+    TWatchPane* Watch() const;
+    TTicketPane* Ticket() const;
+
+    void SwitchLanguage(TAppLanguage language);
+    void SwitchTheme(TTheme theme);
+    // Hands forms and layouts to the workspace and writes it.
+    void Store();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
-    void OpenWatch();
-    void OpenTicket();
+    static const QString FormsKey; // in the workspace: "watch-1 ticket-1"
+    static const QString GeometryKey;
+    static const QString StateKey;
+
+    TPaneDock& OpenDock(TPaneKind kind, int number);
+    void OpenFirst(const TDesktopOptions& options);
+    bool OpenStored();
+    void OpenUsual();
     void FillTicket(StringView symbol);
+    void CloseActiveForm();
+    void Link(TPane& pane);
+    void SymbolChosen(TPane& from, const QString& symbol);
+    TPaneDock* DockOf(const QString& code) const;
+    void EndForm(TPaneDock* dock);
+    void StoreForm(TPaneDock& dock);
+    void MakeMenus();
+    void FollowLanguage();
 
     TDesktopSession& FSession;
-    TWatchPane* FWatch = nullptr;
-    TTicketPane* FTicket = nullptr;
-    QLabel* FClock;
+    TWorkspace& FWorkspace;
+    std::vector<TPaneDock*> FDocks; // in order of opening
+    TStatusLine* FStatus;
+    TAppLanguage FShownLanguage = TAppLanguage::None;
+    Int64 FPaints = 0;
+    bool FKeepsForms = false; // as the whole terminal, not a single form
     QTimer FStepTimer;
     QTimer FFrameTimer;
 };

@@ -15,46 +15,47 @@ StringView GroupID(Integer group) {
 TPane::TPane(TPaneKind kind, QWidget* parent) : QWidget(parent), FKind(kind) {}
 
 TPane::~TPane() {
-    auto* channels = TCustomGlobalChannelManager::GetInstance();
-    if (channels != nullptr && FGroup != NoGroup) {
-        channels->RemoveGroupCallback(GroupID(FGroup), &FOwner);
-    }
+    TCustomGlobalChannelManager::GetInstance()->RemoveGroupCallback(GroupID(FGroup), &FOwner);
 }
 
 void TPane::SetGroup(Integer group) {
     if (group == FGroup || group < NoGroup || group > GroupCount) return;
-    auto& channels = *TCustomGlobalChannelManager::GetInstance();
-    if (FGroup != NoGroup) channels.RemoveGroupCallback(GroupID(FGroup), &FOwner);
+    TCustomGlobalChannelManager::GetInstance()->RemoveGroupCallback(GroupID(FGroup), &FOwner);
     FGroup = group;
-    if (FGroup != NoGroup) {
-        channels.RegisterGroupCallback(GroupID(FGroup), MakeEvent<&TPane::GroupData>(this),
-                                       &FOwner);
-    }
     JoinGroup(GroupID(FGroup));
     emit GroupChanged();
 }
 
 void TPane::JoinGroup(StringView groupID) {
     if (groupID.empty()) return;
-    const auto& channels = *TCustomGlobalChannelManager::GetInstance();
+    auto& channels = *TCustomGlobalChannelManager::GetInstance();
+    channels.RegisterGroupCallback(groupID, MakeEvent<&TPane::GroupData>(this), &FOwner);
     const String account = channels.GetGroupValue(groupID, Channel::CurrentAccount);
     const String symbol = channels.GetGroupValue(groupID, Channel::CurrentSymbol);
     if (!account.empty()) TakeAccount(account);
     if (!symbol.empty()) TakeSymbol(symbol);
 }
 
+void TPane::ShareSymbol(StringView symbol) {
+    Share(Channel::CurrentSymbol, symbol);
+}
+
+void TPane::ShareAccount(StringView account) {
+    Share(Channel::CurrentAccount, account);
+}
+
 void TPane::ChooseSymbol(StringView symbol) {
-    Choose(Channel::CurrentSymbol, symbol);
+    ShareSymbol(symbol);
     emit SymbolChosen(ToQt(symbol));
 }
 
 void TPane::ChooseAccount(StringView account) {
-    Choose(Channel::CurrentAccount, account);
+    ShareAccount(account);
     emit AccountChosen(ToQt(account));
 }
 
-void TPane::Choose(Integer channel, StringView value) {
-    if (FGroup == NoGroup) return;
+void TPane::Share(Integer channel, StringView value) {
+    if (FGroup == NoGroup || value.empty()) return;
     const QScopedValueRollback telling(FIsTelling, true);
     auto& channels = *TCustomGlobalChannelManager::GetInstance();
     const String before = channels.GetGroupValue(GroupID(FGroup), channel);

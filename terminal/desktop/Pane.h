@@ -49,7 +49,7 @@ public:
     virtual QString Caption() = 0;
     // The list or tree and its skin; nil for panes of another kind.
     virtual TShownForm* Shown() { return nullptr; }
-    virtual QAbstractItemView* Skin() { return nullptr; }
+    virtual QAbstractItemView* ItemView() { return nullptr; }
 
     // What is shown beyond columns: an exchange, an account. A text that another pane of the kind
     // takes back; one that it cannot use leaves things as they are. Empty where there is nothing
@@ -75,14 +75,17 @@ signals:
     void GroupChanged();
 
 protected:
-    // The fields of a ticket follow their group by themselves.
+    // Follows the group from here on, or none with an empty text.
     virtual void JoinGroup(StringView groupID);
-    // Tells the group, if there is one, and whoever listens.
+    // Tell the group, if there is one.
+    void ShareSymbol(StringView symbol);
+    void ShareAccount(StringView account);
+    // The same, and whoever listens: the person wants to go on with it.
     void ChooseSymbol(StringView symbol);
     void ChooseAccount(StringView account);
 
 private:
-    void Choose(Integer channel, StringView value);
+    void Share(Integer channel, StringView value);
     void GroupData(Pointer Sender, Pointer Data);
 
     TObject FOwner; // of the registration

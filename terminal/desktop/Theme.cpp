@@ -107,6 +107,11 @@ QColor SideTextColor() {
     return Colors().SideText;
 }
 
+QColor GroupColor(Integer group) {
+    constexpr Integer first = 1;
+    return group == first ? QColor(0x1f, 0x6f, 0xb5) : QColor(0x8a, 0x4b, 0xa8);
+}
+
 QString MoveMark(TPriceChangeState state) {
     switch (state) {
     case pcsUp: return QStringLiteral("\u25B2");

@@ -24,6 +24,9 @@ QColor QuietTextColor();
 QColor SideColor(Integer side);
 QColor SideTextColor();
 
+// The colour of a linked group, from 1, behind text in the colour for sides.
+QColor GroupColor(Integer group);
+
 // The mark of a move, which says without colour what the colour says.
 QString MoveMark(TPriceChangeState state);
 // What a person is told who cannot see the mark.

@@ -3,6 +3,8 @@
 #include "terminal/desktop/QtText.h"
 #include "terminal/desktop/Theme.h"
 #include "terminal/forms/OrderText.h"
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -27,8 +29,9 @@ void ShowText(QLabel& label, const QString& text) {
 } // namespace
 
 TTicketPane::TTicketPane(QWidget* parent)
-    : QWidget(parent), FForm(CreateComponent<TTicketForm>()), FBuy(MakeButton(OrderSide::Buy)),
-      FSell(MakeButton(OrderSide::Sell)), FResult(new QLabel(this)) {
+    : TPane(TPaneKind::Ticket, parent), FForm(CreateComponent<TTicketForm>()),
+      FBuy(MakeButton(OrderSide::Buy)), FSell(MakeButton(OrderSide::Sell)),
+      FResult(new QLabel(this)) {
     auto* grid = new QGridLayout;
     for (const TTicketField field : TicketFields) {
         const auto row = static_cast<int>(Place(field));
@@ -74,8 +77,17 @@ QPushButton* TTicketPane::MakeButton(Integer side) {
     return button;
 }
 
-TEditSkin& TTicketPane::Skin(TTicketField field) {
+TEditSkin& TTicketPane::FieldSkin(TTicketField field) {
     return *FSkins[Place(field)];
+}
+
+QString TTicketPane::Caption() {
+    return ToQt(InterfaceText(TerminalKey::Res_Ticket));
+}
+
+// The fields hear of the group's values by themselves.
+void TTicketPane::JoinGroup(StringView groupID) {
+    for (const TTicketField field : TicketFields) FForm->SetGroup(field, groupID);
 }
 
 void TTicketPane::TakeSymbol(StringView symbol) {

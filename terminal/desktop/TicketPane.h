@@ -1,5 +1,6 @@
 #pragma once
 
+#include "terminal/desktop/Pane.h"
 #include "terminal/desktop/PopupSkin.h"
 #include "terminal/desktop/SpinSkin.h"
 #include "terminal/forms/TicketForm.h"
@@ -12,7 +13,7 @@ class QPushButton;
 namespace quorin {
 
 // The order ticket on the screen.
-class TTicketPane : public QWidget {
+class TTicketPane : public TPane {
     Q_OBJECT
 
 public:
@@ -20,11 +21,20 @@ public:
     ~TTicketPane() override;
 
     TTicketForm& Form() { return *FForm; }
-    TEditSkin& Skin(TTicketField field);
+    TEditSkin& FieldSkin(TTicketField field);
+
+    void Follow() override;
+    QString Caption() override;
+    // The account.
+    String Choice() override { return FForm->Account(); }
+    void SetChoice(StringView account) override { FForm->SetLayoutAccount(account); }
     // Enters the symbol as a person would.
-    void TakeSymbol(StringView symbol);
-    // To be called once per frame.
-    void Follow();
+    void TakeSymbol(StringView symbol) override;
+    void TakeAccount(StringView account) override { FForm->SetLayoutAccount(account); }
+    bool IsAsking() const override { return FForm->IsSending(); }
+
+protected:
+    void JoinGroup(StringView groupID) override;
 
 private:
     TEditSkin* MakeSkin(TTicketField field);

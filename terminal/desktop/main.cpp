@@ -32,10 +32,16 @@ int TakePicture(TMainWindow& window, TDesktopSession& session, const TDesktopOpt
     return CannotWrite;
 }
 
-int Run(QApplication& application, const TDesktopOptions& options) {
-    ApplyTheme(application, options.Theme);
+int Run(QApplication& application, TDesktopOptions options) {
+    TWorkspace workspace(QString::fromStdString(options.Workspace.string()));
+    if (!workspace.Problem().isEmpty()) {
+        std::cerr << ProgramName << ": " << workspace.Problem().toStdString() << '\n';
+    }
+    if (!options.Language.has_value()) options.Language = workspace.Language();
+    if (!options.Theme.has_value()) options.Theme = workspace.Theme();
+    ApplyTheme(application, options.Theme.value_or(TTheme::Light));
     TDesktopSession session(options, QUORIN_DATA_DIR);
-    TMainWindow window(session, options);
+    TMainWindow window(session, options, workspace);
     if (!options.Screenshot.empty()) return TakePicture(window, session, options);
     window.Frame();
     window.Start(options.StepSeconds);

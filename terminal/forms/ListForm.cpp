@@ -75,13 +75,23 @@ bool TListForm::RowStillShows(Integer row, StringView symbol) {
 }
 
 void TListForm::NoteShown() {
-    FShownSymbols.clear();
-    for (Integer row = 0; row < FView->RowCount(); ++row) FShownSymbols.push_back(Symbol(row));
+    NoteRows(0, FView->RowCount());
+}
+
+void TListForm::NoteVisible() {
+    NoteRows(FView->TopRow(), FView->VisibleRowCount());
+}
+
+void TListForm::NoteRows(Integer first, Integer count) {
+    FFirstShown = first;
+    FShownSymbols.resize(static_cast<std::size_t>(std::max(count, 0)));
+    for (String& symbol : FShownSymbols) symbol = Symbol(first++);
 }
 
 Integer TListForm::ActionRecord(Integer row) {
-    if (row < 0 || static_cast<std::size_t>(row) >= FShownSymbols.size()) return NoRow;
-    if (!RowStillShows(row, FShownSymbols[static_cast<std::size_t>(row)])) return NoRow;
+    const Integer index = row - FFirstShown;
+    if (index < 0 || static_cast<std::size_t>(index) >= FShownSymbols.size()) return NoRow;
+    if (!RowStillShows(row, FShownSymbols[static_cast<std::size_t>(index)])) return NoRow;
     return FView->RecordIndex(row);
 }
 

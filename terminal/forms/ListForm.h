@@ -49,6 +49,8 @@ class TListForm : public TShownForm {
     bool RowStillShows(Integer row, StringView symbol);
     // Remembers which symbol stands in which row; for the skin, whenever it has drawn.
     void NoteShown();
+    // The same for the rows on screen alone.
+    void NoteVisible();
     // The record that an action on the row is for: the row's, as long as it shows the symbol that
     // was noted last; NoRow otherwise.
     Integer ActionRecord(Integer row);
@@ -73,6 +75,7 @@ protected:
 
 private:
     void LanguageChanged(Pointer Sender, Pointer Data);
+    void NoteRows(Integer first, Integer count);
     void GetCellText(Integer record, TcxCustomGridTableItem& column, String& text);
 
     TBaseDataControl* FBase = nullptr; // the source's
@@ -80,7 +83,8 @@ private:
     std::unique_ptr<TCustomGridDataSource> FSource;
     std::unique_ptr<TcxGridTableView> FView;
     std::unique_ptr<TcxGrid> FGrid;
-    std::vector<String> FShownSymbols; // by row
+    Integer FFirstShown = 0;
+    std::vector<String> FShownSymbols; // by row, from the first on
 };
 
 } // namespace quorin

@@ -1,10 +1,8 @@
 #include "terminal/forms/MarketWatchForm.h"
 
-namespace quorin {
+#include <algorithm>
 
-namespace {
-constexpr Integer EveryCategory = -1;
-}
+namespace quorin {
 
 TMarketWatchForm::TMarketWatchForm() : FControl(BindMarket(CreateComponent<TMarketControl>())) {
     TCustomMarketAdapter::GetInstance()->AddExchangeListener(
@@ -15,18 +13,34 @@ TMarketWatchForm::~TMarketWatchForm() {
     TCustomMarketAdapter::GetInstance()->RemoveExchangeListener(this);
 }
 
-void TMarketWatchForm::ShowMarket(StringView exchange) {
-    const bool isReady = TCustomMarketAdapter::GetInstance()->IsMarketDataReady();
-    FExchange = isReady ? StringView() : exchange;
-    FControl->SetExchangeAndCategory(exchange, EveryCategory);
+void TMarketWatchForm::ShowMarket(StringView exchange, Integer category) {
+    FExchange = String(exchange); // may be its own text
+    FCategory = category;
+    FWaits = !TCustomMarketAdapter::GetInstance()->IsMarketDataReady();
+    FControl->SetExchangeAndCategory(FExchange, FCategory);
     View().SetTopRow(0);
 }
 
 void TMarketWatchForm::MarketChanged(Pointer, Pointer) {
-    if (!FExchange.empty()) ShowMarket(String(FExchange));
+    if (FWaits) ShowMarket(FExchange, FCategory);
+}
+
+std::vector<Integer> TMarketWatchForm::CategoriesOf(StringView exchange) {
+    const TCustomMarketAdapter& market = *TCustomMarketAdapter::GetInstance();
+    std::vector<Integer> categories;
+    for (Integer index = 0; index < market.GetSeriesCount(exchange); ++index) {
+        const auto* series = market.FindSeries(market.GetSeriesCode(exchange, index));
+        if (series == nullptr) continue;
+        const Integer category = series->GetCategoryID();
+        const bool isKnown =
+            std::find(categories.begin(), categories.end(), category) != categories.end();
+        if (category >= 0 && !isKnown) categories.push_back(category);
+    }
+    return categories;
 }
 
 void TMarketWatchForm::ShowSymbols(const TList<String>& symbols) {
+    FWaits = false;
     FControl->ClearAll();
     for (const String& symbol : symbols) {
         FControl->AddMarketData(TCustomMarketAdapter::GetInstance()->FindMarketData(symbol));

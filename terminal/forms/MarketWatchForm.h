@@ -4,6 +4,8 @@
 
 namespace quorin {
 
+inline constexpr Integer EveryCategory = -1;
+
 // The market watch of one exchange, of the favourites or of chosen symbols.
 class TMarketWatchForm : public TMarketListForm {
     QUORIN_CLASS(TMarketWatchForm, TMarketListForm)
@@ -13,9 +15,14 @@ class TMarketWatchForm : public TMarketListForm {
 
     TMarketControl& Control() { return *FControl; }
 
-    // Loads the rows of an exchange, or of the favourites; as soon as the universe is ready, if it
-    // is not yet.
-    void ShowMarket(StringView exchange);
+    // Loads the rows of an exchange, or of the favourites; of a category as well, where it is none
+    // below 0. As soon as the universe is ready, if it is not yet.
+    void ShowMarket(StringView exchange, Integer category = EveryCategory);
+    // What was asked for last.
+    const String& Exchange() const { return FExchange; }
+    Integer Category() const { return FCategory; }
+    // The categories that the series of an exchange belong to, each once, in their order.
+    static std::vector<Integer> CategoriesOf(StringView exchange);
     // Shows these symbols, in this order; those without a record are left out.
     void ShowSymbols(const TList<String>& symbols);
 
@@ -23,7 +30,9 @@ private:
     void MarketChanged(Pointer Sender, Pointer Data);
 
     TMarketControl* FControl; // the source's
-    String FExchange;         // that is still to be shown; empty: none
+    String FExchange;
+    Integer FCategory = EveryCategory;
+    bool FWaits = false; // for the universe
 };
 
 } // namespace quorin

@@ -70,6 +70,37 @@ inline constexpr StringView Res_Amount = u"Res_Amount";
 inline constexpr StringView Res_Aggregated = u"Res_Aggregated";
 inline constexpr StringView Res_ChinaConnect = u"Res_ChinaConnect";
 inline constexpr StringView Res_AllAccounts = u"Res_AllAccounts";
+// The window with its forms and menus.
+inline constexpr StringView Res_MarketWatch = u"Res_MarketWatch";
+inline constexpr StringView Res_UnderlyerList = u"Res_UnderlyerList";
+inline constexpr StringView Res_Positions = u"Res_Positions";
+inline constexpr StringView Res_PositionView = u"Res_PositionView";
+inline constexpr StringView Res_AccountTree = u"Res_AccountTree";
+inline constexpr StringView Res_CashTree = u"Res_CashTree";
+inline constexpr StringView Res_Ticket = u"Res_Ticket";
+inline constexpr StringView Res_Orders = u"Res_Orders";
+inline constexpr StringView Res_LastTrades = u"Res_LastTrades";
+inline constexpr StringView Res_Messages = u"Res_Messages";
+inline constexpr StringView Res_AuditList = u"Res_AuditList";
+inline constexpr StringView Res_Settings = u"Res_Settings";
+inline constexpr StringView Res_AllCategories = u"Res_AllCategories";
+inline constexpr StringView Res_Category = u"Res_Category";
+inline constexpr StringView Res_MenuForms = u"Res_MenuForms";
+inline constexpr StringView Res_MenuView = u"Res_MenuView";
+inline constexpr StringView Res_MenuLanguage = u"Res_MenuLanguage";
+inline constexpr StringView Res_MenuTheme = u"Res_MenuTheme";
+inline constexpr StringView Res_ThemeLight = u"Res_ThemeLight";
+inline constexpr StringView Res_ThemeDark = u"Res_ThemeDark";
+inline constexpr StringView Res_FormClose = u"Res_FormClose";
+inline constexpr StringView Res_FormsArrange = u"Res_FormsArrange";
+inline constexpr StringView Res_Quit = u"Res_Quit";
+inline constexpr StringView Res_LinkGroup = u"Res_LinkGroup";
+inline constexpr StringView Res_LinkGroupNone = u"Res_LinkGroupNone";
+inline constexpr StringView Res_LinkGroupNamed = u"Res_LinkGroupNamed";
+inline constexpr StringView Res_FormFloat = u"Res_FormFloat";
+inline constexpr StringView Res_StatusFeed = u"Res_StatusFeed";
+inline constexpr StringView Res_StatusPaint = u"Res_StatusPaint";
+inline constexpr StringView Res_StatusAge = u"Res_StatusAge";
 // Files.
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey

@@ -48,6 +48,9 @@ class TTicketForm : public TFrame {
     // asked about.
     Boolean Send(Integer side, Boolean atMarket);
 
+    // An order is on its way, or being asked about.
+    Boolean IsSending() const { return FIsSending; }
+
     // To be called as time goes on, for a spin button that is held.
     void Tick(Integer milliseconds);
 

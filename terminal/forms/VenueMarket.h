@@ -34,6 +34,8 @@ public:
     void Step();
     // Of the latest delivery, after midnight.
     Int64 TimeNanos() const { return FVenue->TimeNanos(); }
+    // Of prices, by the venue, so far.
+    Int64 Updates() const { return FVenue->UpdateCount(); }
     // Where the symbols come from, for messages.
     const std::string& UniverseName() const { return FUniverseName; }
 

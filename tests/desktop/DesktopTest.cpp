@@ -1,5 +1,7 @@
 #include "terminal/desktop/MainWindow.h"
 #include "terminal/desktop/QtText.h"
+#include "terminal/desktop/TicketPane.h"
+#include "terminal/desktop/WatchPane.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -40,7 +42,7 @@ private slots:
 private:
     TEditSkin& Into(TTicketField field);
     void Turn(QWidget& field, int delta);
-    void Open(TDesktopForm form);
+    void Open(std::optional<TPaneKind> form);
     void Refuse(TObject*, Variant&, String& text, Boolean& error) {
         text = u"not like this";
         error = FRefuses;
@@ -48,6 +50,7 @@ private:
     void NoteRelease(TObject*, Word&, TShiftState) { ++FReleases; }
 
     TDesktopOptions FOptions;
+    TWorkspace FWorkspace;
     std::unique_ptr<TDesktopSession> FSession;
     std::unique_ptr<TMainWindow> FWindow;
     bool FRefuses = true;
@@ -59,7 +62,7 @@ void TDesktopTest::init() {
     FOptions.Symbol = u"00005"; // steps of 0.05 below 100, of 0.1 from there on
     FSession = std::make_unique<TDesktopSession>(FOptions, QUORIN_DATA_DIR);
     FSession->Step();
-    Open(TDesktopForm::Ticket);
+    Open(TPaneKind::Ticket);
 }
 
 void TDesktopTest::cleanup() {
@@ -68,10 +71,10 @@ void TDesktopTest::cleanup() {
     FSession.reset();
 }
 
-void TDesktopTest::Open(TDesktopForm form) {
+void TDesktopTest::Open(std::optional<TPaneKind> form) {
     FWindow.reset();
     FOptions.Form = form;
-    FWindow = std::make_unique<TMainWindow>(*FSession, FOptions);
+    FWindow = std::make_unique<TMainWindow>(*FSession, FOptions, FWorkspace);
     FWindow->show();
     FWindow->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(FWindow.get()));
@@ -79,7 +82,7 @@ void TDesktopTest::Open(TDesktopForm form) {
 }
 
 TEditSkin& TDesktopTest::Into(TTicketField field) {
-    TEditSkin& skin = FWindow->Ticket()->Skin(field);
+    TEditSkin& skin = FWindow->Ticket()->FieldSkin(field);
     skin.setFocus();
     return skin;
 }
@@ -293,7 +296,7 @@ void TDesktopTest::KeepsTheFocusOfARefusedField() {
 }
 
 void TDesktopTest::PaintsOncePerFrame() {
-    Open(TDesktopForm::Watch);
+    Open(TPaneKind::Watch);
     TGridSkin& grid = FWindow->Watch()->Grid();
     FWindow->Frame();
     const Int64 before = grid.PaintCount();
@@ -312,7 +315,7 @@ void TDesktopTest::PaintsOncePerFrame() {
 }
 
 void TDesktopTest::FollowsScrollAndChoice() {
-    Open(TDesktopForm::Terminal);
+    Open({});
     TGridSkin& grid = FWindow->Watch()->Grid();
     TMarketWatchForm& watch = FWindow->Watch()->Form();
     QApplication::processEvents(); // Qt lays rows out when it is idle
@@ -325,7 +328,7 @@ void TDesktopTest::FollowsScrollAndChoice() {
     QCOMPARE(watch.View().FocusedRow(), 8);
     QTest::keyClick(&grid, Qt::Key_Return);
     QCOMPARE(FWindow->Ticket()->Form().Symbol(), watch.Symbol(8));
-    QVERIFY(FWindow->Ticket()->Skin(TTicketField::Price).hasFocus());
+    QVERIFY(FWindow->Ticket()->FieldSkin(TTicketField::Price).hasFocus());
 }
 
 } // namespace quorin
