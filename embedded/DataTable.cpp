@@ -25,6 +25,13 @@ TDataTable::TDataTable(const std::filesystem::path& path,
     ReadHeader(required);
 }
 
+Double TDataTable::PartRead() {
+    std::error_code ignored;
+    const auto size = static_cast<Double>(std::filesystem::file_size(FFile, ignored));
+    const auto place = static_cast<Double>(FStream.tellg());
+    return size > 0.0 && place >= 0.0 ? std::min(place / size, 1.0) : 1.0;
+}
+
 void TDataTable::ReadHeader(std::initializer_list<std::string_view> required) {
     if (!FReader.Next()) {
         CheckEnd(FReader, FFile);

@@ -42,6 +42,8 @@ public:
     Integer Whole(TColumn column, Integer fallback) const;
     Integer Whole(TColumn column) const;
 
+    // How much of the file has been taken in, from 0 to 1.
+    Double PartRead();
     // Of the row.
     Int64 Line() const { return FReader.Line(); }
     const std::string& File() const { return FFile; }

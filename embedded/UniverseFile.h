@@ -3,8 +3,13 @@
 #include "embedded/MarketService.h"
 
 #include <filesystem>
+#include <functional>
 
 namespace quorin {
+
+// Told now and then how much of a file has been read, from 0 to 1. False breaks the loading off,
+// which raises EDataError.
+using TLoadProgress = std::function<bool(Double part)>;
 
 // Both add to what the adapter has, all or nothing: the first fault raises EDataError with file
 // and line, and then the adapter has what it had before. Columns may stand in any order; unknown
@@ -23,6 +28,7 @@ void LoadUniverse(const std::filesystem::path& folder, TEmbeddedMarketAdapter& m
 // and 3 is that of a stock; an empty lot, tick, strike or contract size is not known; an
 // underlyer need not be in the file. Prices with a tick have one band, that of a spread ("A/B")
 // also below 0.
-void LoadUniverseList(const std::filesystem::path& path, TEmbeddedMarketAdapter& market);
+void LoadUniverseList(const std::filesystem::path& path, TEmbeddedMarketAdapter& market,
+                      const TLoadProgress& progress = {});
 
 } // namespace quorin

@@ -11,6 +11,7 @@ namespace {
 constexpr StringView OpenState = u"CT";
 constexpr StringView TickTablePrefix = u"TICK ";
 constexpr StringView SpreadTablePrefix = u"SPREAD ";
+constexpr Int64 RowsPerReport = 4096;
 constexpr Double BandTicks = 1e7; // of a band; prices beyond it keep the step
 
 struct TListColumns {
@@ -35,8 +36,12 @@ public:
                  "lot", "tick", "expiry", "strike", "call_put", "underlyer", "contract_size"}),
           FColumns(FFile), FTables(market) {}
 
-    void Read(TMarketUniverse& universe) {
-        while (FFile.Next()) ReadRow(universe);
+    void Read(TMarketUniverse& universe, const TLoadProgress& progress) {
+        for (Int64 row = 1; FFile.Next(); ++row) {
+            ReadRow(universe);
+            if (row % RowsPerReport != 0 || !progress || progress(FFile.PartRead())) continue;
+            throw EDataError(FFile.File(), 0, "loading was cancelled");
+        }
         if (!FHasRows) throw EDataError(FFile.File(), 0, "the file lists no symbol");
     }
     const TReadTickTables& Tables() const { return FTables; }
@@ -115,9 +120,10 @@ private:
 
 } // namespace
 
-void LoadUniverseList(const std::filesystem::path& path, TEmbeddedMarketAdapter& market) {
+void LoadUniverseList(const std::filesystem::path& path, TEmbeddedMarketAdapter& market,
+                      const TLoadProgress& progress) {
     TListReader reader(path, market);
-    market.AddAll([&](TMarketUniverse& universe) { reader.Read(universe); });
+    market.AddAll([&](TMarketUniverse& universe) { reader.Read(universe, progress); });
     reader.Tables().AddTo(market);
 }
 

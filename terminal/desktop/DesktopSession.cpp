@@ -35,13 +35,15 @@ TDesktopSession::TRegistrationCheck::~TRegistrationCheck() {
 }
 
 TDesktopSession::TDesktopSession(const TDesktopOptions& options,
-                                 const std::filesystem::path& dataFolder)
+                                 const std::filesystem::path& dataFolder,
+                                 const TLoadProgress& progress)
     : FServices({.Host = FHost,
                  .DataDirectory = dataFolder,
                  .SettingsPath = options.Settings,
                  .Language = options.Language.value_or(TAppLanguage::English),
                  .Switches = {}}),
-      FMarket(FServices, {dataFolder, options.Universe, options.Seed, options.StepSeconds, 0}),
+      FMarket(FServices,
+              {dataFolder, options.Universe, options.Seed, options.StepSeconds, 0, progress}),
       FExchange(FMarket.ChooseExchange(options.Exchange)) {
     KeepGroupsApart(FServices.Config());
     FSinceDelivery.start();

@@ -12,7 +12,8 @@ namespace quorin {
 class TDesktopSession {
 public:
     // Raises EDataError for data that cannot be worked with.
-    TDesktopSession(const TDesktopOptions& options, const std::filesystem::path& dataFolder);
+    TDesktopSession(const TDesktopOptions& options, const std::filesystem::path& dataFolder,
+                    const TLoadProgress& progress = {});
 
     TDesktopHost& Host() { return FHost; }
     TEmbeddedServices& Services() { return FServices; }

@@ -34,7 +34,10 @@ constexpr const char* ThemeNames[] = {"light", "dark"};
 
 } // namespace
 
-TWorkspace::TWorkspace(const QString& file) : FFile(file), FValues(Read()), FStored(FValues) {}
+TWorkspace::TWorkspace(const QString& file) : FFile(file) {
+    FValues = Read();
+    FStored = FValues;
+}
 
 void TWorkspace::Set(const QString& key, const QString& value) {
     if (value.isEmpty()) {

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QProgressDialog>
 
 #include <iostream>
 
@@ -32,6 +33,30 @@ int TakePicture(TMainWindow& window, TDesktopSession& session, const TDesktopOpt
     return CannotWrite;
 }
 
+// Shows how far loading is once it takes a while, and lets the person break it off. The texts are
+// English: the others are among what is still to be loaded.
+class TLoadWindow {
+public:
+    TLoadWindow() : FDialog(QStringLiteral("Loading symbols"), QStringLiteral("Cancel"), 0, Full) {
+        FDialog.setWindowTitle(QLatin1String(ProgramName));
+        FDialog.setMinimumDuration(Patience);
+    }
+    TLoadProgress Progress() {
+        return [this](Double part) {
+            FDialog.setValue(static_cast<int>(part * Full));
+            QApplication::processEvents();
+            return !FDialog.wasCanceled();
+        };
+    }
+    void Close() { FDialog.reset(); }
+
+private:
+    static constexpr int Full = 1000;
+    static constexpr int Patience = 400; // milliseconds
+
+    QProgressDialog FDialog;
+};
+
 int Run(QApplication& application, TDesktopOptions options) {
     TWorkspace workspace(QString::fromStdString(options.Workspace.string()));
     if (!workspace.Problem().isEmpty()) {
@@ -40,7 +65,10 @@ int Run(QApplication& application, TDesktopOptions options) {
     if (!options.Language.has_value()) options.Language = workspace.Language();
     if (!options.Theme.has_value()) options.Theme = workspace.Theme();
     ApplyTheme(application, options.Theme.value_or(TTheme::Light));
-    TDesktopSession session(options, QUORIN_DATA_DIR);
+    TLoadWindow load;
+    TDesktopSession session(options, QUORIN_DATA_DIR,
+                            options.Screenshot.empty() ? load.Progress() : TLoadProgress());
+    load.Close();
     TMainWindow window(session, options, workspace);
     if (!options.Screenshot.empty()) return TakePicture(window, session, options);
     window.Frame();

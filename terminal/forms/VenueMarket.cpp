@@ -41,7 +41,7 @@ void TVenueMarket::Load(const TVenueMarketOptions& options) {
         FServices.LoadAccounts(options.DataFolder / AccountsFolder);
     } else {
         FUniverseName = options.Universe.string();
-        LoadUniverseList(options.Universe, FServices.Market());
+        LoadUniverseList(options.Universe, FServices.Market(), options.Progress);
     }
 }
 

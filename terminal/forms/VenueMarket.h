@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded/EmbeddedServices.h"
+#include "embedded/UniverseFile.h"
 #include "embedded/venue/Venue.h"
 
 #include <filesystem>
@@ -17,7 +18,8 @@ struct TVenueMarketOptions {
     std::filesystem::path Universe; // one file; empty: the shipped one, with its accounts
     std::uint64_t Seed = 1;
     Double StepSeconds = 0.25;
-    Integer ReadyAfter = 0; // steps until the market is ready
+    Integer ReadyAfter = 0;      // steps until the market is ready
+    TLoadProgress Progress = {}; // of a universe file
 };
 
 // The simulated venue with its symbols, and with the shipped accounts where the symbols are the
