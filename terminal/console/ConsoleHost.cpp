@@ -2,8 +2,9 @@
 
 #include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
+#include "terminal/console/ListText.h"
 #include "terminal/console/TextWidth.h"
-#include "viewdata/services/MessageBoxCtrl.h"
+#include "terminal/forms/CloseAllForm.h"
 
 #include <string>
 
@@ -18,25 +19,12 @@ constexpr StringView QuestionLabel = u"question";
 constexpr StringView AnswerLabel = u"answer";
 constexpr StringView YesText = u"yes";
 constexpr StringView NoText = u"no";
-constexpr StringView LineGap = u"; "; // between the lines of a question in the audit list
 constexpr StringView Prompt = u"yes or no? ";
-
-constexpr Integer AnswerNo = 0;
-static_assert(AnswerNo != ConfirmYes);
 
 void PrintLines(std::ostream& out, StringView label, StringView text) {
     for (const StringView line : Split(text, u'\n')) {
         out << ToUtf8(LabelledLine(label, line)) << '\n';
     }
-}
-
-// For the audit list: the lines one behind the other, without the blanks that make columns.
-String OneLine(StringView text) {
-    String line;
-    for (const Char unit : ReplaceAll(text, u"\n", LineGap)) {
-        if (unit != u' ' || (!line.empty() && line.back() != u' ')) line += unit;
-    }
-    return line;
 }
 
 } // namespace
@@ -57,16 +45,18 @@ void TConsoleHost::ShowMessage(StringView text) {
     PrintLines(*FMessages, MessageLabel, text);
 }
 
-bool TConsoleHost::Ask(StringView text) {
+bool TConsoleHost::Ask(StringView text, bool) {
     PrintLines(*FMessages, QuestionLabel, text);
     return Answer();
 }
 
-Integer TConsoleHost::Confirm(StringView text, Integer) {
-    if (FDesk != nullptr) FDesk->NoteQuestion(OneLine(text));
-    const bool isYes = Ask(text);
-    if (FDesk != nullptr) FDesk->NoteAnswer(isYes ? YesText : NoText);
-    return isYes ? ConfirmYes : AnswerNo;
+bool TConsoleHost::ShowCloseAll(TCloseAllForm& list, StringView question) {
+    String rows;
+    for (Integer row = HeaderRow; row < list.RowCount(); ++row) {
+        rows += ListLine(list, row);
+        rows += u'\n';
+    }
+    return Ask(rows + String(question));
 }
 
 bool TConsoleHost::Answer() {
@@ -88,8 +78,7 @@ bool TConsoleHost::AskUser() {
 }
 
 Boolean TConsoleHost::ChannelMessage(Integer number, Pointer data) {
-    return FOrders.Answer(number, data) ||
-           (FFieldLists != nullptr && FFieldLists->Answer(number, data)) ||
+    return TFormsHost::ChannelMessage(number, data) ||
            (FViewDialogs != nullptr && FViewDialogs->Answer(number, data));
 }
 

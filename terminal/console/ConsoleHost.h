@@ -1,9 +1,7 @@
 #pragma once
 
-#include "embedded/Host.h"
-#include "terminal/console/OrderDialog.h"
 #include "terminal/console/ViewDialogs.h"
-#include "terminal/forms/FieldLists.h"
+#include "terminal/forms/FormsHost.h"
 
 #include <istream>
 #include <ostream>
@@ -17,28 +15,25 @@ String LabelledLine(StringView label, StringView text);
 enum class TAnswerBy : Byte { No, Yes, User };
 
 // The console as a host: prints messages and questions, each with a label, and has questions
-// answered with no until told otherwise. Orders and favourites go through its order dialog.
-class TConsoleHost : public THost {
+// answered with no until told otherwise.
+class TConsoleHost : public TFormsHost {
 public:
     explicit TConsoleHost(std::ostream& messages) : FMessages(&messages) {}
 
     // From here on prints there; a user's answers are lines of `input`: y or n, the end is a no.
     void TalkOn(std::ostream& messages, TAnswerBy answers, std::istream& input);
-    // Notes questions and answers there from here on; nil: nowhere.
-    void SetDesk(TOrderDesk* desk) { FDesk = desk; }
-    // Has the lists of fields made there from here on; nil: not at all.
-    void SetFieldLists(TFieldLists* lists) { FFieldLists = lists; }
     // Has dialogs about views answered there from here on; nil: nowhere.
     void SetViewDialogs(TViewDialogs* dialogs) { FViewDialogs = dialogs; }
-    const TOrderDialog& Orders() const { return FOrders; }
-
     // A question of yes or no that has nothing to do with orders.
-    bool Ask(StringView text);
+    bool Ask(StringView text) { return Ask(text, /*isYesFirst=*/true); }
 
     void ShowMessage(StringView text) override;
-    Integer Confirm(StringView text, Integer defaultAnswer) override;
-    void WriteLog(StringView, Byte) override {}
     Boolean ChannelMessage(Integer number, Pointer data) override;
+
+protected:
+    bool Ask(StringView text, bool isYesFirst) override;
+    // The whole list; rows cannot be ticked off.
+    bool ShowCloseAll(TCloseAllForm& list, StringView question) override;
 
 private:
     bool Answer();
@@ -47,10 +42,7 @@ private:
     std::ostream* FMessages;
     TAnswerBy FAnswers = TAnswerBy::No;
     std::istream* FInput = nullptr;
-    TOrderDesk* FDesk = nullptr;
-    TFieldLists* FFieldLists = nullptr;
     TViewDialogs* FViewDialogs = nullptr;
-    TOrderDialog FOrders{*this};
 };
 
 } // namespace quorin

@@ -3,30 +3,25 @@
 #include "platform/rtl/Utf.h"
 #include "terminal/console/AuditText.h"
 #include "terminal/console/ScriptAnswers.h"
+#include "terminal/forms/QuickOrders.h"
 
 namespace quorin {
 
 namespace {
 
-struct TQuickOrder {
-    StringView Side;
-    StringView Price;
-    Boolean (TCustomMarketDataControl::*Take)(Integer);
-};
-
-constexpr TQuickOrder QuickOrders[] = {
-    {u"buy", u"market", &TCustomMarketDataControl::BuyMarketOrder},
-    {u"buy", u"last", &TCustomMarketDataControl::BuyLastOrder},
-    {u"buy", u"best", &TCustomMarketDataControl::BuyBestAskOrder},
-    {u"sell", u"market", &TCustomMarketDataControl::SellMarketOrder},
-    {u"sell", u"last", &TCustomMarketDataControl::SellLastOrder},
-    {u"sell", u"best", &TCustomMarketDataControl::SellBestBidOrder},
-};
+constexpr StringView PriceName(TActionPrice price) {
+    switch (price) {
+    case TActionPrice::Best: return u"best";
+    case TActionPrice::Last: return u"last";
+    default: return u"market";
+    }
+}
 
 void QuickOrder(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
     const Integer record = RecordOf(screen.Market(), arguments.Number(2));
-    for (const TQuickOrder& order : QuickOrders) {
-        if (!arguments.Is(0, order.Side) || !arguments.Is(1, order.Price)) continue;
+    const Integer side = arguments.Is(0, u"buy") ? OrderSide::Buy : OrderSide::Sell;
+    for (const TQuickOrder& order : QuickOrders()) {
+        if (order.Side != side || !arguments.Is(1, PriceName(order.Price))) continue;
         PrintResult(out, (screen.Market().List().*order.Take)(record), TakenText);
     }
 }
@@ -41,21 +36,10 @@ TCustomPositionDataControl& PositionControl(TScriptScreen& screen) {
     return screen.Positions().Control();
 }
 
-struct TClose {
-    StringView Price;
-    Boolean (TCustomPositionDataControl::*Take)(Integer);
-};
-
-constexpr TClose Closes[] = {
-    {u"best", &TCustomPositionDataControl::CloseToBest},
-    {u"last", &TCustomPositionDataControl::CloseToLast},
-    {u"market", &TCustomPositionDataControl::CloseToMarket},
-};
-
 void Close(TScriptScreen& screen, const TScriptArguments& arguments, std::ostream& out) {
     const Integer record = RecordOf(ShownPositions(screen), arguments.Number(2));
-    for (const TClose& close : Closes) {
-        if (!arguments.Is(1, close.Price)) continue;
+    for (const TQuickClose& close : QuickCloses()) {
+        if (!arguments.Is(1, PriceName(close.Price))) continue;
         PrintResult(out, (PositionControl(screen).*close.Take)(record), TakenText);
     }
 }

@@ -1,52 +1,59 @@
 #include "terminal/desktop/DesktopHost.h"
 
+#include "terminal/desktop/CloseAllDialog.h"
+#include "terminal/desktop/FreshKeys.h"
 #include "terminal/desktop/QtText.h"
-#include "terminal/forms/OrderText.h"
-#include "viewdata/services/ChannelMessages.h"
-#include "viewdata/services/MessageBoxCtrl.h"
-#include "viewdata/services/OrderActionManager.h"
-#include "viewdata/services/OrderRecords.h"
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
 
 #include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
 
 namespace quorin {
 
 namespace {
 
-constexpr Integer AnswerNo = 0;
-static_assert(AnswerNo != ConfirmYes);
 constexpr const char* Title = "quorin";
+
+QPointer<QMessageBox> MakeBox(QWidget* window, QMessageBox::Icon icon, StringView text) {
+    QPointer<QMessageBox> box =
+        new QMessageBox(icon, QLatin1String(Title), ToQt(text), QMessageBox::NoButton, window);
+    box->setTextFormat(Qt::PlainText);
+    return box;
+}
 
 } // namespace
 
 void TDesktopHost::ShowMessage(StringView text) {
-    QMessageBox::information(FWindow, QLatin1String(Title), ToQt(text));
+    const QPointer<QMessageBox> box = MakeBox(FWindow, QMessageBox::Information, text);
+    box->addButton(ToQt(InterfaceText(ResourceKey::Res_OK_Btn)), QMessageBox::AcceptRole);
+    const TFreshKeys fresh;
+    box->exec();
+    delete box; // unless its window has gone
 }
 
-Integer TDesktopHost::Confirm(StringView text, Integer defaultAnswer) {
-    const auto answer = QMessageBox::question(
-        FWindow, QLatin1String(Title), ToQt(text), QMessageBox::Yes | QMessageBox::No,
-        defaultAnswer == ConfirmYes ? QMessageBox::Yes : QMessageBox::No);
-    return answer == QMessageBox::Yes ? ConfirmYes : AnswerNo;
+// A box whose window has gone was not answered.
+bool TDesktopHost::Ask(StringView text, bool isYesFirst) {
+    const QPointer<QMessageBox> box = MakeBox(FWindow, QMessageBox::Question, text);
+    QPushButton* yes =
+        box->addButton(ToQt(InterfaceText(TerminalKey::Res_Yes)), QMessageBox::YesRole);
+    QPushButton* no = box->addButton(ToQt(InterfaceText(TerminalKey::Res_No)), QMessageBox::NoRole);
+    box->setDefaultButton(isYesFirst ? yes : no);
+    box->setEscapeButton(no);
+    const TFreshKeys fresh;
+    box->exec();
+    const bool isYes = box && box->clickedButton() == yes;
+    delete box;
+    return isYes;
 }
 
-Boolean TDesktopHost::ChannelMessage(Integer number, Pointer data) {
-    if (number == ChannelMessage::TakeOrderAction && data != nullptr) {
-        TakeOrder(data);
-        return true;
-    }
-    return FFieldLists != nullptr && FFieldLists->Answer(number, data);
-}
-
-void TDesktopHost::TakeOrder(Pointer data) {
-    auto& record = *static_cast<TOrderTakeActionRecord*>(data);
-    auto* order = ObjectAs<TEmbeddedClientOrder>(record.Order);
-    TCustomOrderActionManager* manager = TCustomOrderActionManager::GetInstance();
-    if (order == nullptr || manager == nullptr) return;
-    String question = OrderQuestion(order->Values(), /*isOneLot=*/false);
-    if (!record.Message.empty()) question = record.Message + u"\n" + question;
-    if (Confirm(question, ConfirmYes) != ConfirmYes) return;
-    record.Result = manager->TakeOrderAction(nullptr, order, record.Action, /*Flag=*/true);
+bool TDesktopHost::ShowCloseAll(TCloseAllForm& list, StringView question) {
+    const QPointer<TCloseAllDialog> dialog = new TCloseAllDialog(list, ToQt(question), FWindow);
+    const TFreshKeys fresh;
+    const bool isYes = dialog->exec() == QDialog::Accepted;
+    delete dialog;
+    return isYes;
 }
 
 } // namespace quorin

@@ -48,6 +48,7 @@ TDesktopSession::TDesktopSession(const TDesktopOptions& options,
     KeepGroupsApart(FServices.Config());
     FSinceDelivery.start();
     FHost.SetFieldLists(&FFieldLists);
+    FHost.SetDesk(&FServices.Desk());
     FServices.Market().SetSpreadTablesAtOnce(true); // prices by their ticks from the first frame on
 }
 

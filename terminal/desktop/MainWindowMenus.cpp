@@ -1,5 +1,6 @@
 // The menu bar, made anew for each language.
 
+#include "terminal/desktop/KeysDialog.h"
 #include "terminal/desktop/MainWindow.h"
 #include "terminal/desktop/PaneKinds.h"
 #include "terminal/desktop/QtText.h"
@@ -78,6 +79,9 @@ void TMainWindow::MakeMenus() {
     QAction* arrange = forms.addAction(Text(TerminalKey::Res_FormsArrange));
     arrange->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+0")));
     connect(arrange, &QAction::triggered, this, &TMainWindow::ArrangeAsAtFirst);
+    QAction* keys = forms.addAction(Text(TerminalKey::Res_Keys));
+    keys->setShortcuts(TKeysDialog::Shortcuts());
+    connect(keys, &QAction::triggered, this, [this] { TKeysDialog::Open(*this); });
     QAction* quit = forms.addAction(Text(TerminalKey::Res_Quit));
     quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     connect(quit, &QAction::triggered, this, &QWidget::close);

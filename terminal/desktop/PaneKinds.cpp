@@ -1,6 +1,8 @@
 #include "terminal/desktop/PaneKinds.h"
 
 #include "platform/rtl/Utf.h"
+#include "terminal/desktop/OrdersPane.h"
+#include "terminal/desktop/PositionPane.h"
 #include "terminal/desktop/TicketPane.h"
 #include "terminal/desktop/WatchPane.h"
 #include "terminal/forms/TerminalKeys.h"
@@ -14,7 +16,9 @@ namespace {
 
 constexpr TPaneKindInfo Kinds[] = {
     {TPaneKind::Watch, "watch", TerminalKey::Res_MarketWatch},
+    {TPaneKind::Positions, "positions", TerminalKey::Res_Positions},
     {TPaneKind::Ticket, "ticket", TerminalKey::Res_Ticket},
+    {TPaneKind::Orders, "orders", TerminalKey::Res_Orders},
 };
 
 } // namespace
@@ -36,8 +40,11 @@ const TPaneKindInfo* FindPaneKind(StringView code) {
 }
 
 TPane* MakePane(TPaneKind kind, TDesktopSession& session, QWidget* parent) {
+    TOrderDialog& orders = session.Host().Orders();
     switch (kind) {
-    case TPaneKind::Watch: return new TWatchPane(session.Exchange(), parent);
+    case TPaneKind::Watch: return new TWatchPane(session.Exchange(), orders, parent);
+    case TPaneKind::Positions: return new TPositionPane(orders, parent);
+    case TPaneKind::Orders: return new TOrdersPane(session.Services().Desk(), orders, parent);
     case TPaneKind::Ticket: {
         auto* pane = new TTicketPane(parent);
         pane->Form().SetLayoutAccount(FirstAccount);

@@ -91,13 +91,7 @@ void TTicketPane::JoinGroup(StringView groupID) {
 }
 
 void TTicketPane::TakeSymbol(StringView symbol) {
-    TcxPopupEdit& edit = FForm->SymbolEdit();
-    edit.Enter();
-    if (!edit.Focused()) return;
-    edit.SelectAll();
-    edit.Paste(symbol);
-    edit.PressKey(Key::Return);
-    edit.Leave();
+    FForm->TakeSymbol(symbol);
     Follow();
 }
 

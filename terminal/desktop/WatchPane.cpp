@@ -43,9 +43,10 @@ void FillCategories(QComboBox& box, StringView exchange) {
 
 } // namespace
 
-TWatchPane::TWatchPane(StringView exchange, QWidget* parent)
+TWatchPane::TWatchPane(StringView exchange, TOrderDialog& dialog, QWidget* parent)
     : TPane(TPaneKind::Watch, parent), FExchanges(new QComboBox(this)),
-      FCategories(new QComboBox(this)), FGrid(new TGridSkin(FForm.View(), &FForm, this)) {
+      FCategories(new QComboBox(this)), FGrid(new TGridSkin(FForm.View(), &FForm, this)),
+      FBar(new TQuickOrderBar(FForm, *FGrid, dialog, MarketActions(FForm), *this)) {
     auto* boxes = new QHBoxLayout;
     boxes->addWidget(FExchanges);
     boxes->addWidget(FCategories);
@@ -54,6 +55,7 @@ TWatchPane::TWatchPane(StringView exchange, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     layout->addLayout(boxes);
+    layout->addWidget(FBar);
     layout->addWidget(FGrid);
     FForm.ShowMarket(exchange);
     FForm.ShowAccount(FirstAccount);
@@ -72,8 +74,9 @@ TWatchPane::TWatchPane(StringView exchange, QWidget* parent)
     FillBoxes();
 }
 
-// The grid must be gone before the form that it shows.
+// What draws must be gone before the form that it shows.
 TWatchPane::~TWatchPane() {
+    delete FBar;
     delete FGrid;
 }
 
@@ -95,7 +98,12 @@ void TWatchPane::Follow() {
     if (FFilledLanguage != TCustomLanguageManager::GetInstance()->GetCurrentLanguage()) FillBoxes();
     FForm.FollowVisibleRows();
     FGrid->Follow();
-    FForm.NoteVisible();
+    FBar->Follow();
+}
+
+void TWatchPane::JoinGroup(StringView groupID) {
+    FForm.Rows().SetGroupID(groupID);
+    TPane::JoinGroup(groupID);
 }
 
 QString TWatchPane::Caption() {

@@ -1,7 +1,6 @@
 #include "terminal/forms/ListForm.h"
 
-#include "viewdata/position/PositionAttributes.h"
-#include "viewdata/services/LanguageManager.h"
+#include "viewdata/frame/ServiceTexts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -68,31 +67,29 @@ String TListForm::Symbol(Integer row) {
     return symbol.IsText() ? symbol.ToText() : String();
 }
 
-bool TListForm::RowStillShows(Integer row, StringView symbol) {
-    const Integer record = FView->RecordIndex(row);
-    return record != NoRow &&
-           FBase->GetValue(record, PositionAttribute::SymbolCode) == Variant(symbol);
+String TListForm::RowKey(Integer row) {
+    return TextOf(Value(row, KeyAttribute()));
 }
 
-void TListForm::NoteShown() {
-    NoteRows(0, FView->RowCount());
-}
-
-void TListForm::NoteVisible() {
-    NoteRows(FView->TopRow(), FView->VisibleRowCount());
+bool TListForm::RowStillShows(Integer row, StringView key) {
+    return FView->RecordIndex(row) != NoRow && RowKey(row) == key;
 }
 
 void TListForm::NoteRows(Integer first, Integer count) {
-    FFirstShown = first;
-    FShownSymbols.resize(static_cast<std::size_t>(std::max(count, 0)));
-    for (String& symbol : FShownSymbols) symbol = Symbol(first++);
+    FShownFirst = first;
+    FShownKeys.clear();
+    for (Integer row = first; row < first + count; ++row) FShownKeys.push_back(RowKey(row));
+}
+
+String TListForm::ShownKey(Integer row) const {
+    const Integer place = row - FShownFirst;
+    if (place < 0 || static_cast<std::size_t>(place) >= FShownKeys.size()) return {};
+    return FShownKeys[static_cast<std::size_t>(place)];
 }
 
 Integer TListForm::ActionRecord(Integer row) {
-    const Integer index = row - FFirstShown;
-    if (index < 0 || static_cast<std::size_t>(index) >= FShownSymbols.size()) return NoRow;
-    if (!RowStillShows(row, FShownSymbols[static_cast<std::size_t>(index)])) return NoRow;
-    return FView->RecordIndex(row);
+    const String key = ShownKey(row);
+    return !key.empty() && RowStillShows(row, key) ? FView->RecordIndex(row) : NoRow;
 }
 
 Variant TListForm::Value(Integer row, Integer attribute) {

@@ -3,6 +3,7 @@
 #include "terminal/forms/ShownForm.h"
 #include "viewdata/frame/GridDataSource.h"
 #include "viewdata/market/MarketDataControl.h"
+#include "viewdata/position/PositionAttributes.h"
 
 #include <memory>
 #include <span>
@@ -44,15 +45,20 @@ class TListForm : public TShownForm {
 
     // The symbol that the row shows now; empty outside.
     String Symbol(Integer row);
-    // Whether the row still shows the symbol that the user saw there: to be asked before the row's
-    // index is passed on with an action.
-    bool RowStillShows(Integer row, StringView symbol);
-    // Remembers which symbol stands in which row; for the skin, whenever it has drawn.
-    void NoteShown();
-    // The same for the rows on screen alone.
-    void NoteVisible();
-    // The record that an action on the row is for: the row's, as long as it shows the symbol that
-    // was noted last; NoRow otherwise.
+    // What tells the row from all others: its symbol, unless a descendant has something better;
+    // empty outside.
+    String RowKey(Integer row);
+    // Whether the row still is the one that the user saw there: to be asked before the row's index
+    // is passed on with an action.
+    bool RowStillShows(Integer row, StringView key);
+    // Remembers which row stands where; for the skin, whenever it has drawn. Either all of them,
+    // or those on screen.
+    void NoteShown() { NoteRows(0, FView->RowCount()); }
+    void NoteVisible() { NoteRows(FView->TopRow(), FView->VisibleRowCount()); }
+    // The key of the row as it was noted last; empty where none was.
+    String ShownKey(Integer row) const;
+    // The record that an action on the row is for: the row's, as long as it is the one that was
+    // noted last; NoRow otherwise.
     Integer ActionRecord(Integer row);
 
     Integer RowCount() override { return FView->RowCount(); }
@@ -72,6 +78,8 @@ protected:
     TListForm();
     // To be called once, by the constructor of a descendant: takes the control with its columns.
     void Bind(std::unique_ptr<TBaseDataControl> control, StringView customColumnTag = {});
+    // The attribute behind RowKey.
+    virtual Integer KeyAttribute() const { return PositionAttribute::SymbolCode; }
 
 private:
     void LanguageChanged(Pointer Sender, Pointer Data);
@@ -83,8 +91,8 @@ private:
     std::unique_ptr<TCustomGridDataSource> FSource;
     std::unique_ptr<TcxGridTableView> FView;
     std::unique_ptr<TcxGrid> FGrid;
-    Integer FFirstShown = 0;
-    std::vector<String> FShownSymbols; // by row, from the first on
+    std::vector<String> FShownKeys; // of the rows from FShownFirst on
+    Integer FShownFirst = 0;
 };
 
 } // namespace quorin

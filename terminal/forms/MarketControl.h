@@ -22,6 +22,8 @@ public:
     virtual const TList<String>& Symbols() const = 0;
     // -1 for a symbol without a row.
     Integer RowOf(StringView symbol) const { return Symbols().IndexOf(symbol); }
+    // The group that copies of a row name; empty for none.
+    virtual void SetGroupID(StringView groupID) = 0;
     // What a cell shows that has nothing to show.
     virtual const String& EmptyText() const = 0;
 
@@ -46,6 +48,7 @@ class TTerminalMarketControl : public List, public TMarketRows {
         FIsCleared = true;
     }
     const TList<String>& Symbols() const override { return this->FDataList; }
+    void SetGroupID(StringView groupID) override { this->GroupID = groupID; }
     const String& EmptyText() const override { return this->EmptyDisplayText; }
 
 private:

@@ -1,5 +1,6 @@
 #include "terminal/forms/OrderText.h"
 
+#include "platform/rtl/Numbers.h"
 #include "platform/rtl/Text.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/frame/ServiceTexts.h"
@@ -30,10 +31,14 @@ String QuantityText(Double quantity, StringView symbol) {
                                                         /*Flag=*/true, nullptr);
 }
 
+String PriceText(Double price, StringView symbol) {
+    return TCustomFormatter::GetInstance()->FormatValue(price, DisplayDataType::MarketPrice, symbol,
+                                                        /*Flag=*/true, nullptr);
+}
+
 String OrderPriceText(const TOrderValues& order) {
     if (order.IsMarket()) return InterfaceText(TerminalKey::Res_AtMarket);
-    return TCustomFormatter::GetInstance()->FormatValue(order.Price, DisplayDataType::MarketPrice,
-                                                        order.Symbol, /*Flag=*/true, nullptr);
+    return PriceText(order.Price, order.Symbol);
 }
 
 String AveragePriceText(Double price, StringView symbol) {
@@ -44,6 +49,13 @@ String AveragePriceText(Double price, StringView symbol) {
 
 String ReasonText(TOrderReason reason) {
     return reason == TOrderReason::None ? String() : InterfaceText(ReasonKey(reason));
+}
+
+String OutcomeText(const TDeskOrder& order) {
+    String state = InterfaceText(OrderStateKey(order.State));
+    if (order.Reason != TOrderReason::None) state += u", " + ReasonText(order.Reason);
+    return FormatText(InterfaceText(TerminalKey::Res_OrderOutcome),
+                      {IntegerToText(order.Number), state});
 }
 
 String SymbolText(StringView symbol) {

@@ -38,9 +38,32 @@ TOrdersControl::~TOrdersControl() {
     FDesk.RemoveChangeCallback(this);
 }
 
+void TOrdersControl::SetWorkingOnly(bool isWorkingOnly) {
+    FIsWorkingOnly = isWorkingOnly;
+    OrdersChanged({}, {});
+}
+
+Integer TOrdersControl::GetCount() {
+    return static_cast<Integer>(FIsWorkingOnly ? FWorking.size() : FDesk.Orders().size());
+}
+
+// An order that has ended stays in its row until the desk tells of it.
+void TOrdersControl::OrdersChanged(Pointer, Pointer) {
+    FWorking.clear();
+    if (FIsWorkingOnly) {
+        for (const TDeskOrder* order : FDesk.WorkingOrders()) FWorking.push_back(order->Number);
+    }
+    FireDataChanged();
+}
+
+const TDeskOrder& TOrdersControl::Order(Integer record) const {
+    const auto place = static_cast<std::size_t>(record);
+    return FIsWorkingOnly ? *FDesk.FindOrder(FWorking[place]) : FDesk.Orders()[place];
+}
+
 Variant TOrdersControl::GetValue(Integer RecordIndex, Integer Attribute) {
     if (RecordIndex < 0 || RecordIndex >= GetCount()) return {};
-    const TDeskOrder& order = FDesk.Orders()[static_cast<std::size_t>(RecordIndex)];
+    const TDeskOrder& order = Order(RecordIndex);
     switch (Attribute) {
     case A::Symbol: return order.Values.Symbol;
     case A::Number: return order.Number;
@@ -55,7 +78,7 @@ Variant TOrdersControl::GetValue(Integer RecordIndex, Integer Attribute) {
 
 String TOrdersControl::GetDisplayValue(Integer RecordIndex, Integer Attribute) {
     if (RecordIndex < 0 || RecordIndex >= GetCount()) return EmptyDisplayText;
-    const TDeskOrder& order = FDesk.Orders()[static_cast<std::size_t>(RecordIndex)];
+    const TDeskOrder& order = Order(RecordIndex);
     const TOrderValues& values = order.Values;
     switch (Attribute) {
     case A::Side: return SideText(values.BuySell);
@@ -74,6 +97,12 @@ String TOrdersControl::GetDisplayValue(Integer RecordIndex, Integer Attribute) {
     case A::Account: return GetValue(RecordIndex, Attribute).ToText();
     default: return EmptyDisplayText;
     }
+}
+
+TOrdersForm::TOrdersForm(TOrderDesk& desk) {
+    auto control = CreateComponent<TOrdersControl>(nullptr, desk);
+    FControl = control.get();
+    Bind(std::move(control));
 }
 
 bool TOrdersForm::IsText(Integer attribute) const {

@@ -20,7 +20,8 @@ inline constexpr Integer Account = 10;
 inline constexpr Integer Name = 21;
 } // namespace OrderAttribute
 
-// Every order of the day in order of entry, also what is filled, cancelled or refused by now.
+// The orders of the day in order of entry: every one, also what is filled, cancelled or refused by
+// now, or those that still work.
 class TOrdersControl : public TCustomDataControl {
     QUORIN_CLASS(TOrdersControl, TCustomDataControl)
 
@@ -28,25 +29,40 @@ class TOrdersControl : public TCustomDataControl {
     TOrdersControl(TComponent* AOwner, TOrderDesk& desk);
     ~TOrdersControl() override;
 
+    // Every order to begin with.
+    bool IsWorkingOnly() const { return FIsWorkingOnly; }
+    void SetWorkingOnly(bool isWorkingOnly);
+
     const TColumnList* GetColList() override { return FColumns.List(); }
-    Integer GetCount() override { return static_cast<Integer>(FDesk.Orders().size()); }
+    Integer GetCount() override;
     // Numbers as such, null where there is none; the rest as in the cell.
     Variant GetValue(Integer RecordIndex, Integer Attribute) override;
     String GetDisplayValue(Integer RecordIndex, Integer Attribute) override;
 
 private:
-    void OrdersChanged(Pointer, Pointer) { FireDataChanged(); }
+    void OrdersChanged(Pointer Sender, Pointer Data);
+    const TDeskOrder& Order(Integer record) const;
 
     TOrderDesk& FDesk;
+    bool FIsWorkingOnly = false;
+    std::vector<Int64> FWorking; // numbers of the rows, when they are the working orders
     TFormColumns FColumns;
 };
 
 class TOrdersForm : public TListForm {
     QUORIN_CLASS(TOrdersForm, TListForm)
 
-    explicit TOrdersForm(TOrderDesk& desk) { Bind(CreateComponent<TOrdersControl>(nullptr, desk)); }
+    explicit TOrdersForm(TOrderDesk& desk);
 
+    TOrdersControl& Control() { return *FControl; }
     bool IsText(Integer attribute) const override;
+
+protected:
+    // An order's symbol is not its own.
+    Integer KeyAttribute() const override { return OrderAttribute::Number; }
+
+private:
+    TOrdersControl* FControl; // the source's
 };
 
 } // namespace quorin

@@ -12,6 +12,8 @@ class TPositionControl : public TCustomPositionDataControl {
     explicit TPositionControl(TComponent* AOwner = nullptr);
 
     const TColumnList* GetColList() override { return FColumns.List(); }
+    // The group that copies of a row name; empty for none.
+    void SetGroupID(StringView groupID) { GroupID = groupID; }
 
 private:
     TFormColumns FColumns;
@@ -26,14 +28,6 @@ class TPositionForm : public TListForm {
 
 private:
     TPositionControl* FControl; // the source's
-};
-
-// What the user is shown before every position is closed.
-class TCloseAllForm : public TListForm {
-    QUORIN_CLASS(TCloseAllForm, TListForm)
-
-    // Takes over the control that came with the question.
-    explicit TCloseAllForm(std::unique_ptr<TBaseDataControl> list) { Bind(std::move(list)); }
 };
 
 } // namespace quorin

@@ -13,6 +13,8 @@ class TPositionViewControl : public TPositionViewDataControl {
     explicit TPositionViewControl(TComponent* AOwner = nullptr);
 
     const TColumnList* GetColList() override { return FColumns.List(); }
+    // The group that copies of a row name; empty for none.
+    void SetGroupID(StringView groupID) { GroupID = groupID; }
     const String& Account() const { return FAccount; }
     // The currency of the China Connect totals while they are shown; empty for all others.
     String ChinaConnectCurrency() const;

@@ -48,6 +48,36 @@ inline constexpr StringView Res_Favourites = u"Res_Favourites";
 inline constexpr StringView Res_OrderNumber = u"Res_OrderNumber";
 inline constexpr StringView Res_Reason = u"Res_Reason";
 inline constexpr StringView Res_Filled = u"Res_Filled";
+inline constexpr StringView Res_PriceMoved = u"Res_PriceMoved";
+inline constexpr StringView Res_RowChanged = u"Res_RowChanged";
+inline constexpr StringView Res_RowGone = u"Res_RowGone";
+inline constexpr StringView Res_Yes = u"Res_Yes";
+inline constexpr StringView Res_No = u"Res_No";
+inline constexpr StringView Res_CloseTicked = u"Res_CloseTicked";
+inline constexpr StringView Res_OrderOutcome = u"Res_OrderOutcome";
+inline constexpr StringView Res_NotTaken = u"Res_NotTaken";
+// Actions on a row.
+inline constexpr StringView Res_BuyBest = u"Res_BuyBest";
+inline constexpr StringView Res_BuyLast = u"Res_BuyLast";
+inline constexpr StringView Res_BuyMarket = u"Res_BuyMarket";
+inline constexpr StringView Res_SellBest = u"Res_SellBest";
+inline constexpr StringView Res_SellLast = u"Res_SellLast";
+inline constexpr StringView Res_SellMarket = u"Res_SellMarket";
+inline constexpr StringView Res_CloseBest = u"Res_CloseBest";
+inline constexpr StringView Res_CloseLast = u"Res_CloseLast";
+inline constexpr StringView Res_CloseMarket = u"Res_CloseMarket";
+inline constexpr StringView Res_Reverse = u"Res_Reverse";
+inline constexpr StringView Res_ReverseQuestion = u"Res_ReverseQuestion";
+inline constexpr StringView Res_CloseAll = u"Res_CloseAll";
+inline constexpr StringView Res_CopyToTicket = u"Res_CopyToTicket";
+inline constexpr StringView Res_CancelOrder = u"Res_CancelOrder";
+inline constexpr StringView Res_CancelQuestion = u"Res_CancelQuestion";
+inline constexpr StringView Res_WorkingOrders = u"Res_WorkingOrders";
+inline constexpr StringView Res_AllOrders = u"Res_AllOrders";
+// The list of keys.
+inline constexpr StringView Res_Keys = u"Res_Keys";
+inline constexpr StringView Res_Action = u"Res_Action";
+inline constexpr StringView Res_Key = u"Res_Key";
 // Accounts.
 inline constexpr StringView Res_AccountTag = u"Res_AccountTag";
 inline constexpr StringView Res_AvailableCash = u"Res_AvailableCash";

@@ -13,6 +13,9 @@
 #include "viewdata/services/OrderAdapter.h"
 #include "viewdata/services/SubscribeAdapter.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace quorin {
 
 namespace {
@@ -20,10 +23,17 @@ namespace {
 constexpr Integer FromNoList = 0; // in place of an OrderSource
 constexpr Boolean ShowsName = true;
 
+// The open tickets, the one used last at the end.
+std::vector<TTicketForm*> OpenTickets;
+
 } // namespace
 
 TTicketForm::TTicketForm(TComponent* owner) : TFrame(owner) {
     for (const TTicketField field : TicketFields) Edit(field).SetParent(this);
+    OpenTickets.push_back(this);
+    for (const TTicketField field : TicketFields) {
+        Edit(field).SetOnEnter(MakeEvent<&TTicketForm::FieldEntered>(this));
+    }
     // Set before the fields are registered: what trades takes over their events and passes them on.
     FAccount.SetOnKeyDown(MakeEvent<&TTicketForm::AccountKeyDown>(this));
     FAccount.SetOnExit(MakeEvent<&TTicketForm::AccountExit>(this));
@@ -43,6 +53,7 @@ TTicketForm::TTicketForm(TComponent* owner) : TFrame(owner) {
 
 TTicketForm::~TTicketForm() {
     BeginDestruction();
+    std::erase(OpenTickets, this);
     TEditorManager& editors = *TEditorManager::GetInstance();
     editors.RemoveSymbolEditor(&FSymbol);
     editors.RemoveAccountEditor(&FAccount);
@@ -77,6 +88,7 @@ void TTicketForm::SetGroup(TTicketField field, StringView groupID, Boolean alone
         editors.RegisterAccountEditor(&FAccount, groupID, alone, ShowsName);
         return;
     case TTicketField::Symbol:
+        FSymbolGroup = groupID;
         editors.RegisterSymbolEditor(&FSymbol, groupID, alone, ShowsName);
         return;
     // A number that is registered anew has no product any more.
@@ -170,6 +182,49 @@ Boolean TTicketForm::Send(Integer side, Boolean atMarket) {
     const Boolean isTaken = AsksFirst() ? ConfirmOrder(*order, FromNoList, {}) : TakeOrder(*order);
     if (watch.IsAlive()) FIsSending = false; // the question may have outlived the ticket
     return isTaken;
+}
+
+void TTicketForm::FieldEntered(TObject*) {
+    std::erase(OpenTickets, this);
+    OpenTickets.push_back(this);
+}
+
+TTicketForm* TTicketForm::ForCopies(StringView groupID) {
+    if (OpenTickets.empty()) return nullptr;
+    if (!groupID.empty()) {
+        const auto linked = std::find_if(
+            OpenTickets.rbegin(), OpenTickets.rend(),
+            [groupID](const TTicketForm* ticket) { return ticket->FSymbolGroup == groupID; });
+        if (linked != OpenTickets.rend()) return *linked;
+    }
+    return OpenTickets.back();
+}
+
+bool TTicketForm::EnterText(TcxCustomEdit& edit, StringView text) {
+    const TWatch watch(FLifeline);
+    edit.Enter();
+    if (!watch.IsAlive() || !edit.Focused()) return false;
+    edit.SelectAll();
+    edit.Paste(text);
+    if (watch.IsAlive()) edit.PressKey(Key::Return);
+    return watch.IsAlive() && edit.Leave() && watch.IsAlive();
+}
+
+bool TTicketForm::TakeSymbol(StringView symbol) {
+    return EnterText(FSymbol, symbol) && FSymbol.Hint() == symbol;
+}
+
+void TTicketForm::TakeCopy(const TOrderValues& copied) {
+    const TOrderValues order = copied; // the list may use its own for the next
+    if (!order.Account.empty() && order.Account != Account() &&
+        !EnterText(FAccount, order.Account)) {
+        return;
+    }
+    if (order.Symbol != Symbol() && !TakeSymbol(order.Symbol)) return;
+    const TCustomSubItem* item =
+        TCustomSubscribeAdapter::GetInstance()->GetSubItem(FProduct, LiveDataType, /*Flag=*/false);
+    if (order.Price != 0.0) FPrice.SetEditValue(order.Price * DisplayRatioOf(*item)); // 0.0: none
+    if (order.Quantity > 0.0) FQuantity.SetEditValue(order.Quantity);
 }
 
 void TTicketForm::Tick(Integer milliseconds) {

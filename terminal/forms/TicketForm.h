@@ -1,8 +1,8 @@
 #pragma once
 
+#include "embedded/OrderService.h"
 #include "platform/widgets/PopupEdit.h"
 #include "platform/widgets/SpinEdit.h"
-#include "viewdata/services/ClientOrder.h"
 
 namespace quorin {
 
@@ -51,10 +51,22 @@ class TTicketForm : public TFrame {
     // An order is on its way, or being asked about.
     Boolean IsSending() const { return FIsSending; }
 
+    // Enters what is there of account, symbol, price and quantity as a person would, field by
+    // field; what the order leaves out stays as it is. A field that does not take its text, or
+    // another one that refuses to be left, ends it.
+    void TakeCopy(const TOrderValues& order);
+    // Enters the symbol as a person would; False when the field did not take it.
+    bool TakeSymbol(StringView symbol);
+    // The ticket that lists copy into: of those whose symbol is linked in the group, or else of all
+    // that are open, the one used last; nil when none is open.
+    static TTicketForm* ForCopies(StringView groupID);
+
     // To be called as time goes on, for a spin button that is held.
     void Tick(Integer milliseconds);
 
 private:
+    void FieldEntered(TObject* Sender);
+    bool EnterText(TcxCustomEdit& edit, StringView text);
     void AccountKeyDown(TObject* Sender, Word& Key, TShiftState Shift);
     void AccountExit(TObject* Sender);
     void SymbolKeyDown(TObject* Sender, Word& Key, TShiftState Shift);
@@ -68,6 +80,7 @@ private:
     TcxPopupEdit FSymbol;
     TcxSpinEdit FPrice;
     TcxSpinEdit FQuantity;
+    String FSymbolGroup;
     String FProduct; // whose table and lot the numbers have
     Boolean FIsSending = false;
 };

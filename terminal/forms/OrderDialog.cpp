@@ -1,10 +1,12 @@
-#include "terminal/console/OrderDialog.h"
+#include "terminal/forms/OrderDialog.h"
 
+#include "platform/rtl/ScopedValue.h"
 #include "platform/rtl/Text.h"
-#include "terminal/console/ListText.h"
+#include "terminal/forms/CloseAllForm.h"
+#include "terminal/forms/FormsHost.h"
 #include "terminal/forms/OrderText.h"
-#include "terminal/forms/PositionForm.h"
 #include "terminal/forms/TerminalKeys.h"
+#include "terminal/forms/TicketForm.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/services/ChannelMessages.h"
 #include "viewdata/services/MessageBoxCtrl.h"
@@ -35,10 +37,23 @@ Boolean TOrderDialog::Answer(Integer number, Pointer data) {
     }
 }
 
+Boolean TOrderDialog::TakeAsShown(const TShownPrice& shown, const std::function<Boolean()>& take) {
+    const TScopedValue expected(FShown, std::optional(shown));
+    return take();
+}
+
 bool TOrderDialog::Ask(StringView message, StringView question) {
     const String text =
         message.empty() ? String(question) : String(message) + u"\n" + String(question);
     return FHost.Confirm(text, ConfirmYes) == ConfirmYes;
+}
+
+// Empty where the price that was shown still holds.
+String TOrderDialog::PriceMoveText(const TOrderValues& order) {
+    if (!FShown.has_value() || FShown->Symbol != order.Symbol || order.IsMarket()) return {};
+    const String now = OrderPriceText(order);
+    if (now == FShown->Text) return {};
+    return FormatText(InterfaceText(TerminalKey::Res_PriceMoved), {FShown->Text, now});
 }
 
 // An order without a quantity comes from a quick order that wants to be confirmed.
@@ -48,25 +63,27 @@ void TOrderDialog::TakeOrder(TOrderTakeActionRecord& record) {
     if (order == nullptr || manager == nullptr) return;
     const bool isOneLot = !(order->GetQuantity() > 0.0);
     if (isOneLot) order->SetQuantity(LotOf(order->Values().Symbol));
-    if (!Ask(record.Message, OrderQuestion(order->Values(), isOneLot))) return;
+    String question = OrderQuestion(order->Values(), isOneLot);
+    if (const String move = PriceMoveText(order->Values()); !move.empty()) {
+        question = move + u"\n" + question;
+    }
+    if (!Ask(record.Message, question)) return;
     record.Result = manager->TakeOrderAction(nullptr, order, record.Action, /*Flag=*/true);
 }
 
+// With some positions left out the list that asked must not go on: it would close them all.
 void TOrderDialog::CloseAll(TOrderTakeActionRecord& record) {
     std::unique_ptr<TObject> received(std::exchange(record.Order, nullptr));
-    auto* list = ObjectAs<TBaseDataControl>(received.get());
+    auto* list = ObjectAs<TCustomPositionDataControl>(received.get());
     if (list == nullptr) return;
     static_cast<void>(received.release());
-    TCloseAllForm form{std::unique_ptr<TBaseDataControl>(list)};
-    String rows;
-    for (Integer row = HeaderRow; row < form.View().RowCount(); ++row) {
-        rows += ListLine(form, row);
-        rows += u'\n';
-    }
+    TCloseAllForm form{std::unique_ptr<TCustomPositionDataControl>(list)};
     const String question = record.Message.empty()
                                 ? InterfaceText(ResourceKey::Res_BatchConf_ClosePos)
                                 : record.Message;
-    record.Result = Ask({}, rows + question);
+    if (!FHost.AskCloseAll(form, question)) return;
+    record.Result = form.AreAllTicked();
+    if (!record.Result) form.CloseTicked();
 }
 
 void TOrderDialog::Copy(Integer number, const TCopyOrderRecord& record) {
@@ -76,6 +93,9 @@ void TOrderDialog::Copy(Integer number, const TCopyOrderRecord& record) {
         FEntry.TakeOrder(order->Values());
     } else {
         FEntry.TakePrice(order->Values());
+    }
+    if (TTicketForm* ticket = TTicketForm::ForCopies(record.GroupID)) {
+        ticket->TakeCopy(order->Values());
     }
 }
 
