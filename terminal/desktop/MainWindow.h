@@ -51,6 +51,7 @@ public:
     void Store();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -62,6 +63,7 @@ private:
     void OpenFirst(const TDesktopOptions& options);
     bool OpenStored();
     void OpenUsual();
+    void SizeUsual();
     void FillTicket(StringView symbol);
     void CloseActiveForm();
     void Link(TPane& pane);
@@ -78,6 +80,7 @@ private:
     TStatusLine* FStatus;
     TAppLanguage FShownLanguage = TAppLanguage::None;
     Int64 FPaints = 0;
+    bool FSizesAreDue = false;
     bool FKeepsForms = false; // as the whole terminal, not a single form
     QTimer FStepTimer;
     QTimer FFrameTimer;

@@ -97,12 +97,29 @@ void TMainWindow::OpenUsual() {
         splitDockWidget(above, &dock, Qt::Vertical);
         above = &dock;
     }
-    if (below != nullptr) {
-        below->raise();
-        resizeDocks({below}, {BelowHeight}, Qt::Vertical);
-    }
-    resizeDocks({&ticket}, {SideWidth}, Qt::Horizontal);
+    if (below != nullptr) below->raise();
+    FSizesAreDue = true;
+    if (isVisible()) SizeUsual();
     for (TPaneDock* dock : FDocks) dock->Pane().SetGroup(FirstGroup);
+}
+
+// Docks have sizes only once they are on the screen.
+void TMainWindow::SizeUsual() {
+    FSizesAreDue = false;
+    for (TPaneDock* dock : FDocks) {
+        if (dock->Pane().Kind() == TPaneKind::Ticket) {
+            resizeDocks({FDocks.front(), dock}, {width() - SideWidth, SideWidth}, Qt::Horizontal);
+            resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
+        }
+        if (dock->Pane().Kind() == TPaneKind::Positions) {
+            resizeDocks({dock}, {BelowHeight}, Qt::Vertical);
+        }
+    }
+}
+
+void TMainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (FSizesAreDue) SizeUsual();
 }
 
 void TMainWindow::ArrangeAsAtFirst() {
