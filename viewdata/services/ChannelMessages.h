@@ -17,8 +17,9 @@ inline constexpr Integer TakeOrderAction = 18011;
 inline constexpr Integer CloseAllPositions = 18012;
 // Show the column chooser: TCustomColumnRecord.
 inline constexpr Integer CustomColumn = 18013;
-// Create the list views that input fields drop down: TListViewRequestRecord.
+// Create the list view that an account field drops down: TListViewRequestRecord.
 inline constexpr Integer CreateAccountListView = 18014;
+// Create the list view that a symbol field drops down: TListViewRequestRecord.
 inline constexpr Integer CreateSymbolListView = 18015;
 // Copy the price or the symbol alone into order entry: TCopyOrderRecord.
 inline constexpr Integer CopyPrice = 18016;
