@@ -2,8 +2,6 @@
 
 #include "viewdata/services/FieldNumbers.h"
 
-#include <memory>
-
 namespace quorin {
 
 namespace {
@@ -12,18 +10,26 @@ constexpr StringView BenchSeries = u"EQTY";
 
 } // namespace
 
-TBenchUniverse& TBenchUniverse::OfSize(Integer symbols, bool withItems) {
-    static std::unique_ptr<TBenchUniverse> universe;
-    if (universe == nullptr || universe->FSize != symbols || universe->FWithItems != withItems) {
+TBenchUniverse& TBenchUniverse::OfSize(Integer symbols) {
+    std::unique_ptr<TBenchUniverse>& universe = Kept();
+    if (universe == nullptr || universe->FSize != symbols) {
         universe.reset();
-        universe.reset(new TBenchUniverse(symbols, withItems));
+        universe.reset(new TBenchUniverse(symbols));
     }
     return *universe;
 }
 
-TBenchUniverse::TBenchUniverse(Integer symbols, bool withItems)
-    : FServices({.Host = FHost, .DataDirectory = {}, .SettingsPath = {}}), FSize(symbols),
-      FWithItems(withItems) {
+std::unique_ptr<TBenchUniverse>& TBenchUniverse::Kept() {
+    static std::unique_ptr<TBenchUniverse> universe;
+    return universe;
+}
+
+void TBenchUniverse::Release() {
+    Kept().reset();
+}
+
+TBenchUniverse::TBenchUniverse(Integer symbols)
+    : FServices({.Host = FHost, .DataDirectory = {}, .SettingsPath = {}}), FSize(symbols) {
     TEmbeddedMarketAdapter& market = FServices.Market();
     market.AddExchange({.Code = BenchExchange});
     market.AddCategory({.CategoryID = 1});
@@ -32,7 +38,7 @@ TBenchUniverse::TBenchUniverse(Integer symbols, bool withItems)
     for (Integer index = 0; index < symbols; ++index) {
         const String symbol = SymbolAt(index);
         market.AddSymbol({.Symbol = symbol, .Exchange = BenchExchange, .Series = BenchSeries});
-        if (withItems) FServices.Items().Touch(Quote(index, 0));
+        FServices.Items().Touch(Quote(index, 0));
     }
     FServices.Deliver();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "benchmarks/Growth.h"
 #include "embedded/EmbeddedServices.h"
 #include "viewdata/frame/GridDataSource.h"
 #include "viewdata/market/MarketDataControl.h"
 
+#include <memory>
 #include <string>
 
 namespace quorin {
@@ -11,7 +13,6 @@ namespace quorin {
 inline constexpr Integer WindowRows = 50;
 inline constexpr Integer WindowColumns = 30;
 inline constexpr Integer SmallUniverse = 1'000;
-inline constexpr Integer LargeUniverse = 1'000'000;
 
 // A symbol of 10 characters.
 inline String SymbolAt(Integer index) {
@@ -33,12 +34,16 @@ public:
     Boolean ChannelMessage(Integer, Pointer) override { return false; }
 };
 
-// Services with one exchange of so many symbols, of which each has a live item and a quote when
-// `withItems` says so. The same size again gives the same object, as long as nobody asks for
-// another one in between.
+// Services with one exchange of so many symbols, each with a live item and a quote. The same size
+// again gives the same object, as long as nobody asks for another one in between.
 class TBenchUniverse {
 public:
-    static TBenchUniverse& OfSize(Integer symbols, bool withItems);
+    static TBenchUniverse& OfSize(Integer symbols);
+    static TBenchUniverse& Of(const benchmark::State& state) {
+        return OfSize(static_cast<Integer>(state.range(0)));
+    }
+    // For who installs services of his own.
+    static void Release();
     ~TBenchUniverse() = default;
 
     Integer Size() const { return FSize; }
@@ -47,12 +52,26 @@ public:
     TEmbeddedSubItem& Quote(Integer index, Integer step);
 
 private:
-    TBenchUniverse(Integer symbols, bool withItems);
+    explicit TBenchUniverse(Integer symbols);
+    static std::unique_ptr<TBenchUniverse>& Kept();
 
     TBenchHost FHost;
     TEmbeddedServices FServices;
     Integer FSize;
-    bool FWithItems;
+};
+
+// Services of one's own, without a universe to begin with.
+class TBenchServices : public TEmbeddedServices {
+public:
+    explicit TBenchServices(const std::filesystem::path& data = {})
+        : TEmbeddedServices({.Host = Host(), .DataDirectory = data, .SettingsPath = {}}) {}
+
+private:
+    static TBenchHost& Host() {
+        static TBenchHost host;
+        TBenchUniverse::Release();
+        return host;
+    }
 };
 
 inline constexpr StringView BenchExchange = u"BENCH";

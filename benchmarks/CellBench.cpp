@@ -1,32 +1,13 @@
-#include "benchmarks/BenchMarket.h"
+#include "benchmarks/HandChain.h"
 
 #include "platform/widgets/GridTableView.h"
-#include "viewdata/market/MarketAttributes.h"
 
-#include <benchmark/benchmark.h>
+#include <charconv>
 
-#include <array>
-#include <functional>
-#include <memory>
-#include <unordered_map>
-#include <vector>
-
-// What a raw numeric cell costs on its way from the grid to the live item, against the same chain
-// of virtual calls with one hash look-up, written by hand.
+// What a cell costs on its way from the grid to the live item, raw and as the text on the screen.
 
 namespace quorin {
 namespace {
-
-namespace A = MarketAttribute;
-
-constexpr std::array<Integer, 11> NumericColumns{
-    A::BestBid,   A::BestAsk,         A::LastPrice,   A::BestBidQuantity,
-    A::Volume,    A::BestAskQuantity, A::StrikePrice, A::PreviousClose,
-    A::HighPrice, A::LowPrice,        A::OpenPrice};
-
-Integer TagOfColumn(Integer column) {
-    return NumericColumns[static_cast<std::size_t>(column) % NumericColumns.size()];
-}
 
 // The whole window, cell by cell, as a grid paints it.
 template <class Source>
@@ -49,95 +30,115 @@ std::vector<Integer> WindowRecords(Integer universe) {
     return records;
 }
 
-void CountCells(benchmark::State& state) {
-    state.SetItemsProcessed(state.iterations() * WindowRows * WindowColumns);
-}
+// A grid over a watch on the whole exchange.
+struct TCellScreen {
+    explicit TCellScreen(TBenchUniverse& universe) : Records(WindowRecords(universe.Size())) {
+        View.SetCustomDataSource(&Source);
+        for (Integer column = 0; column < WindowColumns; ++column) {
+            View.AddColumn(TagOfColumn(column));
+        }
+        Control().SetExchangeAndCategory(BenchExchange, 1);
+    }
+    ~TCellScreen() { View.SetCustomDataSource(nullptr); }
+    TCellScreen(const TCellScreen&) = delete;
+    TCellScreen& operator=(const TCellScreen&) = delete;
+
+    TCustomMarketDataControl& Control() {
+        return static_cast<TCustomMarketDataControl&>(*Source.DataControl());
+    }
+    TCustomGridDataSource Source{TComponentClass::Of<TCustomMarketDataControl>()};
+    TcxGridTableView View;
+    std::vector<Integer> Records;
+};
 
 void LibraryCells(benchmark::State& state) {
-    TBenchUniverse& universe = TBenchUniverse::OfSize(static_cast<Integer>(state.range(0)), true);
-    TCustomGridDataSource source(TComponentClass::Of<TCustomMarketDataControl>());
-    TcxGridTableView view;
-    view.SetCustomDataSource(&source);
-    for (Integer column = 0; column < WindowColumns; ++column) view.AddColumn(TagOfColumn(column));
-    static_cast<TCustomMarketDataControl*>(source.DataControl())
-        ->SetExchangeAndCategory(BenchExchange, 1);
-    const std::vector<Integer> records = WindowRecords(universe.Size());
-    for (auto _ : state) benchmark::DoNotOptimize(SumOfWindow(source, records));
-    CountCells(state);
+    TCellScreen screen(TBenchUniverse::Of(state));
+    SumOfWindow(screen.Source, screen.Records);
+    TAllocationMeter meter(state);
+    for (auto _ : state) benchmark::DoNotOptimize(SumOfWindow(screen.Source, screen.Records));
+    const Int64 cells = state.iterations() * WindowRows * WindowColumns;
+    state.SetItemsProcessed(cells);
+    meter.Tell(cells);
 }
-
-namespace ByHand {
-
-struct TItem {
-    virtual ~TItem() = default;
-    virtual Double Number(Integer field) const { return Fields[static_cast<std::size_t>(field)]; }
-    std::array<Double, 256> Fields{};
-};
-
-struct TTextHash {
-    using is_transparent = void;
-    std::size_t operator()(StringView text) const { return std::hash<StringView>()(text); }
-};
-
-struct TFeed {
-    virtual ~TFeed() = default;
-    virtual TItem* Find(StringView key) {
-        const auto found = Items.find(key);
-        return found == Items.end() ? nullptr : found->second.get();
-    }
-    std::unordered_map<String, std::unique_ptr<TItem>, TTextHash, std::equal_to<>> Items;
-};
-
-struct TControl {
-    explicit TControl(TFeed& feed) : Feed(feed) {}
-    virtual ~TControl() = default;
-    virtual Variant GetValue(Integer record, Integer attribute) {
-        if (record < 0 || record >= static_cast<Integer>(Rows.size())) return Variant(u"");
-        const TItem* item = Feed.Find(Rows[static_cast<std::size_t>(record)]);
-        return item != nullptr ? Variant(item->Number(attribute)) : Variant(u"");
-    }
-    TFeed& Feed;
-    std::vector<String> Rows;
-};
-
-struct TSource {
-    explicit TSource(TControl& control) : Control(control) {}
-    virtual ~TSource() = default;
-    virtual Variant GetValue(Pointer record, Pointer item) {
-        const auto column = static_cast<std::size_t>(TcxCustomDataSource::IndexOfHandle(item));
-        if (column >= Tags.size()) return Variant(u"");
-        return Control.GetValue(TcxCustomDataSource::IndexOfHandle(record), Tags[column]);
-    }
-    TControl& Control;
-    std::vector<Integer> Tags;
-};
-
-} // namespace ByHand
 
 void HandWrittenCells(benchmark::State& state) {
     const auto size = static_cast<Integer>(state.range(0));
-    ByHand::TFeed feed;
-    ByHand::TControl control(feed);
-    ByHand::TSource source(control);
-    for (Integer index = 0; index < size; ++index) {
-        const String symbol = SymbolAt(index);
-        auto item = std::make_unique<ByHand::TItem>();
-        for (const Integer field : NumericColumns) {
-            item->Fields[static_cast<std::size_t>(field)] = 100.0 + field;
-        }
-        control.Rows.push_back(symbol);
-        feed.Items.emplace(symbol, std::move(item));
-    }
-    for (Integer column = 0; column < WindowColumns; ++column) {
-        source.Tags.push_back(TagOfColumn(column));
-    }
+    THandChain& chain = THandChain::OfSize(size);
     const std::vector<Integer> records = WindowRecords(size);
-    for (auto _ : state) benchmark::DoNotOptimize(SumOfWindow(source, records));
-    CountCells(state);
+    for (auto _ : state) benchmark::DoNotOptimize(SumOfWindow(chain.Source(), records));
+    state.SetItemsProcessed(state.iterations() * WindowRows * WindowColumns);
 }
 
-BENCHMARK(LibraryCells)->Arg(SmallUniverse)->Arg(LargeUniverse);
-BENCHMARK(HandWrittenCells)->Arg(SmallUniverse)->Arg(LargeUniverse);
+constexpr Double TextPrice(Integer row) {
+    return 12'345.25 + 10.5 * row;
+}
+constexpr int TextDecimals = 3;
+constexpr StringView TextTicks = u"BENCHPRICES";
+
+// The last price of each row on the screen as its text, with the decimals of its tick table.
+void LibraryPriceTexts(benchmark::State& state) {
+    TBenchUniverse& universe = TBenchUniverse::Of(state);
+    TCellScreen screen(universe);
+    static constexpr TSpreadBand bands[] = {{0.0, 10'000.0, 0.001}, {10'000.0, 1e6, 0.005}};
+    universe.Services().Market().AddSpreadTable(TextTicks, bands);
+    universe.Services().Market().SetSpreadTablesAtOnce(true);
+    for (Integer row = 0; row < WindowRows; ++row) {
+        const Integer record = screen.Records[static_cast<std::size_t>(row)];
+        TEmbeddedSubItem& item = universe.Services().Items().Item(SymbolAt(record));
+        item.SetField(Field::SpreadCode, TextTicks);
+        item.SetField(Field::LastPrice, TextPrice(row));
+    }
+    TCustomMarketDataControl& control = screen.Control();
+    TAllocationMeter meter(state);
+    for (auto _ : state) {
+        for (const Integer record : screen.Records) {
+            const String text = control.GetDisplayValue(record, MarketAttribute::LastPrice);
+            benchmark::DoNotOptimize(text.data());
+        }
+    }
+    if (control.GetDisplayValue(0, MarketAttribute::LastPrice) != u"12345.250") {
+        state.SkipWithError("wrong text");
+    }
+    meter.Tell(state.iterations() * WindowRows);
+    state.SetItemsProcessed(state.iterations() * WindowRows);
+}
+
+String GroupedByHand(Double number) {
+    constexpr std::ptrdiff_t GroupLength = 3;
+    std::array<char, 64> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                          std::chars_format::fixed, TextDecimals)
+                                .ptr;
+    const char* const point = end - TextDecimals - 1;
+    String text;
+    for (const char* digit = digits.data(); digit != end; ++digit) {
+        if (digit != digits.data() && digit < point && (point - digit) % GroupLength == 0) {
+            text += u',';
+        }
+        text += static_cast<Char>(*digit);
+    }
+    return text;
+}
+
+// The same prices from a vector, as directly as it goes.
+void ToCharsPriceTexts(benchmark::State& state) {
+    std::vector<Double> prices;
+    for (Integer row = 0; row < WindowRows; ++row) prices.push_back(TextPrice(row));
+    for (auto _ : state) {
+        for (const Double price : prices) {
+            benchmark::DoNotOptimize(price);
+            const String text = GroupedByHand(price);
+            benchmark::DoNotOptimize(text.data());
+        }
+    }
+    if (GroupedByHand(prices.front()) != u"12,345.250") state.SkipWithError("wrong text");
+    state.SetItemsProcessed(state.iterations() * WindowRows);
+}
+
+QUORIN_GROWTH(LibraryCells);
+QUORIN_GROWTH(HandWrittenCells);
+QUORIN_GROWTH(LibraryPriceTexts);
+QUORIN_GROWTH(ToCharsPriceTexts);
 
 } // namespace
 } // namespace quorin

@@ -2,11 +2,10 @@
 
 #include "terminal/forms/MarketWatchForm.h"
 
-#include <benchmark/benchmark.h>
-
 #include <vector>
 
-// One delivered batch of 100 items, of which a watch follows 50; flat in the size of the universe.
+// 100 updates, of which a watch follows half, delivered as one batch and each for itself; flat in
+// the size of the universe.
 
 namespace quorin {
 namespace {
@@ -19,8 +18,8 @@ struct TSignalCount : TObject {
     Int64 Signals = 0;
 };
 
-void DeliverBatch(benchmark::State& state) {
-    TBenchUniverse& universe = TBenchUniverse::OfSize(static_cast<Integer>(state.range(0)), true);
+void DeliverUpdates(benchmark::State& state, bool inBatches) {
+    TBenchUniverse& universe = TBenchUniverse::Of(state);
     const auto control = CreateComponent<TCustomMarketDataControl>();
     control->SetExchangeAndCategory(BenchExchange, 1);
     std::vector<Integer> rows;
@@ -35,22 +34,72 @@ void DeliverBatch(benchmark::State& state) {
     control->SetOnDataChanged(MakeEvent<&TSignalCount::Count>(&signals));
     TEmbeddedSubscribeAdapter& items = universe.Services().Items();
     Double price = 100.0;
-    for (auto _ : state) {
+    const auto deliver = [&] {
         price += 0.01;
         for (TEmbeddedSubItem* item : batch) {
             item->SetField(Field::LastPrice, price);
             items.Touch(*item);
+            if (!inBatches) items.Deliver();
         }
-        items.Deliver();
+        if (inBatches) items.Deliver();
+    };
+    deliver();
+    signals.Signals = 0;
+    TAllocationMeter meter(state);
+    for (auto _ : state) deliver();
+    const Int64 updates = state.iterations() * BatchItems;
+    meter.Tell(updates);
+    state.SetItemsProcessed(updates);
+    if (signals.Signals != (inBatches ? state.iterations() : updates / 2)) {
+        state.SkipWithError("not the signals that were due");
     }
-    if (signals.Signals != state.iterations()) state.SkipWithError("not one signal per batch");
     control->SetOnDataChanged(nullptr);
-    state.SetItemsProcessed(state.iterations() * BatchItems);
+}
+
+void BatchedDelivery(benchmark::State& state) {
+    DeliverUpdates(state, /*inBatches=*/true);
+}
+
+void RealtimeDelivery(benchmark::State& state) {
+    DeliverUpdates(state, /*inBatches=*/false);
+}
+
+// What a cell asks that shows how its price has moved with the latest update.
+void PriceMoves(benchmark::State& state) {
+    TBenchUniverse& universe = TBenchUniverse::Of(state);
+    const auto control = CreateComponent<TCustomMarketDataControl>();
+    control->SetExchangeAndCategory(BenchExchange, 1);
+    std::vector<Integer> rows;
+    std::vector<TEmbeddedSubItem*> shown;
+    for (Integer row = 0; row < WindowRows; ++row) {
+        rows.push_back(RowOfWindow(row, universe.Size()));
+        shown.push_back(&universe.Quote(rows.back(), 0));
+    }
+    control->ViewRecordChanged(rows);
+    Double price = 100.0;
+    Int64 moves = 0;
+    const auto look = [&] {
+        price += 0.01;
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            shown[row]->SetField(Field::BestAsk, price);
+            TPriceChangeState move = pcsNone;
+            control->GetPriceMoveTickChangeState(rows[row], Field::BestAsk, move);
+            moves += move == pcsUp;
+        }
+    };
+    look();
+    moves = 0;
+    TAllocationMeter meter(state);
+    for (auto _ : state) look();
+    const Int64 looks = state.iterations() * WindowRows;
+    meter.Tell(looks);
+    if (moves != looks) state.SkipWithError("not every price has moved");
+    state.SetItemsProcessed(looks);
 }
 
 // A delivery that reaches every row of a watch on screen, and the repaint that follows.
 void DeliverAndRepaint(benchmark::State& state) {
-    TBenchUniverse& universe = TBenchUniverse::OfSize(static_cast<Integer>(state.range(0)), true);
+    TBenchUniverse& universe = TBenchUniverse::Of(state);
     TMarketWatchForm form;
     form.View().SetVisibleRowCapacity(WindowRows);
     form.ShowMarket(BenchExchange);
@@ -75,11 +124,13 @@ void DeliverAndRepaint(benchmark::State& state) {
             }
         }
     }
-    state.SetItemsProcessed(state.iterations() * WindowRows);
+    state.SetItemsProcessed(state.iterations());
 }
 
-BENCHMARK(DeliverAndRepaint)->Arg(SmallUniverse)->Arg(LargeUniverse);
-BENCHMARK(DeliverBatch)->Arg(SmallUniverse)->Arg(LargeUniverse);
+QUORIN_GROWTH(BatchedDelivery);
+QUORIN_GROWTH(RealtimeDelivery);
+QUORIN_GROWTH(PriceMoves);
+QUORIN_GROWTH(DeliverAndRepaint);
 
 } // namespace
 } // namespace quorin

@@ -3,8 +3,6 @@
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/presentation/IImageResource.h"
 
-#include <benchmark/benchmark.h>
-
 #include <array>
 #include <charconv>
 #include <memory>
@@ -18,13 +16,12 @@ namespace {
 
 constexpr StringView Table = u"BENCHTABLE";
 constexpr StringView Group = u"G";
-constexpr Integer FewFields = 100;
-constexpr Integer ManyFields = 1'000;
+constexpr Integer LinkedFields = 1'000;
 
-// The editors over a small universe, gone before the next benchmark.
+// The editors over a universe, gone before the next benchmark.
 class TEditorBench {
 public:
-    TEditorBench() : FUniverse(TBenchUniverse::OfSize(SmallUniverse, true)) {}
+    explicit TEditorBench(TBenchUniverse& universe) : FUniverse(universe) {}
     ~TEditorBench() {
         TEditorManager::ReleaseInstance();
         TIImageResourceList::ReleaseInstance();
@@ -52,7 +49,7 @@ private:
 
 // A digit more and a digit less, each of which moves every group mark.
 void PriceKeyPress(benchmark::State& state) {
-    TEditorBench bench;
+    TEditorBench bench(TBenchUniverse::Of(state));
     TControl form;
     TcxSpinEdit edit;
     edit.SetParent(&form);
@@ -123,7 +120,7 @@ private:
 
 // So many fields of one group; the first is typed into and accepted, the others follow.
 void LinkedSymbolFields(benchmark::State& state) {
-    TEditorBench bench;
+    TEditorBench bench(TBenchUniverse::OfSize(SmallUniverse));
     TControl form;
     bench.Services().Channels().SetGroupValue(Group, Channel::CurrentSymbol, {});
     std::vector<std::unique_ptr<TcxPopupEdit>> fields;
@@ -151,9 +148,9 @@ void LinkedSymbolFields(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-BENCHMARK(PriceKeyPress);
-BENCHMARK(ToCharsGrouped);
-BENCHMARK(LinkedSymbolFields)->Arg(FewFields)->Arg(ManyFields);
+QUORIN_GROWTH(PriceKeyPress);
+QUORIN_GROWTH(ToCharsGrouped);
+QUORIN_GROWTH(LinkedSymbolFields, /*Largest=*/LinkedFields);
 
 } // namespace
 } // namespace quorin

@@ -1,7 +1,7 @@
+#include "benchmarks/Growth.h"
 #include "platform/export/Exporters.h"
 #include "platform/rtl/Utf.h"
 
-#include <benchmark/benchmark.h>
 #include <xlsxwriter.h>
 
 #include <array>
@@ -18,8 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr Integer Rows = 100'000;
-constexpr Integer XlsRows = 65'535; // the format holds no more
+constexpr Int64 MostXlsxRows = 100'000; // takes a second or two
+constexpr Int64 MostXlsRows = 10'000;   // the format holds 65,535
 constexpr Integer Columns = 20;
 constexpr std::size_t Variants = 997; // of a column's texts
 
@@ -88,9 +88,8 @@ private:
     std::array<std::vector<TBenchCell>, Columns> FCells;
 };
 
-TBenchTable& Table() {
-    static TBenchTable table(Rows);
-    return table;
+TBenchTable TableOf(const benchmark::State& state) {
+    return TBenchTable(static_cast<Integer>(state.range(0)));
 }
 
 fs::path Target(const char* extension) {
@@ -98,25 +97,25 @@ fs::path Target(const char* extension) {
 }
 
 void SetFigures(benchmark::State& state, const fs::path& file) {
-    state.SetItemsProcessed(state.iterations() * state.range(0) * Columns);
-    state.counters["MB"] = static_cast<Double>(fs::file_size(file)) / 1e6;
+    state.SetItemsProcessed(state.iterations() * state.range(0));
     fs::remove(file);
 }
 
 void CsvExport(benchmark::State& state) {
-    for (auto _ : state) ExportToCsv(Target("csv"), Table());
+    TBenchTable table = TableOf(state);
+    for (auto _ : state) ExportToCsv(Target("csv"), table);
     SetFigures(state, Target("csv"));
 }
 
 void CsvPlain(benchmark::State& state) {
-    const TBenchTable& table = Table();
+    TBenchTable table = TableOf(state);
     for (auto _ : state) {
         std::FILE* const file = std::fopen(Target("csv").c_str(), "wb");
         for (Integer column = 0; column < Columns; ++column) {
             std::fputs(column == 0 ? "Caption" : ",Caption", file);
         }
         std::fputs("\r\n", file);
-        for (Integer row = 0; row < Rows; ++row) {
+        for (Integer row = 0; row < table.RowCount(); ++row) {
             for (Integer column = 0; column < Columns; ++column) {
                 if (column > 0) std::putc(',', file);
                 const std::string& field = table.Cell(row, column).CsvField;
@@ -130,18 +129,19 @@ void CsvPlain(benchmark::State& state) {
 }
 
 void XlsExport(benchmark::State& state) {
-    TBenchTable table(XlsRows);
+    TBenchTable table = TableOf(state);
     for (auto _ : state) ExportToXls(Target("xls"), table);
     SetFigures(state, Target("xls"));
 }
 
 void XlsxExport(benchmark::State& state) {
-    for (auto _ : state) ExportToXlsx(Target("xlsx"), Table());
+    TBenchTable table = TableOf(state);
+    for (auto _ : state) ExportToXlsx(Target("xlsx"), table);
     SetFigures(state, Target("xlsx"));
 }
 
 void XlsxByLibrary(benchmark::State& state) {
-    const TBenchTable& table = Table();
+    TBenchTable table = TableOf(state);
     for (auto _ : state) {
         lxw_workbook_options options = {};
         options.constant_memory = LXW_TRUE;
@@ -154,7 +154,7 @@ void XlsxByLibrary(benchmark::State& state) {
         for (lxw_col_t column = 0; column < Columns; ++column) {
             worksheet_write_string(sheet, 0, column, "Caption", nullptr);
         }
-        for (Integer row = 0; row < Rows; ++row) {
+        for (Integer row = 0; row < table.RowCount(); ++row) {
             const auto line = static_cast<lxw_row_t>(row + 1);
             for (Integer column = 0; column < Columns; ++column) {
                 const TBenchCell& cell = table.Cell(row, column);
@@ -172,11 +172,11 @@ void XlsxByLibrary(benchmark::State& state) {
     SetFigures(state, Target("xlsx"));
 }
 
-BENCHMARK(CsvExport)->Arg(Rows)->Unit(benchmark::kMillisecond);
-BENCHMARK(CsvPlain)->Arg(Rows)->Unit(benchmark::kMillisecond);
-BENCHMARK(XlsExport)->Arg(XlsRows)->Unit(benchmark::kMillisecond);
-BENCHMARK(XlsxExport)->Arg(Rows)->Unit(benchmark::kMillisecond)->Iterations(2);
-BENCHMARK(XlsxByLibrary)->Arg(Rows)->Unit(benchmark::kMillisecond)->Iterations(2);
+QUORIN_GROWTH(CsvExport);
+QUORIN_GROWTH(CsvPlain);
+QUORIN_GROWTH(XlsExport, MostXlsRows);
+QUORIN_GROWTH(XlsxExport, MostXlsxRows, GrowthSizes[0], /*Runs=*/1);
+QUORIN_GROWTH(XlsxByLibrary, MostXlsxRows, GrowthSizes[0], /*Runs=*/1);
 
 } // namespace
 } // namespace quorin

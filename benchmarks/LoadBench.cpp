@@ -1,28 +1,20 @@
 #include "benchmarks/BenchMarket.h"
 
-#include <benchmark/benchmark.h>
-
-#include <malloc.h>
-
 #include <memory>
 #include <unordered_map>
 #include <vector>
 
-// A million rows into the control, against filling a vector of texts and a hash map by hand from
-// the same records. Both end with their memory given back, which is not timed.
+// All rows of an exchange into the control, against filling a vector of texts and a hash map by
+// hand from the same records. Both end with their memory given back, which is not timed.
 
 namespace quorin {
 namespace {
 
-Double HeapBytes() {
-    const struct mallinfo2 heap = mallinfo2();
-    return static_cast<Double>(heap.uordblks + heap.hblkhd);
-}
-
 void LoadControl(benchmark::State& state) {
     const auto size = static_cast<Integer>(state.range(0));
-    TBenchUniverse::OfSize(size, false);
+    TBenchUniverse::OfSize(size);
     Double bytes = 0.0;
+    Integer loaded = 0;
     for (auto _ : state) {
         state.PauseTiming();
         auto control = CreateComponent<TCustomMarketDataControl>();
@@ -31,17 +23,18 @@ void LoadControl(benchmark::State& state) {
         control->SetExchangeAndCategory(BenchExchange, 1);
         state.PauseTiming();
         bytes = HeapBytes() - before;
-        if (control->GetCount() != size) state.SkipWithError("rows are missing");
+        loaded = control->GetCount();
         control.reset();
         state.ResumeTiming();
     }
+    if (loaded != size) state.SkipWithError("rows are missing");
     state.SetItemsProcessed(state.iterations() * size);
-    state.counters["bytes/row"] = bytes / size;
+    state.counters["bytes"] = bytes / size;
 }
 
 void LoadByHand(benchmark::State& state) {
     const auto size = static_cast<Integer>(state.range(0));
-    const TCustomMarketAdapter& market = TBenchUniverse::OfSize(size, false).Services().Market();
+    const TCustomMarketAdapter& market = TBenchUniverse::OfSize(size).Services().Market();
     struct TRows {
         std::vector<String> List;
         std::unordered_map<String, TCustomMarketData*> Map;
@@ -65,11 +58,34 @@ void LoadByHand(benchmark::State& state) {
         state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * size);
-    state.counters["bytes/row"] = bytes / size;
+    state.counters["bytes"] = bytes / size;
 }
 
-BENCHMARK(LoadControl)->Arg(LargeUniverse)->Unit(benchmark::kMillisecond)->Iterations(5);
-BENCHMARK(LoadByHand)->Arg(LargeUniverse)->Unit(benchmark::kMillisecond)->Iterations(5);
+// A subscription to every row of the watch, and what it keeps.
+void FollowRows(benchmark::State& state) {
+    TBenchUniverse& universe = TBenchUniverse::Of(state);
+    std::vector<Integer> rows;
+    for (Integer row = 0; row < universe.Size(); ++row) rows.push_back(row);
+    Double bytes = 0.0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto control = CreateComponent<TCustomMarketDataControl>();
+        control->SetExchangeAndCategory(BenchExchange, 1);
+        const Double before = HeapBytes();
+        state.ResumeTiming();
+        control->ViewRecordChanged(rows);
+        state.PauseTiming();
+        bytes = HeapBytes() - before;
+        control.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * universe.Size());
+    state.counters["bytes"] = bytes / universe.Size();
+}
+
+QUORIN_GROWTH(LoadControl);
+QUORIN_GROWTH(LoadByHand);
+QUORIN_GROWTH(FollowRows);
 
 } // namespace
 } // namespace quorin

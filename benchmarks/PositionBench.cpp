@@ -4,8 +4,6 @@
 #include "viewdata/position/PositionAttributes.h"
 #include "viewdata/position/PositionDataControl.h"
 
-#include <benchmark/benchmark.h>
-
 #include <memory>
 #include <vector>
 
@@ -15,8 +13,9 @@
 namespace quorin {
 namespace {
 
-constexpr Integer FewPositions = 10;
-constexpr Integer ManyPositions = 10'000;
+constexpr Integer ChangingPositions = 10;
+constexpr Int64 MostPositions = 100'000;
+constexpr Int64 MostListed = 10'000; // where rows are taken out
 constexpr Integer RemovedAtOnce = 50;
 constexpr StringView BenchAccount = u"ACCOUNT1";
 
@@ -25,8 +24,7 @@ constexpr StringView BenchAccount = u"ACCOUNT1";
 class TPositionScreen {
 public:
     explicit TPositionScreen(Integer positions)
-        : FServices({.Host = FHost, .DataDirectory = {}, .SettingsPath = {}}),
-          FSource(TComponentClass::Of<TCustomPositionDataControl>()) {
+        : FSource(TComponentClass::Of<TCustomPositionDataControl>()) {
         for (Integer index = 0; index < positions; ++index) {
             FRecords.push_back(&FServices.Positions().FeedPosition(BenchAccount, SymbolAt(index),
                                                                    {.Quantity = 100.0}));
@@ -38,8 +36,8 @@ public:
         }
         Control().SetAccount(BenchAccount);
         Control().SetConvertCurrency(u"USD");
-        const std::size_t step = FRecords.size() / FewPositions;
-        for (std::size_t index = 0; index < FewPositions; ++index) {
+        const std::size_t step = FRecords.size() / ChangingPositions;
+        for (std::size_t index = 0; index < ChangingPositions; ++index) {
             FChanges.push_back(std::make_unique<TChange>(*FRecords[index * step]));
         }
         FView.TakeRepaint();
@@ -64,8 +62,7 @@ public:
     TChange& NextChange() { return *FChanges[FNext++ % FChanges.size()]; }
 
 private:
-    TBenchHost FHost;
-    TEmbeddedServices FServices;
+    TBenchServices FServices;
     TCustomGridDataSource FSource;
     TcxGridTableView FView;
     std::vector<TEmbeddedPositionData*> FRecords;
@@ -125,6 +122,7 @@ void RemoveRows(benchmark::State& state, TPlace place) {
     }
     const auto* positions = TCustomPositionAdapter::GetInstance();
     std::vector<std::unique_ptr<TPositionScreen::TChange>> going;
+    bool allGone = true;
     for (auto _ : state) {
         state.PauseTiming();
         going.clear();
@@ -140,7 +138,7 @@ void RemoveRows(benchmark::State& state, TPlace place) {
         state.ResumeTiming();
         for (const auto& change : going) control.PositionUpdate(&change->Sender, nullptr);
         state.PauseTiming();
-        if (control.GetCount() != rows - RemovedAtOnce) state.SkipWithError("not removed");
+        allGone = allGone && control.GetCount() == rows - RemovedAtOnce;
         for (const auto& change : going) {
             change->Record.SetFigures({.Quantity = 100.0});
             control.PositionUpdate(&change->Sender, nullptr);
@@ -148,6 +146,7 @@ void RemoveRows(benchmark::State& state, TPlace place) {
         }
         state.ResumeTiming();
     }
+    if (!allGone) state.SkipWithError("not removed");
     state.SetItemsProcessed(state.iterations() * RemovedAtOnce);
 }
 
@@ -166,15 +165,28 @@ void EraseByHand(benchmark::State& state, TPlace place) {
     state.SetItemsProcessed(state.iterations() * RemovedAtOnce);
 }
 
-BENCHMARK(PositionPriceChange)->Arg(FewPositions)->Arg(ManyPositions);
-BENCHMARK(PositionRatioChange)->Arg(FewPositions)->Arg(ManyPositions);
-BENCHMARK(PositionUpdateOfOne)->Arg(FewPositions)->Arg(ManyPositions);
-BENCHMARK_CAPTURE(RemoveRows, First, TPlace::First)->Arg(ManyPositions);
-BENCHMARK_CAPTURE(RemoveRows, Middle, TPlace::Middle)->Arg(ManyPositions);
-BENCHMARK_CAPTURE(RemoveRows, Last, TPlace::Last)->Arg(ManyPositions);
-BENCHMARK_CAPTURE(EraseByHand, First, TPlace::First)->Arg(ManyPositions);
-BENCHMARK_CAPTURE(EraseByHand, Middle, TPlace::Middle)->Arg(ManyPositions);
-BENCHMARK_CAPTURE(EraseByHand, Last, TPlace::Last)->Arg(ManyPositions);
+template <TPlace Place>
+void RemoveRowsAt(benchmark::State& state) {
+    RemoveRows(state, Place);
+}
+template <TPlace Place>
+void EraseAt(benchmark::State& state) {
+    EraseByHand(state, Place);
+}
+constexpr auto RemoveFirstRow = RemoveRowsAt<TPlace::First>;
+constexpr auto RemoveMiddleRow = RemoveRowsAt<TPlace::Middle>;
+constexpr auto RemoveLastRow = RemoveRowsAt<TPlace::Last>;
+constexpr auto EraseFirst = EraseAt<TPlace::First>;
+constexpr auto EraseMiddle = EraseAt<TPlace::Middle>;
+
+QUORIN_GROWTH(PositionPriceChange, MostPositions);
+QUORIN_GROWTH(PositionRatioChange, MostPositions);
+QUORIN_GROWTH(PositionUpdateOfOne, MostPositions);
+QUORIN_GROWTH(RemoveFirstRow, MostListed);
+QUORIN_GROWTH(EraseFirst, MostListed);
+QUORIN_GROWTH(RemoveMiddleRow, MostListed);
+QUORIN_GROWTH(EraseMiddle, MostListed);
+QUORIN_GROWTH(RemoveLastRow, MostListed);
 
 } // namespace
 } // namespace quorin

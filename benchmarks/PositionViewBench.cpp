@@ -2,8 +2,6 @@
 
 #include "viewdata/positionview/PositionViewDataControl.h"
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <array>
 #include <unordered_map>
@@ -17,8 +15,7 @@ namespace quorin {
 namespace {
 
 constexpr Integer Accounts = 20; // the master and its sub-accounts
-constexpr Integer FewPositions = 10;
-constexpr Integer ManyPositions = 40'000;
+constexpr Int64 MostPositions = 100'000;
 
 String AccountAt(Integer index) {
     return index == 0 ? String(u"MASTER") : u"SUB" + SymbolAt(index);
@@ -29,7 +26,7 @@ class TAggregatedBook {
 public:
     explicit TAggregatedBook(Integer positions)
         : FSymbols(std::max(positions / Accounts, 1)),
-          FServices(TBenchUniverse::OfSize(FSymbols, true).Services()) {
+          FServices(TBenchUniverse::OfSize(FSymbols).Services()) {
         for (Integer account = 0; account < Accounts; ++account) {
             TAccountDetails details;
             details.IsAggregate = account == 0;
@@ -123,11 +120,12 @@ void AggregatedPrice(benchmark::State& state) {
     sender.Add(AccountAt(Accounts - 1), &positions);
     for (auto _ : state) book.View->PositionMarketDataUpdate(&sender, nullptr);
     if (book.Signals != state.iterations()) state.SkipWithError("not one signal each");
+    state.SetItemsProcessed(state.iterations());
 }
 
-BENCHMARK(AggregateView)->Arg(ManyPositions / 4)->Arg(ManyPositions);
-BENCHMARK(AggregateByHand)->Arg(ManyPositions / 4)->Arg(ManyPositions);
-BENCHMARK(AggregatedPrice)->Arg(FewPositions)->Arg(ManyPositions);
+QUORIN_GROWTH(AggregateView, MostPositions);
+QUORIN_GROWTH(AggregateByHand, MostPositions);
+QUORIN_GROWTH(AggregatedPrice, MostPositions);
 
 } // namespace
 } // namespace quorin

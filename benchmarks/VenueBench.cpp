@@ -2,8 +2,6 @@
 
 #include "embedded/venue/Venue.h"
 
-#include <benchmark/benchmark.h>
-
 #include <string>
 
 // Updates of the venue while it is open and nobody looks on; and its start in a large universe.
@@ -11,7 +9,6 @@
 namespace quorin {
 namespace {
 
-constexpr Integer TypicalUniverse = 31'000;
 constexpr Integer Closes = 1000;
 
 // Shares in steps of 0.01, with a previous close each.
@@ -57,8 +54,8 @@ void VenueStart(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-BENCHMARK(VenueUpdates)->Arg(SmallUniverse)->Arg(TypicalUniverse)->Arg(LargeUniverse);
-BENCHMARK(VenueStart)->Arg(LargeUniverse)->Unit(benchmark::kMillisecond)->Iterations(1);
+QUORIN_GROWTH(VenueUpdates);
+QUORIN_GROWTH(VenueStart, GrowthSizes[3], GrowthSizes[0], /*Runs=*/1);
 
 } // namespace
 } // namespace quorin

@@ -1,115 +1,163 @@
-#include <benchmark/benchmark.h>
+#include "benchmarks/Growth.h"
+#include "benchmarks/Report.h"
 
-#include <cstdio>
-#include <map>
+#include <algorithm>
+#include <cstring>
 #include <string>
+#include <string_view>
+#include <unistd.h>
 #include <vector>
 
-// Prints the table of Google Benchmark and under it the ratios that the library promises. Both
-// sides of a ratio come from one run, so that they hold on a machine that is not alone.
+// Measures ours and the peers in one run, so that ratios hold on a machine that is not alone.
 
 namespace {
 
-struct TRatio {
-    const char* Promise;
-    const char* Measured;
-    const char* Against;
-    double Limit;
-    double Work = 1.0; // how much more the measured side has to do
+using namespace quorin;
+
+constexpr const char* Help =
+    R"(./bench [options]: builds Release, measures every workload and its peers in one run, at 1,000
+to 1,000,000 rows, and prints three tables: workloads with their ratios, growth, and what is
+counted (allocations, memory). Times are medians; what misses its mark says so. About five minutes.
+
+  --json FILE     writes the raw figures, each repetition, and what the tables are made of
+  --docs          measures and renews the figures and plots of docs/benchmarks.md
+  --quick         one repetition of little time, up to 100,000 rows: half a minute, to look at only
+  --filter REGEX  only benchmarks whose name matches, such as 'Cells|Window'
+  --list          the names of all benchmarks
+  --verbose       also each repetition as it is measured
+  --strict        ends with 1 when a mark is missed
+  --help          this
+)";
+
+constexpr Integer Repetitions = 5;
+constexpr Int64 QuickSize = 100'000;
+
+struct TBenchOptions {
+    std::string JsonFile;
+    std::vector<std::string> Passed; // to Google Benchmark
+    bool IsQuick = false;
+    bool IsVerbose = false;
+    bool IsStrict = false;
+    bool WantsHelp = false;
+    std::string Fault;
 };
 
-constexpr TRatio Ratios[] = {
-    {"numeric cell against a chain by hand, 1,000 symbols", "LibraryCells/1000",
-     "HandWrittenCells/1000", 1.5},
-    {"numeric cell against a chain by hand, 1,000,000 symbols", "LibraryCells/1000000",
-     "HandWrittenCells/1000000", 1.5},
-    {"numeric cell, 1,000,000 symbols against 1,000", "LibraryCells/1000000", "LibraryCells/1000",
-     1.5},
-    {"delivered batch, 1,000,000 symbols against 1,000", "DeliverBatch/1000000",
-     "DeliverBatch/1000", 1.5},
-    {"delivery and repaint of 50 rows, 1,000,000 against 1,000", "DeliverAndRepaint/1000000",
-     "DeliverAndRepaint/1000", 1.5},
-    {"loading 1,000,000 rows against a vector and a map by hand", "LoadControl/1000000",
-     "LoadByHand/1000000", 1.5},
-    {"aggregating 40,000 positions against a hash map by hand", "AggregateView/40000",
-     "AggregateByHand/40000", 3.0},
-    // The loop by hand grows by 1.4 here: so many records leave the cache.
-    {"aggregating 40,000 positions against 10,000, per position", "AggregateView/40000",
-     "AggregateView/10000", 2.0, 4.0},
-    {"price on an aggregated view, 40,000 positions against 10", "AggregatedPrice/40000",
-     "AggregatedPrice/10", 1.5},
-    {"price change reaching a grid, 10,000 positions against 10", "PositionPriceChange/10000",
-     "PositionPriceChange/10", 1.5},
-    {"ratio change reaching a grid, 10,000 positions against 10", "PositionRatioChange/10000",
-     "PositionRatioChange/10", 1.5},
-    {"position update of one symbol, 10,000 rows against 10", "PositionUpdateOfOne/10000",
-     "PositionUpdateOfOne/10", 1.5},
-    {"removing the first of 10,000 rows against a vector", "RemoveRows/First/10000",
-     "EraseByHand/First/10000", 3.0},
-    {"removing the middle of 10,000 rows against a vector", "RemoveRows/Middle/10000",
-     "EraseByHand/Middle/10000", 3.0},
-    {"removing the last of 10,000 rows against an update of one", "RemoveRows/Last/10000",
-     "PositionUpdateOfOne/10000", 3.0, 50.0}, // which goes fifty times per round
-    {"100,000 x 20 cells as CSV against plain buffered output", "CsvExport/100000",
-     "CsvPlain/100000", 2.0},
-    {"100,000 x 20 cells as XLSX against the library alone", "XlsxExport/100000",
-     "XlsxByLibrary/100000", 1.3},
-    {"50 times a sorted view of 100,000 rows against Qt's proxy", "SortedView/100000",
-     "SortedByQt/100000", 1.0, 1.0 / 50.0},
-    {"sorted view, 100,000 rows against 1,000", "SortedView/100000", "SortedView/1000", 3.0},
-    {"10 times a sorted watch of 100,000 rows against Qt's proxy", "SortedWatch/100000",
-     "SortedByQt/100000", 1.0, 1.0 / 10.0},
-    {"filtered view of 100,000 rows against Qt's proxy", "FilteredView/100000",
-     "FilteredByQt/100000", 1.0},
-    {"filtered view, 100,000 rows against 1,000", "FilteredView/100000", "FilteredView/1000", 3.0},
-    {"480 cells summed over 200 sub-accounts against plain loops", "AggregatedCells/200",
-     "PlainSums/200", 2.0},
-    {"key in a price field against to_chars and group marks", "PriceKeyPress/", "ToCharsGrouped/",
-     10.0},
-    {"1,000 linked symbol fields against 100, per field", "LinkedSymbolFields/1000",
-     "LinkedSymbolFields/100", 1.5, 10.0},
-};
+TBenchOptions ReadOptions(int argc, char** argv) {
+    TBenchOptions options;
+    for (int index = 1; index < argc; ++index) {
+        const std::string_view option = argv[index];
+        const auto value = [&]() -> std::string {
+            if (index + 1 < argc) return argv[++index];
+            options.Fault = std::string(option) + " needs a value";
+            return {};
+        };
+        if (option == "--help" || option == "-h") {
+            options.WantsHelp = true;
+        } else if (option == "--json") {
+            options.JsonFile = value();
+        } else if (option == "--filter") {
+            options.Passed.push_back("--benchmark_filter=^(" + value() + ")");
+        } else if (option == "--list") {
+            options.Passed.push_back("--benchmark_list_tests=true");
+        } else if (option == "--quick") {
+            options.IsQuick = true;
+        } else if (option == "--verbose") {
+            options.IsVerbose = true;
+        } else if (option == "--strict") {
+            options.IsStrict = true;
+        } else {
+            options.Fault = "no option is called " + std::string(option) + "; see --help";
+        }
+    }
+    return options;
+}
 
-class TRatioReporter : public benchmark::ConsoleReporter {
+class TCollector : public benchmark::ConsoleReporter {
 public:
-    using ConsoleReporter::ConsoleReporter;
+    explicit TCollector(bool isVerbose)
+        : ConsoleReporter(OO_Defaults), FIsVerbose(isVerbose),
+          FShowsProgress(!isVerbose && isatty(STDERR_FILENO) != 0) {}
 
+    bool ReportContext(const Context& context) override {
+        return !FIsVerbose || ConsoleReporter::ReportContext(context);
+    }
     void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
+        if (FIsVerbose) ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
-            if (run.error_occurred) continue;
-            // Repetitions give a median of their own, which comes last and is the one that counts.
-            const bool counts = run.run_type == Run::RT_Iteration || run.aggregate_name == "median";
-            if (counts)
-                FSeconds[run.run_name.function_name + "/" + run.run_name.args] =
-                    run.GetAdjustedCPUTime();
+            if (run.error_occurred) {
+                ++FFailures;
+                std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(),
+                             run.error_message.c_str());
+                continue;
+            }
+            FFigures.Take(run);
+            if (FShowsProgress) {
+                std::fprintf(stderr, "\r\033[K%s", run.benchmark_name().c_str());
+            }
         }
     }
-
     void Finalize() override {
-        ConsoleReporter::Finalize();
-        std::printf("\n%-60s %8s %8s\n", "Ratio", "measured", "at most");
-        for (const TRatio& ratio : Ratios) {
-            const auto measured = FSeconds.find(ratio.Measured);
-            const auto against = FSeconds.find(ratio.Against);
-            if (measured == FSeconds.end() || against == FSeconds.end()) continue;
-            const double value = measured->second / against->second / ratio.Work;
-            std::printf("%-60s %8.2f %8.2f%s\n", ratio.Promise, value, ratio.Limit,
-                        value > ratio.Limit ? "  ABOVE" : "");
-        }
+        if (FShowsProgress) std::fprintf(stderr, "\r\033[K");
     }
+    const TFigures& Figures() const { return FFigures; }
+    Integer Failures() const { return FFailures; }
 
 private:
-    std::map<std::string, double> FSeconds;
+    TFigures FFigures;
+    Integer FFailures = 0;
+    bool FIsVerbose;
+    bool FShowsProgress;
 };
+
+void StartGoogleBenchmark(const char* program, TBenchOptions& options) {
+    options.Passed.insert(options.Passed.begin(), program);
+    const std::string repetitions = std::to_string(options.IsQuick ? 1 : Repetitions);
+    options.Passed.push_back("--benchmark_repetitions=" + repetitions);
+    options.Passed.push_back(options.IsQuick ? "--benchmark_min_time=0.01"
+                                             : "--benchmark_min_time=0.05");
+    std::vector<char*> arguments;
+    for (std::string& argument : options.Passed) arguments.push_back(argument.data());
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+}
+
+bool WriteFile(const std::string& path, const TFigures& figures, const TMachine& machine) {
+    std::FILE* const file = std::fopen(path.c_str(), "w");
+    if (file == nullptr) return false;
+    WriteJson(file, figures, machine);
+    return std::fclose(file) == 0;
+}
 
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-    TRatioReporter reporter(benchmark::ConsoleReporter::OO_Defaults);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
+    TBenchOptions options = ReadOptions(argc, argv);
+    if (!options.Fault.empty()) {
+        std::fprintf(stderr, "bench: %s\n", options.Fault.c_str());
+        return 2;
+    }
+    if (options.WantsHelp) {
+        std::fputs(Help, stdout);
+        return 0;
+    }
+    StartGoogleBenchmark(argv[0], options);
+    RegisterGrowth(options.IsQuick ? QuickSize : *std::rbegin(GrowthSizes));
+    TMachine machine = ThisMachine();
+    machine.Repetitions = options.IsQuick ? 1 : Repetitions;
+    TCollector collector(options.IsVerbose);
+    benchmark::RunSpecifiedBenchmarks(&collector);
     benchmark::Shutdown();
-    return 0;
+    if (collector.Figures().All().empty()) return collector.Failures() > 0;
+
+    machine.LoadAfter = LoadOfOneMinute();
+    std::printf("%s, %d cores, %s; %s, load %.2f before and %.2f after; medians of %d\n\n",
+                machine.Processor.c_str(), machine.Cores, machine.Compiler.c_str(),
+                machine.Date.c_str(), machine.LoadBefore, machine.LoadAfter, machine.Repetitions);
+    const Integer missed = PrintTables(collector.Figures());
+    if (missed > 0) std::printf("\n%d missed\n", missed);
+    if (!options.JsonFile.empty() && !WriteFile(options.JsonFile, collector.Figures(), machine)) {
+        std::fprintf(stderr, "bench: cannot write %s\n", options.JsonFile.c_str());
+        return 1;
+    }
+    return collector.Failures() > 0 || (options.IsStrict && missed > 0);
 }
