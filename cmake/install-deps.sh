@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [bench] [desktop] [readers] [clang]: installs what these groups need and the machine
+# install-deps.sh [build] [bench] [desktop] [readers] [clang] [docs]: installs what these groups need and the machine
 # lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
@@ -74,6 +74,12 @@ check_clang() {
     fi
 }
 
+# What describes the public headers.
+check_docs() {
+    need_command doxygen doxygen
+    need_command python3 python3
+}
+
 probe=$(mktemp)
 trap 'rm -f "$probe"' EXIT
 
@@ -85,6 +91,7 @@ for group in "$@"; do
         bench) check_bench ;;
         readers) check_readers ;;
         clang) check_clang ;;
+        docs) check_docs ;;
         *)
             echo "install-deps.sh: no group is called $group" >&2
             exit 2

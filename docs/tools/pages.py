@@ -5,8 +5,10 @@ above the block that it stands in:
     <!-- code: docs/snippets/Market.cpp#watch -->
 
 for the lines between "// [watch]" and "// [/watch]" of the file, several names with a comma between
-them; without a name it is the whole file. With --check nothing is written."""
+them; without a name it is the whole file. A block without such a line must stand in a source file of
+the tree as it is. With --check nothing is written."""
 
+import functools
 import re
 import sys
 import textwrap
@@ -46,9 +48,23 @@ def filled(page, text):
         mark = f"{file}#{names}" if names else file
         return f"<!-- code: {mark} -->\n```cpp\n{code(file, names)}\n```\n"
 
-    if len(_MARK.findall(text)) != text.count("```cpp\n"):
-        raise Fault(f"{page}: a block of code without a mark that says where it is compiled")
-    return _MARK.sub(block, text)
+    text = _MARK.sub(block, text)
+    for unmarked in re.findall(r"```cpp\n(.*?)```\n", _MARK.sub("", text), re.DOTALL):
+        if not any(squeezed(unmarked) in source for source in sources()):
+            raise Fault(f"{page}: code that no source file has: {unmarked.splitlines()[0]}")
+    return text
+
+
+def squeezed(text):
+    return " ".join(text.split())
+
+
+@functools.cache
+def sources():
+    return [squeezed(path.read_text(encoding="utf-8"))
+            for folder in ("examples", "benchmarks", "bench", "docs/snippets", "terminal", "tests")
+            if (ROOT / folder).is_dir()
+            for path in (ROOT / folder).rglob("*") if path.suffix in (".cpp", ".h")]
 
 
 def check_links(page, text):

@@ -6,6 +6,7 @@ import csv
 import re
 import sys
 
+import contracts
 from headers import ROOT, families, family, text_of
 
 PAGES = ROOT / "docs" / "reference"
@@ -253,6 +254,7 @@ def values():
 
 WRITERS = {
     "columns.md": columns,
+    "contracts.md": contracts.page,
     "fields.md": fields,
     "messages.md": messages,
     "resources.md": resources,

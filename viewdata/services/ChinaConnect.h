@@ -10,8 +10,11 @@ class TCustomFeatureSwitches : public TService<TCustomFeatureSwitches> {
 public:
     // Operations, in order
 
+    // The feature is on.
     virtual Boolean HasChinaConnect() const = 0;
+    // `Exchange` is reached through it, whether it is on or not.
     virtual Boolean HasChinaConnectExchange(StringView Exchange) const = 0;
+    // Code of the account that holds the China Connect data of `Account`; empty for none.
     virtual String FindChinaConnectAccount(StringView Account) const = 0;
 };
 
