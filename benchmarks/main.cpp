@@ -29,6 +29,8 @@ counted (allocations, memory). Times are medians; what misses its mark says so. 
   --help          this
 )";
 
+constexpr const char* GoogleOption = "--benchmark_"; // handed on as it is
+
 constexpr Integer Repetitions = 5;
 constexpr Int64 QuickSize = 100'000;
 
@@ -65,6 +67,8 @@ TBenchOptions ReadOptions(int argc, char** argv) {
             options.IsVerbose = true;
         } else if (option == "--strict") {
             options.IsStrict = true;
+        } else if (option.substr(0, std::strlen(GoogleOption)) == GoogleOption) {
+            options.Passed.emplace_back(option);
         } else {
             options.Fault = "no option is called " + std::string(option) + "; see --help";
         }
@@ -109,14 +113,14 @@ private:
     bool FShowsProgress;
 };
 
-void StartGoogleBenchmark(const char* program, TBenchOptions& options) {
-    options.Passed.insert(options.Passed.begin(), program);
+void StartGoogleBenchmark(const char* program, const TBenchOptions& options) {
     const std::string repetitions = std::to_string(options.IsQuick ? 1 : Repetitions);
-    options.Passed.push_back("--benchmark_repetitions=" + repetitions);
-    options.Passed.push_back(options.IsQuick ? "--benchmark_min_time=0.01"
-                                             : "--benchmark_min_time=0.05");
+    std::vector<std::string> all{program, "--benchmark_repetitions=" + repetitions,
+                                 options.IsQuick ? "--benchmark_min_time=0.01"
+                                                 : "--benchmark_min_time=0.05"};
+    all.insert(all.end(), options.Passed.begin(), options.Passed.end());
     std::vector<char*> arguments;
-    for (std::string& argument : options.Passed) arguments.push_back(argument.data());
+    for (std::string& argument : all) arguments.push_back(argument.data());
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
 }

@@ -31,7 +31,8 @@ Integer DecimalsOfStep(Double step) {
 // As many decimals as the price has, up to the most; no fewer than `decimals`.
 Integer DecimalsOfPrice(Double price, Integer decimals) {
     const Double tolerance = std::max(HalfOfLastDecimal, std::fabs(price) * BinaryNoise);
-    Double scale = std::pow(10.0, decimals);
+    Double scale = 1.0;
+    for (Integer place = 0; place < decimals; ++place) scale *= 10.0;
     for (; decimals < MostStepDecimals; ++decimals, scale *= 10.0) {
         if (std::fabs(std::nearbyint(price * scale) / scale - price) <= tolerance) break;
     }

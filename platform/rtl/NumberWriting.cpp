@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <limits>
 
 namespace quorin {
@@ -173,8 +175,47 @@ bool AppendNotFinite(String& target, Double value) {
     return true;
 }
 
+// Counted in units of its last decimal, a number below this is so exact, and so is its rounding to
+// 15 digits, that away from the middle between two units by that margin nothing but the nearest
+// unit can come out. These are nearly all numbers that people read.
+constexpr Double MostUnits = 1e12;
+constexpr Double MiddleMargin = 0.01;
+constexpr Double UnitsOfOne[] = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+
+// False, and nothing done, where the digits decide.
+bool AppendNearestUnits(String& target, Double value, const TLayout& layout) {
+    if (layout.MostDecimals >= static_cast<int>(std::size(UnitsOfOne))) return false;
+    if (layout.WholeDigits > SignificantDigits) return false;
+    const Double scaled = std::fabs(value) * UnitsOfOne[layout.MostDecimals];
+    if (!(scaled < MostUnits)) return false;
+    auto units = static_cast<std::uint64_t>(scaled);
+    const Double rest = scaled - static_cast<Double>(units);
+    if (std::fabs(rest - 0.5) <= MiddleMargin) return false;
+    if (rest > 0.5) ++units;
+
+    const bool isNegative = value < 0.0 && units > 0;
+    std::array<Char, 2 * ScientificLength> text; // from the end
+    Char* first = text.data() + text.size();
+    int decimals = layout.MostDecimals;
+    for (; decimals > layout.LeastDecimals && units % 10 == 0; --decimals) units /= 10;
+    if (decimals > 0) {
+        for (int left = decimals; left > 0; --left, units /= 10) {
+            *--first = static_cast<Char>(u'0' + units % 10);
+        }
+        *--first = u'.';
+    }
+    for (int written = 0; units > 0 || written < layout.WholeDigits; ++written, units /= 10) {
+        if (layout.Grouping && written > 0 && written % GroupSize == 0) *--first = u',';
+        *--first = static_cast<Char>(u'0' + units % 10);
+    }
+    if (isNegative) *--first = u'-';
+    target.append(first, static_cast<std::size_t>(text.data() + text.size() - first));
+    return true;
+}
+
 void AppendByLayout(String& target, Double value, const TLayout& layout) {
     if (AppendNotFinite(target, value)) return;
+    if (AppendNearestUnits(target, value, layout)) return;
     AppendFixed(target, SignificantDecimal(value), layout);
 }
 
