@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """plot_growth.py FIGURES.json: renews the plots and the figures of docs/benchmarks.md.
 
-FIGURES.json is what ./bench --json writes. Standard Python alone. --pictures FOLDER draws the plots
-somewhere else and leaves the page as it is.
+FIGURES.json is what ./bench --json writes. Standard Python alone. --docs FOLDER has the page, and
+gets the pictures, somewhere else.
 """
 
 import argparse
@@ -13,8 +13,8 @@ import pathlib
 import re
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-PAGE = ROOT / "docs" / "benchmarks.md"
-PICTURES = ROOT / "docs" / "pictures"
+PAGE = "benchmarks.md"
+PICTURES = "pictures"
 
 # One plot per question: file, title, and the benchmarks with their names in the legend.
 QT = "QAbstractTableModel"
@@ -270,26 +270,25 @@ def replace_part(text, name, content):
     return head + begin + content + end + rest.split(end, 1)[1]
 
 
-def renew_page(data):
-    text = PAGE.read_text(encoding="utf-8")
+def renew_page(data, page):
+    text = page.read_text(encoding="utf-8")
     text = replace_part(text, "machine", machine_text(data))
     text = replace_part(text, "workloads", workload_table(data))
     text = replace_part(text, "growth", growth_table(data))
     text = replace_part(text, "counts", count_table(data))
     for name, (file, first) in EXTRACTS.items():
         text = replace_part(text, name, extract(file, first))
-    PAGE.write_text(text, encoding="utf-8")
+    page.write_text(text, encoding="utf-8")
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("figures", type=pathlib.Path)
-    parser.add_argument("--pictures", type=pathlib.Path)
+    parser.add_argument("--docs", type=pathlib.Path, default=ROOT / "docs")
     arguments = parser.parse_args()
     data = json.loads(arguments.figures.read_text(encoding="utf-8"))
-    draw(data, arguments.pictures or PICTURES)
-    if arguments.pictures is None:
-        renew_page(data)
+    draw(data, arguments.docs / PICTURES)
+    renew_page(data, arguments.docs / PAGE)
 
 
 if __name__ == "__main__":
