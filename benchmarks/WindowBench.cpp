@@ -107,6 +107,12 @@ private:
             FRowItems.back()->SetField(Field::LastPrice, changes.NextPrice());
         }
         control.ViewRecordChanged(followed);
+        // The first two updates of a row take memory for its moves.
+        for (Integer update = 0; update < 2; ++update) {
+            for (const Integer row : followed)
+                FItems.Touch(*FRowItems[static_cast<std::size_t>(row)]);
+            FItems.Deliver();
+        }
     }
 
     TEmbeddedSubscribeAdapter& FItems;

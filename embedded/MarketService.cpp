@@ -1,5 +1,7 @@
 #include "embedded/MarketService.h"
 
+#include "platform/rtl/Text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -226,8 +228,12 @@ bool TEmbeddedMarketAdapter::HasSpreadTable(StringView code) const {
 
 TCustomSpreadTable* TEmbeddedMarketAdapter::FindSpreadTable(StringView SpreadCode) {
     if (SpreadCode.empty()) return nullptr;
-    TSpreadEntry* entry = FSpreads.Obtain(SpreadCode);
-    if (entry == nullptr) return nullptr;
+    TSpreadEntry* entry = FLastSpread;
+    if (entry == nullptr || !SameUnits(*entry->Code, SpreadCode)) {
+        entry = FSpreads.Obtain(SpreadCode);
+        if (entry == nullptr) return nullptr;
+        FLastSpread = entry;
+    }
     if (entry->Table.GetStatus() != SpreadTableLoaded) {
         if (FSpreadTablesAtOnce) {
             entry->Table.Load(entry->Bands);

@@ -133,6 +133,7 @@ private:
     std::deque<TSpreadEntry> FSpreadStore;
     std::deque<String> FSpreadCodes;
     TDictionary<String, TSpreadEntry*> FSpreads; // nil: asked for and not there yet
+    TSpreadEntry* FLastSpread = nullptr;         // of the last look-up
     TList<TSpreadEntry*> FArriving;
     TDeliveryClock FDeliveries;
     TRegistrations<TDataCallbackEvent> FExchangeListeners{FDeliveries};

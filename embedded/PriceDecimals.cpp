@@ -64,8 +64,12 @@ Integer TPriceDecimals::Find(StringView symbol, Double price) const {
     if (items == nullptr || symbol.empty()) return UnknownDecimals;
     const TCustomSubItem* item = items->GetSubItem(symbol, LiveDataType, /*Flag=*/false);
     item->GetFieldString(Field::SpreadCode, FText);
-    const Integer decimals = DecimalsOfStep(StepOfTable(FText, price));
-    if (decimals != UnknownDecimals) return decimals;
+    const Double step = StepOfTable(FText, price);
+    if (step != FLastStep) {
+        FLastStep = step;
+        FLastDecimals = DecimalsOfStep(step);
+    }
+    if (FLastDecimals != UnknownDecimals) return FLastDecimals;
     item->GetFieldString(Field::TickSize, FText);
     return DecimalsOfStep(ToDoubleOr(FText, 0.0));
 }

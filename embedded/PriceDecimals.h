@@ -19,7 +19,9 @@ public:
     Integer Find(StringView symbol, Double price) const;
 
 private:
-    mutable String FText; // a field's text, kept for its room
+    mutable String FText;           // a field's text, kept for its room
+    mutable Double FLastStep = 0.0; // which has been told last, and its decimals
+    mutable Integer FLastDecimals = UnknownDecimals;
 };
 
 } // namespace quorin

@@ -3,7 +3,6 @@
 #include "platform/rtl/ScopedValue.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace quorin {
 
@@ -18,17 +17,6 @@ struct TBatchReceiver {
     TDeliverySerial Called = 0; // the last delivery that has it among its calls
 };
 
-namespace {
-
-// As ==, which for 16-bit units looks at one after the other.
-bool IsSame(StringView left, StringView right) {
-    return left.size() == right.size() &&
-           (left.empty() ||
-            std::memcmp(left.data(), right.data(), left.size() * sizeof(Char)) == 0);
-}
-
-} // namespace
-
 TEmbeddedSubscribeAdapter::TEmbeddedSubscribeAdapter() = default;
 TEmbeddedSubscribeAdapter::~TEmbeddedSubscribeAdapter() = default;
 
@@ -42,7 +30,7 @@ TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
 }
 
 TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
-    if (FLastItem != nullptr && IsSame(FLastItem->FKey, key)) return FLastItem;
+    if (FLastItem != nullptr && SameUnits(FLastItem->FKey, key)) return FLastItem;
     TEmbeddedSubItem* const* found = FByKey.Find(key);
     if (found == nullptr) return nullptr;
     FLastItem = *found;

@@ -204,7 +204,7 @@ private:
         for (std::size_t cell = hash & (FCells.size() - 1);; cell = Next(cell)) {
             const TCell& probe = FCells[cell];
             if (probe.Entry == Empty) return NoCell;
-            if (probe.Hash == hash && View(FEntries[probe.Entry].Key) == key) return cell;
+            if (probe.Hash == hash && Traits::Same(FEntries[probe.Entry].Key, key)) return cell;
         }
     }
 

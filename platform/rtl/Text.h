@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/rtl/CaseMapping.h"
+#include "platform/rtl/Hash.h"
 #include "platform/rtl/Types.h"
 
-#include <cstring>
 #include <initializer_list>
 #include <vector>
 
@@ -16,12 +16,6 @@ StringView Trim(StringView text);
 
 String UpperCase(StringView text);
 String LowerCase(StringView text);
-
-// The same units, compared as memory: what a search through many texts wants.
-inline bool SameUnits(StringView left, StringView right) {
-    return left.size() == right.size() &&
-           std::memcmp(left.data(), right.data(), left.size() * sizeof(Char)) == 0;
-}
 
 // Equality and order without regard to case, unit by unit in upper case. The order is below, at or
 // above zero; a text comes before a longer one that begins with it.
