@@ -110,7 +110,10 @@ void SidesByHand(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
-QUORIN_GROWTH(DetectSides);
+// Following a million symbols takes longer than these updates.
+constexpr Int64 SideRuns = 20'000;
+
+QUORIN_GROWTH(DetectSides, GrowthSizes[3], GrowthSizes[0], SideRuns);
 QUORIN_GROWTH(SidesByHand);
 
 } // namespace

@@ -152,6 +152,8 @@ void FollowScreen(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
+constexpr Int64 WatchRuns = 500; // making a large watch takes longer than these
+
 constexpr auto TableWindow = FollowScreen<TNumberTable, LeaveAsIs>;
 constexpr auto TableSortedWindow = FollowScreen<TNumberTable, SortByFirst>;
 constexpr auto TableFilteredWindow = FollowScreen<TNumberTable, FilterByFirst>;
@@ -159,9 +161,9 @@ constexpr auto WatchWindow = FollowScreen<TWatchTable<false>, LeaveAsIs>;
 constexpr auto WatchSortedWindow = FollowScreen<TWatchTable<true>, SortByFirst>;
 constexpr auto WatchFilteredWindow = FollowScreen<TWatchTable<true>, FilterByFirst>;
 
-QUORIN_GROWTH(WatchWindow);
-QUORIN_GROWTH(WatchSortedWindow);
-QUORIN_GROWTH(WatchFilteredWindow);
+QUORIN_GROWTH(WatchWindow, GrowthSizes[3], GrowthSizes[0], WatchRuns);
+QUORIN_GROWTH(WatchSortedWindow, GrowthSizes[3], GrowthSizes[0], WatchRuns);
+QUORIN_GROWTH(WatchFilteredWindow, GrowthSizes[3], GrowthSizes[0], WatchRuns);
 QUORIN_GROWTH(TableWindow);
 QUORIN_GROWTH(TableSortedWindow);
 QUORIN_GROWTH(TableFilteredWindow);

@@ -117,7 +117,7 @@ void StartGoogleBenchmark(const char* program, const TBenchOptions& options) {
     const std::string repetitions = std::to_string(options.IsQuick ? 1 : Repetitions);
     std::vector<std::string> all{program, "--benchmark_repetitions=" + repetitions,
                                  options.IsQuick ? "--benchmark_min_time=0.01"
-                                                 : "--benchmark_min_time=0.05"};
+                                                 : "--benchmark_min_time=0.03"};
     all.insert(all.end(), options.Passed.begin(), options.Passed.end());
     std::vector<char*> arguments;
     for (std::string& argument : all) arguments.push_back(argument.data());
@@ -147,13 +147,14 @@ int main(int argc, char** argv) {
     StartGoogleBenchmark(argv[0], options);
     RegisterGrowth(options.IsQuick ? QuickSize : *std::rbegin(GrowthSizes));
     TMachine machine = ThisMachine();
-    machine.Repetitions = options.IsQuick ? 1 : Repetitions;
     TCollector collector(options.IsVerbose);
     benchmark::RunSpecifiedBenchmarks(&collector);
     benchmark::Shutdown();
     if (collector.Figures().All().empty()) return collector.Failures() > 0;
 
     machine.LoadAfter = LoadOfOneMinute();
+    const TFigure& anyFigure = collector.Figures().All().begin()->second.begin()->second;
+    machine.Repetitions = static_cast<Integer>(anyFigure.Nanos.size());
     std::printf("%s, %d cores, %s; %s, load %.2f before and %.2f after; medians of %d\n\n",
                 machine.Processor.c_str(), machine.Cores, machine.Compiler.c_str(),
                 machine.Date.c_str(), machine.LoadBefore, machine.LoadAfter, machine.Repetitions);

@@ -238,8 +238,10 @@ def count_table(data):
 
 def machine_text(data):
     machine = data["machine"]
+    count = machine["repetitions"]
+    repeated = "a single repetition" if count == 1 else f"medians of {count} repetitions"
     return (f"Measured on {machine['date']}: {machine['processor']}, {machine['cores']} cores, "
-            f"{machine['compiler']}, Release; medians of {machine['repetitions']} repetitions. Load "
+            f"{machine['compiler']}, Release; {repeated}. Load "
             f"of the machine (one minute): {machine['load_before']:.2f} before the run, "
             f"{machine['load_after']:.2f} after it; the run itself makes 1.\n")
 

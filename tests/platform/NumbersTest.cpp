@@ -199,6 +199,7 @@ TEST(NumbersTest, WritesDecimals) {
          u"123,456,789,012,346.00"},
         {"a half of the 15th digit", 12345678901234.25, 2, u"12345678901234.30",
          u"12,345,678,901,234.30"},
+        {"a half of many units", 9999999999.995, 2, u"10000000000.00", u"10,000,000,000.00"},
         {"no decimals for a negative number", 7.8, -3, u"8", u"8"},
         {"infinity", Infinity, 2, u"INF", u"INF"},
         {"negative infinity", -Infinity, 2, u"-INF", u"-INF"},
