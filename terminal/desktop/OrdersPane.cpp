@@ -5,7 +5,7 @@
 #include "viewdata/frame/ServiceTexts.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 namespace quorin {
 
@@ -18,40 +18,24 @@ constexpr Integer CancelAction = 0;
 } // namespace
 
 TOrdersPane::TOrdersPane(TOrderDesk& desk, TOrderDialog& dialog, QWidget* parent)
-    : TPane(TPaneKind::Orders, parent), FForm(desk),
-      FGrid(new TGridSkin(FForm.View(), &FForm, this)),
-      FBar(new TQuickOrderBar(FForm, *FGrid, dialog, OrderActions(FForm, dialog), *this)),
-      FAll(new QCheckBox(this)) {
+    : TActionPane(TPaneKind::Orders, parent), FAll(new QCheckBox(this)) {
+    auto form = std::make_unique<TOrdersForm>(desk);
+    FForm = form.get();
+    FForm->Control().SetWorkingOnly(true);
+    QVBoxLayout& layout = Bind(std::move(form), dialog, OrderActions(*FForm, dialog));
     auto* head = new QHBoxLayout;
-    head->addWidget(FBar);
+    head->addWidget(&Bar());
     head->addWidget(FAll);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(head);
-    layout->addWidget(FGrid);
-    FBar->AddKey(CancelAction, QKeySequence::Delete);
-    FForm.Control().SetWorkingOnly(true);
+    layout.insertLayout(0, head);
+    Bar().AddKey(CancelAction, QKeySequence::Delete);
     connect(FAll, &QCheckBox::toggled, this,
-            [this](bool isAll) { FForm.Control().SetWorkingOnly(!isAll); });
-    connect(FGrid, &TGridSkin::RowChosen, this, [this](int row) {
-        const String symbol = FForm.Symbol(row);
-        if (!symbol.empty()) ChooseSymbol(symbol);
-    });
-}
-
-// What draws must be gone before the form that it shows.
-TOrdersPane::~TOrdersPane() {
-    delete FBar;
-    delete FGrid;
+            [this](bool isAll) { FForm->Control().SetWorkingOnly(!isAll); });
 }
 
 void TOrdersPane::Follow() {
-    FGrid->Follow();
-    FBar->Follow();
+    TActionPane::Follow();
     const QString all = ToQt(InterfaceText(TerminalKey::Res_AllOrders));
     if (FAll->text() != all) FAll->setText(all);
-    if (FGrid->accessibleName() != Caption()) FGrid->setAccessibleName(Caption());
 }
 
 QString TOrdersPane::Caption() {

@@ -44,40 +44,27 @@ void FillCategories(QComboBox& box, StringView exchange) {
 } // namespace
 
 TWatchPane::TWatchPane(StringView exchange, TOrderDialog& dialog, QWidget* parent)
-    : TPane(TPaneKind::Watch, parent), FExchanges(new QComboBox(this)),
-      FCategories(new QComboBox(this)), FGrid(new TGridSkin(FForm.View(), &FForm, this)),
-      FBar(new TQuickOrderBar(FForm, *FGrid, dialog, MarketActions(FForm), *this)) {
+    : TActionPane(TPaneKind::Watch, parent), FExchanges(new QComboBox(this)),
+      FCategories(new QComboBox(this)) {
+    auto form = std::make_unique<TMarketWatchForm>();
+    FForm = form.get();
+    QVBoxLayout& layout = Bind(std::move(form), dialog, MarketActions(*FForm));
     auto* boxes = new QHBoxLayout;
     boxes->addWidget(FExchanges);
     boxes->addWidget(FCategories);
     boxes->addStretch();
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
-    layout->addLayout(boxes);
-    layout->addWidget(FBar);
-    layout->addWidget(FGrid);
-    FForm.ShowMarket(exchange);
-    FForm.ShowAccount(FirstAccount);
+    layout.insertLayout(0, boxes);
+    FForm->ShowMarket(exchange);
+    FForm->ShowAccount(FirstAccount);
     connect(FExchanges, &QComboBox::activated, this, [this] {
-        FForm.ShowMarket(FromQt(FExchanges->currentData().toString()));
+        FForm->ShowMarket(FromQt(FExchanges->currentData().toString()));
         FillBoxes();
     });
     connect(FCategories, &QComboBox::activated, this,
-            [this] { FForm.ShowMarket(FForm.Exchange(), FCategories->currentData().toInt()); });
-    connect(FGrid, &TGridSkin::RowChosen, this, [this](int row) {
-        const String symbol = FForm.Symbol(row);
-        if (!symbol.empty()) ChooseSymbol(symbol);
-    });
-    connect(FGrid, &QAbstractItemView::clicked, this,
-            [this](const QModelIndex& index) { ShareSymbol(FForm.Symbol(index.row())); });
+            [this] { FForm->ShowMarket(FForm->Exchange(), FCategories->currentData().toInt()); });
+    connect(&Grid(), &QAbstractItemView::clicked, this,
+            [this](const QModelIndex& index) { ShareSymbol(FForm->Symbol(index.row())); });
     FillBoxes();
-}
-
-// What draws must be gone before the form that it shows.
-TWatchPane::~TWatchPane() {
-    delete FBar;
-    delete FGrid;
 }
 
 void TWatchPane::FillBoxes() {
@@ -85,24 +72,22 @@ void TWatchPane::FillBoxes() {
     const QSignalBlocker quietCategories(FCategories);
     FFilledLanguage = TCustomLanguageManager::GetInstance()->GetCurrentLanguage();
     FillExchanges(*FExchanges);
-    FExchanges->setCurrentIndex(FExchanges->findData(ToQt(FForm.Exchange())));
+    FExchanges->setCurrentIndex(FExchanges->findData(ToQt(FForm->Exchange())));
     FExchanges->setAccessibleName(ToQt(InterfaceText(ResourceKey::Res_Exchange)));
-    FillCategories(*FCategories, FForm.Exchange());
-    FCategories->setCurrentIndex(std::max(FCategories->findData(FForm.Category()), 0));
+    FillCategories(*FCategories, FForm->Exchange());
+    FCategories->setCurrentIndex(std::max(FCategories->findData(FForm->Category()), 0));
     FCategories->setAccessibleName(ToQt(InterfaceText(TerminalKey::Res_Category)));
     FCategories->setVisible(FCategories->count() > 2); // one beside all is no choice
-    FGrid->setAccessibleName(Caption());
 }
 
 void TWatchPane::Follow() {
     if (FFilledLanguage != TCustomLanguageManager::GetInstance()->GetCurrentLanguage()) FillBoxes();
-    FForm.FollowVisibleRows();
-    FGrid->Follow();
-    FBar->Follow();
+    FForm->FollowVisibleRows();
+    TActionPane::Follow();
 }
 
 void TWatchPane::JoinGroup(StringView groupID) {
-    FForm.Rows().SetGroupID(groupID);
+    FForm->Rows().SetGroupID(groupID);
     TPane::JoinGroup(groupID);
 }
 
@@ -112,10 +97,10 @@ QString TWatchPane::Caption() {
 }
 
 String TWatchPane::Choice() {
-    String choice = FForm.Exchange();
-    if (FForm.Category() != EveryCategory) {
+    String choice = FForm->Exchange();
+    if (FForm->Category() != EveryCategory) {
         choice += CategoryMark;
-        choice += IntegerToText(FForm.Category());
+        choice += IntegerToText(FForm->Category());
     }
     return choice;
 }
@@ -126,16 +111,16 @@ void TWatchPane::SetChoice(StringView choice) {
     if (FExchanges->findData(ToQt(exchange)) < 0) return;
     Integer category = EveryCategory;
     if (mark != StringView::npos && !TryParseInteger(choice.substr(mark + 1), category)) return;
-    FForm.ShowMarket(exchange, category);
+    FForm->ShowMarket(exchange, category);
     FillBoxes();
 }
 
 QSize TWatchPane::sizeHint() const {
     int width = EdgeWidth;
-    for (int section = 0; section < FGrid->model()->columnCount(); ++section) {
-        width += FGrid->columnWidth(section);
+    for (int section = 0; section < Grid().model()->columnCount(); ++section) {
+        width += Grid().columnWidth(section);
     }
-    return {width, (ShownRows + 1) * FGrid->verticalHeader()->defaultSectionSize()};
+    return {width, (ShownRows + 1) * Grid().verticalHeader()->defaultSectionSize()};
 }
 
 } // namespace quorin
