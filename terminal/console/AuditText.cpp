@@ -4,6 +4,7 @@
 #include "platform/rtl/Numbers.h"
 #include "terminal/console/FrameText.h"
 #include "terminal/console/TextWidth.h"
+#include "terminal/forms/AuditForm.h"
 #include "terminal/forms/OrderText.h"
 #include "viewdata/frame/ServiceTexts.h"
 
@@ -16,17 +17,6 @@ constexpr Integer KindWidth = 12;
 constexpr StringView OrderMark = u"#";
 constexpr StringView PriceMark = u" @ ";
 constexpr StringView ReasonMark = u": ";
-
-// A fill of a market order has a price, the order itself has none.
-String PriceText(const TOrderAuditEntry& entry, const TOrderDesk& desk) {
-    TOrderValues values;
-    values.Symbol = entry.Symbol;
-    values.Price = entry.Price;
-    const TDeskOrder* order = desk.FindOrder(entry.OrderNumber);
-    const bool isFill = entry.Kind == TOrderAuditKind::Fill;
-    if (order != nullptr && order->Values.IsMarket() && !isFill) values.Flags = OrderFlag::Market;
-    return OrderPriceText(values);
-}
 
 } // namespace
 
@@ -46,7 +36,7 @@ String AuditLine(const TOrderAuditEntry& entry, const TOrderDesk& desk) {
         append(SideText(entry.BuySell));
         append(QuantityText(entry.Quantity, entry.Symbol));
         append(entry.Symbol);
-        line += String(PriceMark) + PriceText(entry, desk);
+        line += String(PriceMark) + AuditPriceText(entry, desk);
     }
     if (entry.Reason != TOrderReason::None) line += String(ReasonMark) + ReasonText(entry.Reason);
     if (!entry.Text.empty()) append(entry.Text);

@@ -26,6 +26,7 @@ QPointer<QMessageBox> MakeBox(QWidget* window, QMessageBox::Icon icon, StringVie
 } // namespace
 
 void TDesktopHost::ShowMessage(StringView text) {
+    Messages().Add(TMessageKind::Message, text);
     const QPointer<QMessageBox> box = MakeBox(FWindow, QMessageBox::Information, text);
     box->addButton(ToQt(InterfaceText(ResourceKey::Res_OK_Btn)), QMessageBox::AcceptRole);
     const TFreshKeys fresh;

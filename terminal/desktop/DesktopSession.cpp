@@ -2,6 +2,7 @@
 
 #include "embedded/TimeText.h"
 #include "viewdata/editors/EditorManager.h"
+#include "viewdata/market/MarketTradeSideDetector.h"
 #include "viewdata/presentation/IImageResource.h"
 #include "viewdata/services/ConfigKeys.h"
 
@@ -24,6 +25,7 @@ void KeepGroupsApart(TEmbeddedConfigManager& config) {
 
 TDesktopSession::TSharedRelease::~TSharedRelease() {
     TEditorManager::ReleaseInstance();
+    TMarketTradeSideDetector::ReleaseInstance();
     TIImageResourceList::ReleaseInstance();
 }
 
@@ -49,6 +51,7 @@ TDesktopSession::TDesktopSession(const TDesktopOptions& options,
     FSinceDelivery.start();
     FHost.SetFieldLists(&FFieldLists);
     FHost.SetDesk(&FServices.Desk());
+    FHost.Messages().SetTime(FMarket.TimeNanos());
     FServices.Market().SetSpreadTablesAtOnce(true); // prices by their ticks from the first frame on
 }
 
@@ -57,6 +60,7 @@ void TDesktopSession::Step() {
     if (FIsStepping) return;
     const QScopedValueRollback stepping(FIsStepping, true);
     FMarket.Step();
+    FHost.Messages().SetTime(FMarket.TimeNanos());
     ++FDeliveries;
     FSinceDelivery.restart();
 }

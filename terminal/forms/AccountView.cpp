@@ -26,6 +26,11 @@ void TAccountView::ShowSums() {
     SumIfWanted();
 }
 
+void TAccountView::ShowPlain() {
+    FWantsSums = false;
+    if (Aggregated()) SetAggregate();
+}
+
 void TAccountView::SumIfWanted() {
     if (FWantsSums && !Aggregated()) SetAggregate();
 }

@@ -18,6 +18,11 @@ public:
     void ShowAccount(StringView account);
     // Sums from here on if the account is a master, or when it has turned out to be one.
     void ShowSums();
+    // No sums from here on.
+    void ShowPlain();
+    // Whether it sums, or would for a master.
+    bool WantsSums() const { return FWantsSums; }
+    const String& ShownAccount() const { return FAccount; }
     virtual void SetAggregate() = 0;
     virtual Boolean Aggregated() const = 0;
 

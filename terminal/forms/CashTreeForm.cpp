@@ -3,6 +3,7 @@
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/frame/ServiceTexts.h"
+#include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/CurrencyAdapter.h"
 
 #include <algorithm>
@@ -21,6 +22,13 @@ constexpr Integer TextFigures[] = {A::AccountCode, A::AccountTag, A::HolderName,
 
 } // namespace
 
+void TCashTreeControl::MonitorOneAccount() {
+    if (!FMonitorAll) return;
+    FMonitorAll = false;
+    TCustomAccountAdapter::GetInstance()->RemoveAllAccountCallback(this);
+    FireDataChanged();
+}
+
 TCashTreeForm::TCashTreeForm() {
     Bind<TCashTreeControl>(TcxTreeShape::Children);
     const std::vector<TFormColumn> columns = AccountColumns(Figures);
@@ -35,7 +43,12 @@ TCashTreeForm::TCashTreeForm() {
 
 void TCashTreeForm::ShowAll() {
     FShowsAll = true;
-    static_cast<TCustomAccountCashDataControl&>(Tree()).MonitorAllAccount();
+    static_cast<TCashTreeControl&>(Tree()).MonitorAllAccount();
+}
+
+void TCashTreeForm::ShowOne() {
+    FShowsAll = false;
+    static_cast<TCashTreeControl&>(Tree()).MonitorOneAccount();
 }
 
 bool TCashTreeForm::IsText(Integer attribute) const {

@@ -5,7 +5,14 @@
 
 namespace quorin {
 
-using TCashTreeControl = TTerminalAccountControl<TCustomAccountCashDataControl>;
+class TCashTreeControl : public TTerminalAccountControl<TCustomAccountCashDataControl> {
+    QUORIN_CLASS(TCashTreeControl, TTerminalAccountControl<TCustomAccountCashDataControl>)
+
+    using Inherited::Inherited;
+
+    // Ends what MonitorAllAccount began.
+    void MonitorOneAccount();
+};
 
 // One account, or every account of the user, with a row per currency below each.
 class TCashTreeForm : public TTreeForm {
@@ -13,8 +20,10 @@ class TCashTreeForm : public TTreeForm {
 
     TCashTreeForm();
 
-    // For good: the account shown counts for nothing afterwards.
+    // The account shown counts for nothing then.
     void ShowAll();
+    // The account shown counts again.
+    void ShowOne();
     bool IsShowingAll() const { return FShowsAll; }
 
     bool IsText(Integer attribute) const override;

@@ -33,10 +33,12 @@ bool TFormsHost::AskCloseAll(TCloseAllForm& list, StringView question) {
 }
 
 void TFormsHost::NoteQuestion(StringView text) {
+    FMessages.Add(TMessageKind::Question, text);
     if (FDesk != nullptr) FDesk->NoteQuestion(ReplaceAll(text, u"\n", LineGap));
 }
 
 void TFormsHost::NoteAnswer(bool isYes) {
+    FMessages.Add(TMessageKind::Answer, isYes ? YesText : NoText);
     if (FDesk != nullptr) FDesk->NoteAnswer(isYes ? YesText : NoText);
 }
 

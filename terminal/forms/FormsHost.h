@@ -2,6 +2,7 @@
 
 #include "embedded/Host.h"
 #include "terminal/forms/FieldLists.h"
+#include "terminal/forms/MessageLog.h"
 #include "terminal/forms/OrderDialog.h"
 
 namespace quorin {
@@ -20,12 +21,16 @@ public:
     // Has the lists of fields made there from here on; nil: not at all.
     void SetFieldLists(TFieldLists* lists) { FFieldLists = lists; }
     TOrderDialog& Orders() { return FOrders; }
+    // What was logged, shown and asked. Showing is noted by the descendant.
+    TMessageLog& Messages() { return FMessages; }
 
     // Asks whether to close the positions that are ticked at the end.
     bool AskCloseAll(TCloseAllForm& list, StringView question);
 
     Integer Confirm(StringView text, Integer defaultAnswer) override;
-    void WriteLog(StringView, Byte) override {}
+    void WriteLog(StringView line, Byte level) override {
+        FMessages.Add(TMessageKind::Log, line, level);
+    }
     Boolean ChannelMessage(Integer number, Pointer data) override;
 
 protected:
@@ -41,6 +46,7 @@ private:
 
     TOrderDesk* FDesk = nullptr;
     TFieldLists* FFieldLists = nullptr;
+    TMessageLog FMessages;
     TOrderDialog FOrders{*this};
 };
 

@@ -25,9 +25,25 @@ class TUnderlyerForm : public TMarketListForm {
     const String& Exchange() const { return FControl->Exchange(); }
     // Leaves what is shown alone if it is of this exchange, and shows nothing of it otherwise.
     void ChooseExchange(StringView exchange) { FControl->SetExchange(exchange); }
-    // Of the exchange and of the series chosen.
+    const String& Series() const { return FControl->Series(); }
+    TUnderlyerChoice Choice() const;
+    // What there is: exchanges, of the exchange chosen its series, and of that its months.
+    TList<String> Exchanges();
     TList<String> SeriesCodes();
     TList<String> Months();
+
+    // Chooses the first series that has what is wanted, where none is chosen.
+    void ChooseSeries();
+    // Chooses the first month, where the mode wants one and none is chosen.
+    void ChooseMonth();
+    // Chooses an exchange that has something to show, if none is chosen.
+    void ChooseSomething();
+    // The series of a future or an option, in a mode that shows it. False for any other symbol.
+    bool ShowSymbol(StringView symbol);
+    // The symbols have changed: reads the rows again.
+    void Reload();
+
+    String Title() override;
 
 private:
     TUnderlyerControl* FControl; // the source's

@@ -1,0 +1,68 @@
+#include "terminal/desktop/TreePane.h"
+
+#include "terminal/desktop/TableSize.h"
+
+#include <QVBoxLayout>
+
+namespace quorin {
+
+namespace {
+
+constexpr int UsualRows = 14;
+constexpr Char SumMark = u'+';
+
+} // namespace
+
+TTreePane::TTreePane(TPaneKind kind, std::unique_ptr<TTreeForm> form, bool hasAll, QWidget* parent)
+    : TPane(kind, parent), FForm(std::move(form)), FBar(new TAccountBar(*FForm, hasAll, this)),
+      FTree(new TTreeSkin(*FForm, this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(FBar);
+    layout->addWidget(FTree);
+    connect(FBar, &TAccountBar::AccountChosen, this, [this] {
+        Show(FBar->Box().Code());
+        ShareAccount(FForm->ShownAccount());
+        Follow();
+    });
+}
+
+// What draws must be gone before the form that it shows.
+TTreePane::~TTreePane() {
+    delete FBar;
+    delete FTree;
+}
+
+void TTreePane::Follow() {
+    FBar->Follow(Shows());
+    FTree->Follow();
+    if (FLanguage.TakeChange()) FTree->setAccessibleName(Caption());
+}
+
+String TTreePane::Choice() {
+    String choice = FForm->ShownAccount();
+    if (FForm->WantsSums()) choice += SumMark;
+    return choice;
+}
+
+void TTreePane::SetChoice(StringView choice) {
+    const bool isSummed = !choice.empty() && choice.back() == SumMark;
+    if (isSummed) choice.remove_suffix(1);
+    if (choice.empty()) return;
+    Show(choice);
+    if (isSummed) {
+        FForm->ShowSums();
+    } else {
+        FForm->ShowPlain();
+    }
+}
+
+void TTreePane::TakeAccount(StringView account) {
+    if (!Shows().empty()) Show(account);
+}
+
+QSize TTreePane::sizeHint() const {
+    return QWidget::sizeHint().expandedTo(TableSize(*FTree, UsualRows));
+}
+
+} // namespace quorin
