@@ -1,0 +1,16 @@
+# Runs an example and fails unless it ends well and prints what is expected.
+cmake_minimum_required(VERSION 3.25)
+
+set(input)
+if(INPUT)
+    set(input INPUT_FILE "${INPUT}")
+endif()
+execute_process(
+    COMMAND "${PROGRAM}" ${ARGUMENTS} ${input}
+    OUTPUT_VARIABLE output
+    ERROR_VARIABLE errors
+    RESULT_VARIABLE status
+)
+if(NOT status EQUAL 0 OR NOT output MATCHES "${PRINTS}")
+    message(FATAL_ERROR "ended with ${status}, expected \"${PRINTS}\":\n${output}${errors}")
+endif()
