@@ -11,6 +11,7 @@
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/market/MarketDataControl.h"
 #include "viewdata/services/FieldNumbers.h"
+#include "viewdata/services/ResourceKeys.h"
 
 #include <iomanip>
 #include <iostream>
@@ -28,8 +29,11 @@ constexpr Integer Middle = 90002;   // between best bid and best ask
 constexpr Integer LotSize = FirstCustomColumn + Field::LotSize;
 constexpr StringView FieldTable = u"MarketCustomColumn";
 
-constexpr TColumnEntry Columns[] = {
-    {MarketAttribute::SymbolCode}, {MarketAttribute::LastPrice}, {Middle}, {Turnover}, {LotSize}};
+constexpr TColumnEntry Columns[] = {{MarketAttribute::SymbolCode, ResourceKey::Res_Symbol},
+                                    {MarketAttribute::LastPrice},
+                                    {Middle},
+                                    {Turnover},
+                                    {LotSize}};
 
 class TTurnoverControl : public TCustomMarketDataControl {
     QUORIN_CLASS(TTurnoverControl, TCustomMarketDataControl)
@@ -96,6 +100,7 @@ int main() {
     TTurnoverControl& control = *owned;
     TBoundGrid grid(std::move(owned), FieldTable);
     // Captions of columns that no language file knows are the program's.
+    grid.View().GetColumn(1)->SetCaption(u"Last");
     grid.View().GetColumn(2)->SetCaption(u"Middle");
     grid.View().GetColumn(3)->SetCaption(u"Turnover");
 

@@ -55,7 +55,7 @@ void Run(const std::filesystem::path& folder) {
     std::vector<Integer> all(static_cast<std::size_t>(control.GetCount()));
     std::iota(all.begin(), all.end(), 0);
     control.ViewRecordChanged(all);
-    for (int step = 0; step < 40; ++step) {
+    for (int step = 0; step < 400; ++step) {
         venue.Step();
         services.Deliver();
     }

@@ -42,9 +42,10 @@ class TQuoteForm : public TFrame {
         FSymbol.PressKey(Key::Return);
         FSymbol.Leave();
     }
+    // The price field takes over the symbol's tick table. The validated code is the symbol field's
+    // hint; its text may still be what is being typed.
+    void FollowSymbol() { TEditorManager::GetInstance()->SetPriceSymbol(&FPrice, FSymbol.Hint()); }
     void StepUpFrom(Double price) {
-        // The validated code is the field's hint; the text may still be what is being typed.
-        TEditorManager::GetInstance()->SetPriceSymbol(&FPrice, FSymbol.Hint());
         FPrice.SetEditValue(price);
         FPrice.Enter();
         FPrice.PressKey(Key::Up);
@@ -67,12 +68,13 @@ int main() {
     TSilentHost host;
     TEmbeddedServices services({.Host = host, .DataDirectory = data});
     LoadUniverse(data / "universe", services.Market());
-    services.Market().SetSpreadTablesAtOnce(true); // else a table comes with the next delivery
-    services.Deliver();
     {
         TQuoteForm left;
         TQuoteForm right;
         left.TypeSymbol(u"00005");
+        left.FollowSymbol();
+        right.FollowSymbol();
+        services.Deliver();      // brings what the fields have asked for, the tick table among it
         left.StepUpFrom(100.1);  // steps of 0.1 in this band
         right.StepUpFrom(99.95); // steps of 0.05 below 100
         left.Print("Left");

@@ -93,7 +93,7 @@ function(components)
     copy_project(tests/package/components components)
     set(build "${SCRATCH}/components/build")
     # Two components need nothing but the standard library: the others' is not even looked for.
-    set_configure("${SCRATCH}/components" "${build}" "-DWANTED=platform;viewdata")
+    set_configure("${SCRATCH}/components" "${build}" -DWANTED=platform,viewdata)
     run(output ${command})
     expect("${output}" "made: platform viewdata;")
     file(READ "${build}/CMakeCache.txt" cache)
