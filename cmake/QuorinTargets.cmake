@@ -36,7 +36,8 @@ function(quorin_library target)
 
     if(sources)
         add_library(${target} STATIC ${sources} ${headers})
-        target_link_libraries(${target} PRIVATE quorin_flags)
+        # Flags are of the build and not of the installed library.
+        target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quorin_flags>)
         set(scope PUBLIC)
     elseif(headers)
         add_library(${target} INTERFACE)
@@ -57,4 +58,20 @@ function(quorin_define_data_dir target)
     target_compile_definitions(
         ${target} PRIVATE "QUORIN_DATA_DIR=\"${PROJECT_SOURCE_DIR}/data\""
     )
+endfunction()
+
+# Where a program that is installed finds them, from its own folder.
+function(quorin_define_installed_data_dir target)
+    cmake_path(
+        RELATIVE_PATH CMAKE_INSTALL_FULL_DATADIR
+        BASE_DIRECTORY "${CMAKE_INSTALL_FULL_BINDIR}"
+        OUTPUT_VARIABLE fromProgram
+    )
+    target_compile_definitions(
+        ${target} PRIVATE "QUORIN_INSTALLED_DATA_DIR=\"${fromProgram}/quorin\""
+    )
+endfunction()
+
+function(quorin_define_version target)
+    target_compile_definitions(${target} PRIVATE "QUORIN_VERSION=\"${PROJECT_VERSION}\"")
 endfunction()

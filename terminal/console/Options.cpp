@@ -67,6 +67,7 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
 
     CLI::App app("Shows a market watch: of a simulated venue, or of a recording.",
                  "quorin-console");
+    app.set_version_flag("--version", "quorin-console " QUORIN_VERSION, "show the version");
     app.add_flag("--text", isText, "text screen; the only one here");
     auto* replayOption = app.add_option("--replay", replay, "play this recording, not the venue")
                              ->type_name("FILE.csv")
@@ -147,6 +148,9 @@ TCommandLine ParseCommandLine(int argc, const char* const* argv) {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
         result.Output = app.help();
+        return result;
+    } catch (const CLI::CallForVersion&) {
+        result.Output = app.version() + "\n";
         return result;
     } catch (const CLI::ParseError& error) {
         result.ExitStatus = ExitStatus::Unusable;

@@ -4,6 +4,7 @@
 #include "terminal/console/ExitStatus.h"
 #include "terminal/console/Screen.h"
 #include "terminal/console/ScriptSession.h"
+#include "terminal/forms/DataFolder.h"
 
 #include <chrono>
 #include <filesystem>
@@ -81,7 +82,7 @@ int Run(const TConsoleOptions& options) {
     std::vector<TScriptLine> script;
     if (!options.Script.empty()) script = ReadScriptFile(options.Script);
     const std::unique_ptr<TConsoleSession> session =
-        OpenSession(options, QUORIN_DATA_DIR, std::cerr);
+        OpenSession(options, DataFolder(QUORIN_INSTALLED_DATA_DIR, QUORIN_DATA_DIR), std::cerr);
     Integer wrongLines = 0;
     if (!options.Script.empty()) {
         wrongLines = PlayScript(*session, options, script);

@@ -67,6 +67,7 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
     CLI::App app("Opens a trading terminal on a simulated venue. With --text it is a console; see "
                  "--text --help.",
                  "quorin-terminal");
+    app.set_version_flag("--version", "quorin-terminal " QUORIN_VERSION, "show the version");
     app.add_option("--form", form, FormHelp())
         ->type_name("NAME")
         ->check(CLI::IsMember(FormNames()).description(""));
@@ -112,6 +113,9 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
         result.Output = app.help();
+        return result;
+    } catch (const CLI::CallForVersion&) {
+        result.Output = app.version() + "\n";
         return result;
     } catch (const CLI::ParseError& error) {
         result.ExitStatus = UnusableOptions;

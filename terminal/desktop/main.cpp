@@ -1,5 +1,6 @@
 #include "embedded/DataError.h"
 #include "terminal/desktop/MainWindow.h"
+#include "terminal/forms/DataFolder.h"
 
 #include <QApplication>
 #include <QPixmap>
@@ -66,7 +67,7 @@ int Run(QApplication& application, TDesktopOptions options) {
     if (!options.Theme.has_value()) options.Theme = workspace.Theme();
     ApplyTheme(application, options.Theme.value_or(TTheme::Light));
     TLoadWindow load;
-    TDesktopSession session(options, QUORIN_DATA_DIR,
+    TDesktopSession session(options, DataFolder(QUORIN_INSTALLED_DATA_DIR, QUORIN_DATA_DIR),
                             options.Screenshot.empty() ? load.Progress() : TLoadProgress());
     load.Close();
     TMainWindow window(session, options, workspace);
