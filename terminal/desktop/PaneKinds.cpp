@@ -7,6 +7,7 @@
 #include "terminal/desktop/MessagesPane.h"
 #include "terminal/desktop/OrdersPane.h"
 #include "terminal/desktop/PositionPane.h"
+#include "terminal/desktop/PositionViewPane.h"
 #include "terminal/desktop/SettingsPane.h"
 #include "terminal/desktop/TicketPane.h"
 #include "terminal/desktop/TradesPane.h"
@@ -26,6 +27,7 @@ constexpr TPaneKindInfo Kinds[] = {
     {TPaneKind::Watch, "watch", TerminalKey::Res_MarketWatch},
     {TPaneKind::Underlyer, "underlyer", TerminalKey::Res_UnderlyerList},
     {TPaneKind::Positions, "positions", TerminalKey::Res_Positions},
+    {TPaneKind::PositionView, "positionview", TerminalKey::Res_PositionView},
     {TPaneKind::AccountTree, "accounttree", TerminalKey::Res_AccountTree},
     {TPaneKind::CashTree, "cash", TerminalKey::Res_CashTree},
     {TPaneKind::Ticket, "ticket", TerminalKey::Res_Ticket},
@@ -60,6 +62,7 @@ TPane* MakePane(TPaneKind kind, TDesktopSession& session, QWidget* parent) {
     case TPaneKind::Watch: return new TWatchPane(session.Exchange(), orders, parent);
     case TPaneKind::Underlyer: return new TUnderlyerPane(orders, parent);
     case TPaneKind::Positions: return new TPositionPane(orders, parent);
+    case TPaneKind::PositionView: return new TPositionViewPane(FirstAccount, orders, parent);
     case TPaneKind::Orders: return new TOrdersPane(session.Services().Desk(), orders, parent);
     case TPaneKind::AccountTree: return new TAccountTreePane(FirstAccount, parent);
     case TPaneKind::CashTree: return new TCashTreePane({}, parent);
@@ -78,8 +81,8 @@ TPane* MakePane(TPaneKind kind, TDesktopSession& session, QWidget* parent) {
         pane->Form().SetLayoutAccount(FirstAccount);
         return pane;
     }
-    default: return nullptr;
     }
+    return nullptr;
 }
 
 } // namespace quorin

@@ -9,7 +9,6 @@ namespace quorin {
 namespace {
 
 constexpr int UsualRows = 14;
-constexpr Char SumMark = u'+';
 
 } // namespace
 
@@ -39,22 +38,11 @@ void TTreePane::Follow() {
     if (FLanguage.TakeChange()) FTree->setAccessibleName(Caption());
 }
 
-String TTreePane::Choice() {
-    String choice = FForm->ShownAccount();
-    if (FForm->WantsSums()) choice += SumMark;
-    return choice;
-}
-
 void TTreePane::SetChoice(StringView choice) {
-    const bool isSummed = !choice.empty() && choice.back() == SumMark;
-    if (isSummed) choice.remove_suffix(1);
     if (choice.empty()) return;
-    Show(choice);
-    if (isSummed) {
-        FForm->ShowSums();
-    } else {
-        FForm->ShowPlain();
-    }
+    const Char last = choice.back();
+    Show(last == u'+' ? choice.substr(0, choice.size() - 1) : choice); // no longer that of all
+    FForm->TakeAccountChoice(choice);
 }
 
 void TTreePane::TakeAccount(StringView account) {

@@ -26,7 +26,7 @@ public:
     QAbstractItemView* ItemView() override { return FTree; }
     QSize sizeHint() const override;
     // The account, with a "+" behind it where sums are shown.
-    String Choice() override;
+    String Choice() override { return FForm->AccountChoice(); }
     void SetChoice(StringView choice) override;
     void TakeAccount(StringView account) override;
 

@@ -6,6 +6,10 @@
 
 namespace quorin {
 
+namespace {
+constexpr Char SumMark = u'+';
+}
+
 TAccountView::TAccountView() {
     TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
         MakeEvent<&TAccountView::AccountsReady>(this), &FOwner);
@@ -40,6 +44,24 @@ void TAccountView::AccountsReady(Pointer, Pointer) {
     SetAccount({});
     SetAccount(FAccount);
     SumIfWanted();
+}
+
+String TAccountView::AccountChoice() const {
+    String choice = FAccount;
+    if (FWantsSums) choice += SumMark;
+    return choice;
+}
+
+void TAccountView::TakeAccountChoice(StringView choice) {
+    const bool isSummed = !choice.empty() && choice.back() == SumMark;
+    if (isSummed) choice.remove_suffix(1);
+    if (choice.empty()) return;
+    ShowAccount(choice);
+    if (isSummed) {
+        ShowSums();
+    } else {
+        ShowPlain();
+    }
 }
 
 String AccountTitle(StringView account, Boolean isAggregated) {

@@ -23,6 +23,10 @@ public:
     // Whether it sums, or would for a master.
     bool WantsSums() const { return FWantsSums; }
     const String& ShownAccount() const { return FAccount; }
+    // The account, with a "+" behind it where sums are wanted; and back. An empty text changes
+    // nothing.
+    String AccountChoice() const;
+    void TakeAccountChoice(StringView choice);
     virtual void SetAggregate() = 0;
     virtual Boolean Aggregated() const = 0;
 

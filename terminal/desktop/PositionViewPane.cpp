@@ -1,0 +1,60 @@
+#include "terminal/desktop/PositionViewPane.h"
+
+#include "terminal/desktop/QtText.h"
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace quorin {
+
+namespace {
+constexpr int SummaryMargin = 6;
+}
+
+TPositionViewPane::TPositionViewPane(StringView account, TOrderDialog& dialog, QWidget* parent)
+    : TActionPane(TPaneKind::PositionView, parent) {
+    auto form = std::make_unique<TPositionViewForm>();
+    FForm = form.get();
+    QVBoxLayout& layout = Bind(std::move(form), dialog, PositionViewActions(FForm->Control()));
+    FAccounts = new TAccountBar(*FForm, /*hasAll=*/false, this);
+    FSummary = new QLabel(this);
+    FSummary->setMargin(SummaryMargin);
+    FSummary->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout.insertWidget(0, FAccounts);
+    layout.addWidget(FSummary);
+    connect(FAccounts, &TAccountBar::AccountChosen, this, [this] {
+        FForm->ShowAccount(FAccounts->Box().Code());
+        ShareAccount(FForm->ShownAccount());
+        Follow();
+    });
+    FForm->ShowAccount(account);
+}
+
+// What draws must be gone before the form that it shows.
+TPositionViewPane::~TPositionViewPane() {
+    delete FAccounts;
+}
+
+void TPositionViewPane::Follow() {
+    FAccounts->Follow(FForm->ShownAccount());
+    TActionPane::Follow();
+    QStringList lines;
+    for (const String& line : FForm->Summary()) lines << ToQt(line);
+    const QString summary = lines.join(u'\n');
+    if (FSummary->text() == summary) return;
+    FSummary->setText(summary);
+    FSummary->setAccessibleName(summary);
+}
+
+QString TPositionViewPane::Caption() {
+    return ToQt(InterfaceText(TerminalKey::Res_PositionView)) + u' ' + ToQt(FForm->Title());
+}
+
+void TPositionViewPane::JoinGroup(StringView groupID) {
+    FForm->Control().SetGroupID(groupID);
+    TPane::JoinGroup(groupID);
+}
+
+} // namespace quorin
