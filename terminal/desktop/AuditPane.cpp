@@ -39,7 +39,6 @@ TAuditPane::TAuditPane(const TOrderDesk& desk, QWidget* parent)
     layout->addLayout(line);
     FSave->setAutoDefault(false);
     FResult->setTextFormat(Qt::PlainText);
-    FResult->setTextInteractionFlags(Qt::TextSelectableByMouse);
     connect(FSave, &QPushButton::clicked, this, &TAuditPane::AskAndSave);
     Follow();
 }

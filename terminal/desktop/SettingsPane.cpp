@@ -45,31 +45,29 @@ String NumberText(int value) {
 } // namespace
 
 TSettingsPane::TSettingsPane(TEmbeddedConfigManager& config, QWidget* parent)
-    : TPane(TPaneKind::Settings, parent), FConfig(config), FResetAll(new QPushButton(this)) {
+    : TPane(TPaneKind::Settings, parent), FConfig(config), FArea(new QScrollArea(this)),
+      FResetAll(new QPushButton(this)) {
     auto* content = new QWidget;
     auto* groups = new QVBoxLayout(content);
     groups->setContentsMargins(Margin, Margin, Margin, Margin);
     for (const TSettingGroup group : SettingGroups) groups->addWidget(MakeGroup(group));
     groups->addStretch();
-    auto* area = new QScrollArea(this);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(content);
+    FArea->setWidgetResizable(true);
+    FArea->setFrameShape(QFrame::NoFrame);
+    FArea->setFocusPolicy(Qt::NoFocus);
+    FArea->setWidget(content);
     auto* line = new QHBoxLayout;
     line->setContentsMargins(Margin, 0, Margin, Margin);
     line->addStretch();
     line->addWidget(FResetAll);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(area);
+    layout->addWidget(FArea);
     layout->addLayout(line);
     FResetAll->setAutoDefault(false);
     connect(FResetAll, &QPushButton::clicked, this, [this] { ResetSettings(FConfig); });
     FConfig.RegisterConfigCallback(MakeEvent<&TSettingsPane::ConfigChanged>(this), &FOwner);
     Follow();
-    area->setMinimumWidth(content->minimumSizeHint().width() +
-                          area->verticalScrollBar()->sizeHint().width());
 }
 
 TSettingsPane::~TSettingsPane() {
@@ -186,6 +184,9 @@ void TSettingsPane::ShowTexts() {
     for (const TRow& row : FRows) ShowTexts(row);
     FResetAll->setText(ToQt(InterfaceText(TerminalKey::Res_DefaultAll)));
     FResetAll->setAccessibleName(FResetAll->text());
+    // The texts decide how wide it is.
+    FArea->setMinimumWidth(FArea->widget()->minimumSizeHint().width() +
+                           FArea->verticalScrollBar()->sizeHint().width());
 }
 
 void TSettingsPane::ShowTexts(const TRow& row) {

@@ -10,6 +10,7 @@
 class QGroupBox;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QToolButton;
 
 namespace quorin {
@@ -58,6 +59,7 @@ private:
     TObject FOwner; // of the registration
     std::vector<TRow> FRows;
     std::vector<QGroupBox*> FGroups; // as SettingGroups
+    QScrollArea* FArea;
     QPushButton* FResetAll;
     TShownLanguage FLanguage;
     bool FIsStale = true; // settings have changed since they were shown
