@@ -6,10 +6,7 @@
 
 namespace quorin {
 
-TAccountView::TAccountView() {
-    TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
-        MakeEvent<&TAccountView::AccountsReady>(this), &FOwner);
-}
+TAccountView::TAccountView() = default;
 
 TAccountView::~TAccountView() {
     TCustomAccountAdapter::GetInstance()->RemoveAccountReadyCallback(&FOwner);
@@ -17,13 +14,21 @@ TAccountView::~TAccountView() {
 
 void TAccountView::ShowAccount(StringView account) {
     FAccount = account;
+    Follow();
     SetAccount(FAccount);
     SumIfWanted();
 }
 
 void TAccountView::ShowSums() {
     FWantsSums = true;
+    Follow();
     SumIfWanted();
+}
+
+// Not before there is something to follow: the form may not be complete earlier.
+void TAccountView::Follow() {
+    TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
+        MakeEvent<&TAccountView::AccountsReady>(this), &FOwner);
 }
 
 void TAccountView::SumIfWanted() {
