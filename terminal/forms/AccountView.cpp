@@ -10,10 +10,7 @@ namespace {
 constexpr Char SumMark = u'+';
 }
 
-TAccountView::TAccountView() {
-    TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
-        MakeEvent<&TAccountView::AccountsReady>(this), &FOwner);
-}
+TAccountView::TAccountView() = default;
 
 TAccountView::~TAccountView() {
     TCustomAccountAdapter::GetInstance()->RemoveAccountReadyCallback(&FOwner);
@@ -21,18 +18,26 @@ TAccountView::~TAccountView() {
 
 void TAccountView::ShowAccount(StringView account) {
     FAccount = account;
+    Follow();
     SetAccount(FAccount);
     SumIfWanted();
 }
 
 void TAccountView::ShowSums() {
     FWantsSums = true;
+    Follow();
     SumIfWanted();
 }
 
 void TAccountView::ShowPlain() {
     FWantsSums = false;
     if (Aggregated()) SetAggregate();
+}
+
+// Not before there is something to follow: the form may not be complete earlier.
+void TAccountView::Follow() {
+    TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
+        MakeEvent<&TAccountView::AccountsReady>(this), &FOwner);
 }
 
 void TAccountView::SumIfWanted() {

@@ -34,6 +34,7 @@ protected:
     virtual void SetAccount(StringView account) = 0;
 
 private:
+    void Follow();
     void AccountsReady(Pointer Sender, Pointer Data);
     void SumIfWanted();
 

@@ -5,7 +5,10 @@
 
 namespace quorin {
 
-TMarketListForm::TMarketListForm() {
+TMarketListForm::TMarketListForm() = default;
+
+// Only now is there a list that a call could reach.
+void TMarketListForm::FollowAccounts() {
     TCustomAccountAdapter::GetInstance()->AddAccountReadyCallback(
         MakeEvent<&TMarketListForm::AccountsReady>(this), this);
 }

@@ -41,10 +41,12 @@ protected:
         Bind(std::move(control), MarketCustomColumns);
         FList->SetShowPosition(true);
         ShowPositionColumns(false);
+        FollowAccounts();
         return bound;
     }
 
 private:
+    void FollowAccounts();
     void AccountsReady(Pointer Sender, Pointer Data);
     void ShowPositionColumns(bool shown);
 

@@ -20,6 +20,10 @@ Integer TFaultPlan::HappenedInAll() const {
     return std::accumulate(FHappened.begin(), FHappened.end(), Integer{0});
 }
 
+void TFaultPlan::Sweep() {
+    for (TFaultyCallbacks* callbacks : FAll) callbacks->Sweep();
+}
+
 void TFaultPlan::InRegistration(TFaultyCallbacks& own) {
     if (!FCallsInside || !FOn || IsInFault() || !OneIn(RegistrationRate)) return;
     Run([&] {

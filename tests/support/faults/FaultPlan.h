@@ -62,9 +62,14 @@ public:
         --FaultDepth;
     }
 
-    // What a look-up may lead to: registrations of all services but those of `callbacks` whose
-    // extra call would change the end.
-    void Join(TFaultyCallbacks& callbacks) { FCallbacks.Add(&callbacks); }
+    // What a look-up may lead to are the registrations of all services but local ones, whose extra
+    // call would change the end.
+    void Join(TFaultyCallbacks& callbacks, bool isLocal) {
+        FAll.Add(&callbacks);
+        if (!isLocal) FCallbacks.Add(&callbacks);
+    }
+    // Gives back the memory of registrations that have ended. Never inside a call.
+    void Sweep();
 
     // The points at which services misbehave.
     void InRegistration(TFaultyCallbacks& own);
@@ -81,7 +86,8 @@ private:
 
     TEmbeddedServices& FServices;
     std::mt19937 FRandom;
-    TList<TFaultyCallbacks*> FCallbacks;
+    TList<TFaultyCallbacks*> FAll;
+    TList<TFaultyCallbacks*> FCallbacks; // but for local ones
     std::array<Integer, FaultCount> FHappened{};
     bool FOn = true;
     bool FCallsInside = true;

@@ -51,10 +51,14 @@ bool TFaultyCallbacks::HasAny() const {
 }
 
 void TFaultyCallbacks::TellAll() {
-    const std::size_t count = FEntries.size(); // those that come meanwhile wait
-    for (std::size_t index = 0; index < count; ++index) {
-        if (FEntries[index].FIsAlive) FTell(FEntries[index]);
+    std::size_t left = FEntries.size(); // those that come meanwhile wait
+    for (auto entry = FEntries.begin(); left > 0; ++entry, --left) {
+        if (entry->FIsAlive) FTell(*entry);
     }
+}
+
+void TFaultyCallbacks::Sweep() {
+    FEntries.remove_if([](const TFaultyEntry& entry) { return !entry.FIsAlive; });
 }
 
 } // namespace quorin

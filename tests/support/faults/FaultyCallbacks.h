@@ -1,22 +1,30 @@
 #pragma once
 
+#include "platform/rtl/TDictionary.h"
 #include "platform/rtl/TEvent.h"
-#include "platform/rtl/TList.h"
 #include "tests/support/faults/FaultPlan.h"
 
-#include <deque>
 #include <functional>
+#include <list>
 
 namespace quorin {
 
 // One registration as the faulty service sees it. The embedded service calls Called in its place.
 class TFaultyEntry {
 public:
+    // What the owner of a position list has been told of, in order; empty for any other.
+    struct TTold {
+        TDictionary<String, bool> Open;
+        String Last; // the latest that came after the registration; empty for none
+    };
+
     TFaultyEntry(TFaultyCallbacks& list, TObject* owner, StringView key,
                  const TDataCallbackEvent& event)
         : FList(list), FOwner(owner), FKey(key), FEvent(event) {}
 
     const String& Key() const { return FKey; }
+    TTold& Told() { return FTold; }
+    const TTold& Told() const { return FTold; }
     // Tells the owner, if it is still registered.
     void Tell(Pointer sender) {
         if (!FIsAlive) return;
@@ -34,11 +42,12 @@ private:
     TObject* const FOwner;
     const String FKey;
     const TDataCallbackEvent FEvent;
+    TTold FTold;
     bool FIsAlive = true;
 };
 
 // The registrations of one operation of a faulty service, beside those of the embedded one. Entries
-// stay until the end, so that one may be removed while it is called.
+// stay until Sweep, so that one may be removed while it is called.
 class TFaultyCallbacks {
 public:
     // Tells one owner something true that it did not ask for, or nothing.
@@ -49,7 +58,7 @@ public:
     // `tell` is used at any time, or only inside a registration where `isLocal`.
     TFaultyCallbacks(TFaultPlan& plan, TTell tell, bool isLocal = false)
         : FPlan(plan), FTell(std::move(tell)) {
-        if (!isLocal) plan.Join(*this);
+        plan.Join(*this, isLocal);
     }
     TFaultyCallbacks(const TFaultyCallbacks&) = delete;
     TFaultyCallbacks& operator=(const TFaultyCallbacks&) = delete;
@@ -77,6 +86,8 @@ public:
     bool Has(const TFaultyEntry& other) const;
     // Tells all owners that are registered now.
     void TellAll();
+    // Lets go of entries that have ended.
+    void Sweep();
 
 private:
     friend class TFaultyEntry;
@@ -85,7 +96,7 @@ private:
     TFaultPlan& FPlan;
     TTell FTell;
     TAfter FAfter;
-    std::deque<TFaultyEntry> FEntries;
+    std::list<TFaultyEntry> FEntries;
 };
 
 // For events that name nothing: `Sender` is nil.

@@ -35,10 +35,8 @@ void TFaultyMarketAdapter::RemoveExchangeListener(TObject* Owner) {
 
 // The new owner alone hears inside: others would reload for nothing.
 void TFaultyMarketAdapter::AddFavoriteListener(const TDataCallbackEvent& Event, TObject* Owner) {
-    TFaultyEntry& entry =
-        FFavorites.Register(Owner, {}, Event, [&](const auto& event) {
-            FInner.AddFavoriteListener(event, Owner);
-        });
+    TFaultyEntry& entry = FFavorites.Register(
+        Owner, {}, Event, [&](const auto& event) { FInner.AddFavoriteListener(event, Owner); });
     FPlan.Run([&] {
         FPlan.Count(TFault::CallInRegistration);
         entry.Tell(nullptr);
@@ -164,22 +162,21 @@ TFaultySubscribeAdapter::TFaultySubscribeAdapter(TFaultPlan& plan, TEmbeddedSubs
 TFaultySubscribeAdapter::TFollowing&
 TFaultySubscribeAdapter::FollowingOf(TObject* owner, const TDataCallbackEvent& event) {
     for (TFollowing& following : FFollowings) {
-        const bool isIt = following.Owner == owner && following.Event == event;
-        if (isIt && following.Entry != nullptr) return following;
+        if (following.Owner == owner && following.Event == event) return following;
     }
-    const String serial = IntegerToText(static_cast<Integer>(FFollowings.size()));
+    const String serial = IntegerToText(FFollowingCount++);
     return FFollowings.emplace_back(
         TFollowing{owner, event, &FBatches.Obtain(owner, serial, event), {}});
 }
 
 void TFaultySubscribeAdapter::Leave(TCustomSubItem& item, TObject* owner,
                                     const TFollowing* butFor) {
-    for (TFollowing& following : FFollowings) {
-        if (following.Owner != owner || &following == butFor) continue;
-        if (!following.Items.Remove(item.GetKey()) || !following.Items.IsEmpty()) continue;
+    FFollowings.remove_if([&](TFollowing& following) {
+        if (following.Owner != owner || &following == butFor) return false;
+        if (!following.Items.Remove(item.GetKey()) || !following.Items.IsEmpty()) return false;
         FBatches.End(*following.Entry);
-        following.Entry = nullptr;
-    }
+        return true;
+    });
 }
 
 bool TFaultySubscribeAdapter::Follows(const TObject* owner, StringView key) const {

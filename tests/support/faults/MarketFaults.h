@@ -4,7 +4,7 @@
 #include "embedded/SubscribeService.h"
 #include "tests/support/faults/FaultyCallbacks.h"
 
-#include <deque>
+#include <list>
 
 namespace quorin {
 
@@ -74,7 +74,7 @@ private:
     struct TFollowing { // of one owner with one event
         TObject* Owner;
         TDataCallbackEvent Event;
-        TFaultyEntry* Entry; // nil once the last item is gone
+        TFaultyEntry* Entry;
         TSubItemDictionary Items;
     };
 
@@ -86,7 +86,8 @@ private:
 
     TFaultPlan& FPlan;
     TEmbeddedSubscribeAdapter& FInner;
-    std::deque<TFollowing> FFollowings;
+    std::list<TFollowing> FFollowings; // with one item at least
+    Integer FFollowingCount = 0;       // so far
     TFaultyCallbacks FBatches;
 };
 

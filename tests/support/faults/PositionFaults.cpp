@@ -31,7 +31,7 @@ void TFaultyPositionAdapter::ChangePositionAccount(StringView Account,
     TFaultyEntry& entry = FChanges.Register(Owner, Account, Callback, [&](const auto& event) {
         FInner.ChangePositionAccount(Account, event, Owner, PreviousAccount);
     });
-    TTold& told = FTold[&entry];
+    TFaultyEntry::TTold& told = entry.Told();
     TPositionDictionary held;
     FInner.GetPositionList(entry.Key(), held);
     for (const auto& [symbol, record] : held) {
@@ -138,7 +138,7 @@ void TFaultyPositionAdapter::TellChange(TFaultyEntry& entry) {
 TPositionDictionary TFaultyPositionAdapter::KnownPositions(const TFaultyEntry& entry) {
     TPositionDictionary positions;
     FInner.GetPositionList(entry.Key(), positions);
-    const TTold& told = FTold[&entry];
+    const TFaultyEntry::TTold& told = entry.Told();
     TPositionDictionary known;
     for (const auto& [symbol, record] : positions) {
         if (IsOpen(*record) == told.Open.ContainsKey(symbol)) known.Add(symbol, record);
@@ -177,7 +177,7 @@ void TFaultyPositionAdapter::Take(TFaultyEntry& entry, Pointer sender) {
     TPositionDictionary* const* changes =
         static_cast<const TAccountPositionDictionary*>(sender)->Find(entry.Key());
     if (changes == nullptr) return;
-    TTold& told = FTold[&entry];
+    TFaultyEntry::TTold& told = entry.Told();
     for (const auto& [symbol, record] : **changes) {
         if (IsOpen(*record)) {
             if (told.Open.Add(symbol, true)) told.Last = symbol;
@@ -201,7 +201,7 @@ bool TFaultyPositionAdapter::MayMoveRows(const TFaultyEntry& entry) const {
 
 bool TFaultyPositionAdapter::DropAndReAdd(TFaultyEntry& entry) {
     if (MayMoveRows(entry)) return false;
-    const TTold& told = FTold[&entry];
+    const TFaultyEntry::TTold& told = entry.Told();
     String symbol = told.Last;
     if (symbol.empty() && told.Open.Count() == 1) symbol = told.Open.Keys()[0];
     auto* record = ObjectAs<TEmbeddedPositionData>(FInner.GetPosition(entry.Key(), symbol));

@@ -4,8 +4,6 @@
 #include "tests/support/faults/FaultyCallbacks.h"
 #include "viewdata/services/AccountAdapter.h"
 
-#include <map>
-
 namespace quorin {
 
 // Positions, misbehaving: an account's positions are told of again, or those of other accounts with
@@ -29,11 +27,6 @@ public:
 
 private:
     using THeld = TDictionary<String, TPositionDictionary>; // by account
-    // What one owner has been told of, in order.
-    struct TTold {
-        TDictionary<String, bool> Open;
-        String Last; // the latest that came after the registration; empty for none
-    };
 
     void AfterChange(TFaultyEntry& entry, Pointer sender);
     void TellChange(TFaultyEntry& entry);
@@ -51,7 +44,6 @@ private:
     TFaultPlan& FPlan;
     TEmbeddedPositionAdapter& FInner;
     TCustomAccountAdapter& FAccounts;
-    std::map<const TFaultyEntry*, TTold> FTold;
     TFaultyCallbacks FChanges;
     TFaultyCallbacks FMoves;
     TFaultyCallbacks FAggregates; // by master
