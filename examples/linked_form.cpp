@@ -3,6 +3,7 @@
 #include "embedded/EmbeddedServices.h"
 #include "embedded/SilentHost.h"
 #include "embedded/UniverseFile.h"
+#include "embedded/venue/Venue.h"
 #include "platform/rtl/Utf.h"
 #include "platform/widgets/PopupEdit.h"
 #include "platform/widgets/SpinEdit.h"
@@ -68,13 +69,15 @@ int main() {
     TSilentHost host;
     TEmbeddedServices services({.Host = host, .DataDirectory = data});
     LoadUniverse(data / "universe", services.Market());
+    TVenue venue(services.Items(), services.Market(), {}); // quotes what is asked for
     {
         TQuoteForm left;
         TQuoteForm right;
         left.TypeSymbol(u"00005");
         left.FollowSymbol();
         right.FollowSymbol();
-        services.Deliver();      // brings what the fields have asked for, the tick table among it
+        services.Deliver(); // brings what is known of the symbol, the code of its tick table too
+        services.Deliver(); // and this the table, which the price fields asked for then
         left.StepUpFrom(100.1);  // steps of 0.1 in this band
         right.StepUpFrom(99.95); // steps of 0.05 below 100
         left.Print("Left");
