@@ -175,6 +175,27 @@ inline constexpr StringView Res_FormFloat = u"Res_FormFloat";
 inline constexpr StringView Res_StatusFeed = u"Res_StatusFeed";
 inline constexpr StringView Res_StatusPaint = u"Res_StatusPaint";
 inline constexpr StringView Res_StatusAge = u"Res_StatusAge";
+// Columns and rows of a list or a tree.
+inline constexpr StringView Res_ChooseColumns = u"Res_ChooseColumns";
+inline constexpr StringView Res_FilterColumn = u"Res_FilterColumn";
+inline constexpr StringView Res_FilterClear = u"Res_FilterClear";
+inline constexpr StringView Res_SortAscending = u"Res_SortAscending";
+inline constexpr StringView Res_SortDescending = u"Res_SortDescending";
+inline constexpr StringView Res_SortNone = u"Res_SortNone";
+inline constexpr StringView Res_HideColumn = u"Res_HideColumn";
+inline constexpr StringView Res_FitWidth = u"Res_FitWidth";
+inline constexpr StringView Res_LayoutUndo = u"Res_LayoutUndo";
+inline constexpr StringView Res_ExportCsv = u"Res_ExportCsv";
+inline constexpr StringView Res_ExportXls = u"Res_ExportXls";
+inline constexpr StringView Res_ExportXlsx = u"Res_ExportXlsx";
+inline constexpr StringView Res_CopyRow = u"Res_CopyRow";
+inline constexpr StringView Res_CopyWithCaptions = u"Res_CopyWithCaptions";
+inline constexpr StringView Res_FindText = u"Res_FindText";
+inline constexpr StringView Res_FindNext = u"Res_FindNext";
+inline constexpr StringView Res_FindPrevious = u"Res_FindPrevious";
+inline constexpr StringView Res_ColumnMenu = u"Res_ColumnMenu";
+inline constexpr StringView Res_FavouriteToggle = u"Res_FavouriteToggle";
+inline constexpr StringView Res_CancelButton = u"Res_CancelButton";
 // Files.
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey

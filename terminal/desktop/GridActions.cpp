@@ -1,0 +1,272 @@
+#include "terminal/desktop/GridActions.h"
+
+#include "platform/widgets/ExportLinks.h"
+#include "terminal/desktop/QtText.h"
+#include "terminal/forms/MarketWatchForm.h"
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/editors/EditorManager.h"
+#include "viewdata/frame/ServiceTexts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTableView>
+#include <QTreeView>
+
+#include <algorithm>
+
+namespace quorin {
+
+namespace {
+
+constexpr int NoteDelay = 300; // milliseconds
+constexpr StringView ExportName = u"export";
+
+TcxGridTableView* GridOf(TShownForm& form) {
+    TcxGrid* place = form.FormView().Grid;
+    return place == nullptr ? nullptr : place->ActiveView();
+}
+
+template <class OnGrid, class OnTree>
+void Save(QWidget& window, TShownForm& form, OnGrid onGrid, OnTree onTree) {
+    const QPointer<QWidget> parent = &window;
+    TEditorManager& editors = *TEditorManager::GetInstance();
+    const TFormView view = form.FormView();
+    try {
+        if (view.Grid != nullptr) {
+            (editors.*onGrid)(*view.Grid, ExportName, {});
+        } else {
+            (editors.*onTree)(*view.Tree, ExportName, {});
+        }
+    } catch (const EExportError& error) {
+        QMessageBox::warning(parent, QStringLiteral("quorin"), QString::fromUtf8(error.what()));
+    }
+}
+
+} // namespace
+
+TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
+    : QObject(&view), FView(view), FForm(form), FKeeper(form.FormView()),
+      FFindBar(new TFindBar(view, form, view.parentWidget())) {
+    using namespace TerminalKey;
+    Add(Res_SortAscending, QStringLiteral("Ctrl+Shift+A"), &TGridActions::SortAscending);
+    Add(Res_SortDescending, QStringLiteral("Ctrl+Shift+D"), &TGridActions::SortDescending);
+    Add(Res_SortNone, QStringLiteral("Ctrl+Shift+N"), &TGridActions::SortNone);
+    Add(Res_HideColumn, QStringLiteral("Ctrl+Shift+H"), &TGridActions::Hide);
+    Add(Res_ChooseColumns, QStringLiteral("Ctrl+Shift+K"), &TGridActions::Choose);
+    Add(Res_FitWidth, QStringLiteral("Ctrl+Shift+W"), &TGridActions::Fit);
+    if (GridOf(form) != nullptr) {
+        Add(Res_FilterColumn, QStringLiteral("Ctrl+Shift+F"), &TGridActions::Filter);
+        Add(Res_FilterClear, QStringLiteral("Ctrl+Shift+X"), &TGridActions::ClearFilter);
+    }
+    Add(Res_LayoutUndo, QKeySequence::Undo, &TGridActions::Undo);
+    Add(Res_FindText, QKeySequence::Find, &TGridActions::Find);
+    Add(Res_FindNext, QStringLiteral("Ctrl+G"), &TGridActions::FindNext);
+    Add(Res_FindPrevious, QStringLiteral("Ctrl+Shift+G"), &TGridActions::FindPrevious);
+    Add(Res_CopyRow, QKeySequence::Copy, &TGridActions::Copy);
+    Add(Res_CopyWithCaptions, QStringLiteral("Ctrl+Shift+C"), &TGridActions::CopyWithCaptions);
+    Add(Res_ExportCsv, QStringLiteral("Ctrl+E"), &TGridActions::SaveCsv);
+    Add(Res_ExportXls, QStringLiteral("Ctrl+Alt+E"), &TGridActions::SaveXls);
+    Add(Res_ExportXlsx, QStringLiteral("Ctrl+Shift+E"), &TGridActions::SaveXlsx);
+    if (dynamic_cast<TMarketWatchForm*>(&form) != nullptr) {
+        Add(Res_FavouriteToggle, QStringLiteral("Ctrl+D"), &TGridActions::ToggleFavourite);
+    }
+    Add(Res_ColumnMenu, QStringLiteral("Ctrl+Shift+M"), &TGridActions::OpenMenu);
+    Follow();
+
+    if (view.parentWidget() != nullptr) {
+        auto* stack = qobject_cast<QBoxLayout*>(view.parentWidget()->layout());
+        const int place = stack == nullptr ? -1 : stack->indexOf(&view);
+        if (place >= 0) stack->insertWidget(place, FFindBar);
+    }
+    FNoteTimer.setSingleShot(true);
+    FNoteTimer.setInterval(NoteDelay);
+    connect(&FNoteTimer, &QTimer::timeout, &FKeeper, &TLayoutKeeper::Note);
+    QHeaderView& header = Header();
+    header.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&header, &QWidget::customContextMenuRequested, this, &TGridActions::ShowMenu);
+    const auto noteSoon = [this] { FNoteTimer.start(); };
+    connect(&header, &QHeaderView::sectionResized, this, noteSoon);
+    connect(&header, &QHeaderView::sortIndicatorChanged, this, noteSoon);
+}
+
+void TGridActions::Add(StringView key, const QKeySequence& keys, void (TGridActions::*act)()) {
+    auto* action = new QAction(this);
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, act);
+    FActions.push_back(action);
+    FKeys.push_back(key);
+    FView.addAction(action);
+}
+
+void TGridActions::Follow() {
+    const TAppLanguage language = TCustomLanguageManager::GetInstance()->GetCurrentLanguage();
+    if (FShownLanguage == language) return;
+    FShownLanguage = language;
+    for (qsizetype index = 0; index < FActions.size(); ++index) {
+        FActions[index]->setText(ToQt(InterfaceText(FKeys[static_cast<std::size_t>(index)])));
+    }
+}
+
+QHeaderView& TGridActions::Header() const {
+    auto* table = qobject_cast<QTableView*>(&FView);
+    return table != nullptr ? *table->horizontalHeader() : *static_cast<QTreeView&>(FView).header();
+}
+
+int TGridActions::Section() const {
+    if (FMenuSection >= 0) return FMenuSection;
+    const int section = FView.currentIndex().column();
+    return section >= 0 || FView.model()->columnCount() == 0 ? section : 0;
+}
+
+TcxViewColumn* TGridActions::Column() {
+    const int section = Section();
+    for (Integer index = 0; section >= 0 && index < FForm.ColumnCount(); ++index) {
+        if (FForm.Column(index).VisibleIndex() == section) return &FForm.Column(index);
+    }
+    return nullptr;
+}
+
+void TGridActions::ShowMenu(const QPoint& place) {
+    QMenu menu;
+    menu.addActions(FActions);
+    const QPointer<TGridActions> guard = this;
+    FMenuSection = Header().logicalIndexAt(place);
+    menu.exec(Header().mapToGlobal(place)); // the action is over when it returns
+    if (guard) FMenuSection = -1;
+}
+
+void TGridActions::OpenMenu() {
+    const int section = std::max(Section(), 0);
+    ShowMenu({Header().sectionViewportPosition(section) + 1, Header().height() / 2});
+}
+
+void TGridActions::Sort(TdxSortOrder order) {
+    TcxViewColumn* column = Column();
+    if (column == nullptr) return;
+    const TFormView view = FForm.FormView();
+    if (view.Grid != nullptr) {
+        view.Grid->ActiveView()->ClearSorting();
+    } else {
+        view.Tree->ClearSorting();
+    }
+    column->SetSortOrder(order);
+    FKeeper.Note();
+}
+
+void TGridActions::Hide() {
+    TcxViewColumn* column = Column();
+    if (column == nullptr) return;
+    const std::vector<Integer> reserved = FForm.FormView().ReservedColumns;
+    if (std::find(reserved.begin(), reserved.end(), column->Tag()) != reserved.end()) return;
+    column->SetVisible(false);
+    FKeeper.Note();
+}
+
+void TGridActions::Choose() {
+    const QPointer<TGridActions> guard = this;
+    const TFormView view = FForm.FormView();
+    TEditorManager& editors = *TEditorManager::GetInstance();
+    if (view.Grid != nullptr) {
+        editors.GridCustomColumn(*view.Grid->ActiveView(), view.ReservedColumns, {});
+    } else {
+        editors.TreeCustomColumn(*view.Tree, view.ReservedColumns, {});
+    }
+    if (guard) FKeeper.Note();
+}
+
+void TGridActions::Filter() {
+    auto* column = dynamic_cast<TcxGridColumn*>(Column());
+    if (column != nullptr) TEditorManager::GetInstance()->GridCustomFilter(*GridOf(FForm), *column);
+}
+
+void TGridActions::ClearFilter() {
+    TcxDataFilterCriteria& filter = GridOf(FForm)->Filter();
+    filter.Root().Clear();
+    filter.Refresh();
+}
+
+void TGridActions::Fit() {
+    TcxViewColumn* column = Column();
+    if (column == nullptr) return;
+    const int section = Section();
+    const int caption = Header().sectionSizeHint(section);
+    auto* table = qobject_cast<QTableView*>(&FView);
+    if (table != nullptr) {
+        table->resizeColumnToContents(section);
+    } else {
+        static_cast<QTreeView&>(FView).resizeColumnToContents(section);
+    }
+    column->SetWidth(std::max(caption, Header().sectionSize(section)));
+    FKeeper.Note();
+}
+
+QString TGridActions::CopyText(bool withCaptions) {
+    std::vector<Integer> columns(static_cast<std::size_t>(FForm.ColumnCount()));
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+        columns[index] = static_cast<Integer>(index);
+    }
+    columns.erase(std::remove_if(columns.begin(), columns.end(),
+                                 [this](Integer c) { return !FForm.Column(c).GetVisible(); }),
+                  columns.end());
+    QStringList lines;
+    QStringList cells;
+    if (withCaptions) {
+        for (const Integer column : columns) cells << ToQt(FForm.Column(column).Caption());
+        lines << cells.join(u'\t');
+    }
+    QModelIndexList chosen = FView.selectionModel()->selectedRows();
+    std::sort(chosen.begin(), chosen.end(), [this](const QModelIndex& a, const QModelIndex& b) {
+        return FView.visualRect(a).top() < FView.visualRect(b).top();
+    });
+    for (const QModelIndex& index : chosen) {
+        cells.clear();
+        for (int section = 0; section < index.model()->columnCount(index.parent()); ++section) {
+            cells << index.sibling(index.row(), section).data().toString();
+        }
+        lines << cells.join(u'\t');
+    }
+    return lines.join(u'\n');
+}
+
+void TGridActions::Copy() {
+    QApplication::clipboard()->setText(CopyText(false));
+}
+
+void TGridActions::CopyWithCaptions() {
+    QApplication::clipboard()->setText(CopyText(true));
+}
+
+void TGridActions::SaveCsv() {
+    Save(FView, FForm, &TEditorManager::ExportGridToCSV, &TEditorManager::ExportTreeToCSV);
+}
+
+void TGridActions::SaveXls() {
+    Save(FView, FForm, &TEditorManager::ExportGridToXLS, &TEditorManager::ExportTreeToXLS);
+}
+
+void TGridActions::SaveXlsx() {
+    Save(FView, FForm, &TEditorManager::ExportGridToXLSX, &TEditorManager::ExportTreeToXLSX);
+}
+
+// By its symbol, never by the row's number.
+void TGridActions::ToggleFavourite() {
+    auto* list = dynamic_cast<TListForm*>(&FForm);
+    if (list == nullptr || !FView.currentIndex().isValid()) return;
+    const String symbol = list->ShownKey(FView.currentIndex().row());
+    if (symbol.empty()) return;
+    TCustomMarketAdapter& market = *TCustomMarketAdapter::GetInstance();
+    if (market.IsFavorite(symbol)) {
+        market.RemoveFavorite(symbol);
+    } else {
+        market.AddFavorite(symbol);
+    }
+}
+
+} // namespace quorin
