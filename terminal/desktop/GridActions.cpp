@@ -71,7 +71,7 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     Add(Res_CopyRow, QKeySequence::Copy, &TGridActions::Copy);
     Add(Res_CopyWithCaptions, QStringLiteral("Ctrl+Shift+C"), &TGridActions::CopyWithCaptions);
     Add(Res_ExportCsv, QStringLiteral("Ctrl+E"), &TGridActions::SaveCsv);
-    Add(Res_ExportXls, QStringLiteral("Ctrl+Alt+E"), &TGridActions::SaveXls);
+    Add(Res_ExportXls, QStringLiteral("Ctrl+Alt+X"), &TGridActions::SaveXls);
     Add(Res_ExportXlsx, QStringLiteral("Ctrl+Shift+E"), &TGridActions::SaveXlsx);
     if (dynamic_cast<TMarketWatchForm*>(&form) != nullptr) {
         Add(Res_FavouriteToggle, QStringLiteral("Ctrl+D"), &TGridActions::ToggleFavourite);

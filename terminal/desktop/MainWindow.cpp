@@ -124,7 +124,7 @@ TPaneDock& TMainWindow::OpenDock(TPaneKind kind, int number) {
     FDocks.push_back(dock);
     connect(dock, &TPaneDock::Ended, this, &TMainWindow::EndForm);
     Link(dock->Pane());
-    RestorePane(dock->Pane(), code, FWorkspace);
+    RestorePane(*dock, FWorkspace);
     return *dock;
 }
 
@@ -156,7 +156,7 @@ void TMainWindow::EndForm(TPaneDock* dock) {
 }
 
 void TMainWindow::StoreForm(TPaneDock& dock) {
-    if (FKeepsForms) StorePane(dock.Pane(), dock.objectName(), FWorkspace);
+    if (FKeepsForms) StorePane(dock, FWorkspace);
 }
 
 void TMainWindow::Store() {

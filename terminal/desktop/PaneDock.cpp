@@ -36,6 +36,9 @@ TPaneDock::TPaneDock(TPane* pane, const QString& code, QWidget* parent)
       FFloatButton(MakeButton(QStringLiteral("\u25A1"))),
       FCloseButton(MakeButton(QStringLiteral("\u2715"))) {
     setObjectName(code);
+    if (pane->Shown() != nullptr && pane->ItemView() != nullptr) {
+        FActions = new TGridActions(*pane->ItemView(), *pane->Shown());
+    }
     setWidget(pane);
     auto* bar = new QWidget(this);
     auto* layout = new QHBoxLayout(bar);
@@ -86,6 +89,7 @@ void TPaneDock::Follow() {
         return;
     }
     if (isVisible()) FPane->Follow();
+    if (FActions) FActions->Follow();
     const QString caption = FPane->Caption();
     if (windowTitle() != caption) {
         setWindowTitle(caption); // for the tabs and a floating window

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "terminal/desktop/GridActions.h"
 #include "terminal/desktop/Pane.h"
 
 #include <QDockWidget>
+#include <QPointer>
 
 class QLabel;
 class QToolButton;
@@ -20,6 +22,8 @@ public:
     ~TPaneDock() override;
 
     TPane& Pane() { return *FPane; }
+    // What can be done with its list or tree; nil for forms without one.
+    TGridActions* Actions() { return FActions; }
     void Follow();
     // The person, or the program, wants the form gone: it goes at once, or when its question has
     // been answered.
@@ -37,6 +41,7 @@ private:
     void FollowGroup();
 
     TPane* FPane;
+    QPointer<TGridActions> FActions; // the view's
     QLabel* FTitle;
     QToolButton* FGroupButton;
     QToolButton* FFloatButton;

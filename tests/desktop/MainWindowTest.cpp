@@ -158,7 +158,7 @@ void TMainWindowTest::TakesWhatItCanOfAWorkspace_data() {
     QTest::addColumn<bool>("isKept");
     QTest::newRow("another version")
         << QByteArray(R"({"version":9,"values":{"forms":"watch-1 hologram-1 watch-2 watch-x",
-            "watch-2.columns":"what is this","watch-2.sort":"9999,1,2;","watch-2.group":"77",
+            "watch-2.layout":"what is this\n9999,1,2;","watch-2.group":"77",
             "watch-1.choice":"NOWHERE","new.thing":"stays","window.state":"AAAA"}})")
         << 2 << false;
     QTest::newRow("cut off") << QByteArray(R"({"version":1,"values":{"forms":"wat)") << 1 << true;

@@ -1,0 +1,153 @@
+#include "terminal/desktop/GridActions.h"
+#include "terminal/desktop/DesktopSession.h"
+#include "terminal/desktop/QtText.h"
+#include "terminal/desktop/ViewDialogSkins.h"
+#include "terminal/desktop/WatchPane.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace quorin {
+
+// What a person does with a grid through its keys and dialogs.
+class TGridActionsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void ChoosesColumnsAndTakesThemBack();
+    void Filters();
+    void CopiesWhatShows();
+    void Finds();
+    void SavesAFile();
+
+private:
+    TcxGridTableView& View() { return FPane->Form().View(); }
+    void Press(int key, Qt::KeyboardModifiers modifiers);
+    // Answers the next dialog of that kind.
+    template <class Dialog>
+    void Answer(const std::function<void(Dialog&)>& answer);
+
+    std::unique_ptr<TDesktopSession> FSession;
+    std::unique_ptr<TWatchPane> FPane;
+    TGridActions* FActions = nullptr; // the grid's
+    bool FWasAnswered = false;
+};
+
+void TGridActionsTest::init() {
+    FSession = std::make_unique<TDesktopSession>(TDesktopOptions(), QUORIN_DATA_DIR);
+    FSession->Step();
+    FPane = std::make_unique<TWatchPane>(FSession->Exchange(), FSession->Host().Orders());
+    FActions = new TGridActions(FPane->Grid(), FPane->Form());
+    FPane->show();
+    FPane->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(FPane.get()));
+    FPane->Follow();
+    FPane->Grid().setFocus();
+    FPane->Grid().setCurrentIndex(FPane->Grid().model()->index(0, 0));
+    FWasAnswered = false;
+}
+
+void TGridActionsTest::cleanup() {
+    FPane.reset();
+    FSession.reset();
+}
+
+void TGridActionsTest::Press(int key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&FPane->Grid(), static_cast<Qt::Key>(key), modifiers);
+    FPane->Follow();
+}
+
+template <class Dialog>
+void TGridActionsTest::Answer(const std::function<void(Dialog&)>& answer) {
+    QTimer::singleShot(0, this, [this, answer] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        FWasAnswered = true;
+        answer(*dialog);
+    });
+}
+
+void TGridActionsTest::ChoosesColumnsAndTakesThemBack() {
+    const String before = FActions->Keeper().Layout();
+    const int columns = FPane->Grid().model()->columnCount();
+    Answer<TColumnChooser>([](TColumnChooser& dialog) {
+        dialog.List().item(dialog.List().count() - 1)->setCheckState(Qt::Unchecked);
+        dialog.accept();
+    });
+    Press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(FWasAnswered);
+    QCOMPARE(FPane->Grid().model()->columnCount(), columns - 1);
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(FPane->Grid().model()->columnCount(), columns);
+    QCOMPARE(FActions->Keeper().Layout(), before);
+    QVERIFY(!FActions->Keeper().Undo());
+}
+
+void TGridActionsTest::Filters() {
+    const Integer rows = View().RowCount();
+    const String symbol = FPane->Form().Symbol(2);
+    Answer<TFilterDialog>([&symbol](TFilterDialog& dialog) {
+        dialog.Operators().setCurrentIndex(dialog.Operators().findData(FilterOperator::Equal));
+        dialog.Text().setText(ToQt(symbol));
+        dialog.accept();
+    });
+    Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(FWasAnswered);
+    QCOMPARE(View().RowCount(), 1);
+    QCOMPARE(FPane->Form().Symbol(0), symbol);
+    Press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(View().RowCount(), rows);
+}
+
+void TGridActionsTest::CopiesWhatShows() {
+    Press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    const QStringList lines = QApplication::clipboard()->text().split(u'\n');
+    QCOMPARE(lines.size(), 2);
+    QVERIFY(lines[0].startsWith(ToQt(View().GetColumn(0)->Caption()) + u'\t'));
+    QCOMPARE(lines[1].split(u'\t').value(0), ToQt(FPane->Form().Symbol(0)));
+    QCOMPARE(lines[1].count(u'\t'), lines[0].count(u'\t'));
+}
+
+void TGridActionsTest::Finds() {
+    const Integer rows = View().RowCount();
+    Press(Qt::Key_F, Qt::ControlModifier);
+    QLineEdit& field = FActions->FindBar().Field();
+    QVERIFY(field.hasFocus());
+    QTest::keyClicks(&field, ToQt(FPane->Form().Symbol(3)));
+    QVERIFY(View().RowCount() < rows);
+    QTest::keyClick(&field, Qt::Key_Escape);
+    QVERIFY(!FActions->FindBar().isVisible());
+    QCOMPARE(View().RowCount(), rows);
+}
+
+void TGridActionsTest::SavesAFile() {
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("watch.csv");
+    Answer<QFileDialog>([&name](QFileDialog& dialog) {
+        dialog.selectFile(name);
+        static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+    });
+    Press(Qt::Key_E, Qt::ControlModifier);
+    QVERIFY(FWasAnswered);
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll().trimmed().count('\n'), View().RowCount()); // and the captions
+}
+
+} // namespace quorin
+
+QTEST_MAIN(quorin::TGridActionsTest)
+#include "GridActionsTest.moc"
