@@ -131,6 +131,10 @@ inline constexpr StringView Res_FormFloat = u"Res_FormFloat";
 inline constexpr StringView Res_StatusFeed = u"Res_StatusFeed";
 inline constexpr StringView Res_StatusPaint = u"Res_StatusPaint";
 inline constexpr StringView Res_StatusAge = u"Res_StatusAge";
+// Grids.
+inline constexpr StringView Res_RowsWait = u"Res_RowsWait";
+inline constexpr StringView Res_NoDeliverySince = u"Res_NoDeliverySince";
+inline constexpr StringView Res_RowsWithoutPrice = u"Res_RowsWithoutPrice";
 // Files.
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey
