@@ -4,6 +4,7 @@
 #include "platform/widgets/CustomDataSource.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace quorin {
@@ -42,24 +43,56 @@ void TcxGridRows::Ensure() {
         BuildOrder(records);
     } else if (isStale && !FIsPlain) {
         FController.FollowRecords();
+        FAllWait = FIsHeld;
+        if (FIsHeld) return;
+        FWaiting.clear();
         FOrder.UpdateAll(*this);
-    } else if (FController.HasChangedRecords()) {
-        MoveChanged();
+    } else if (FController.HasChangedRecords() || !(FIsHeld || FWaiting.empty())) {
+        KeepChanged();
+        if (!FIsHeld) MoveChanged();
     }
 }
 
-void TcxGridRows::MoveChanged() {
+void TcxGridRows::HoldOrder(bool held) {
+    if (held == FIsHeld) return;
+    if (held) Ensure(); // what has changed until now still moves
+    FIsHeld = held;
+    if (held) return;
+    FIsStale |= FAllWait;
+    FController.InvalidatePaint();
+}
+
+void TcxGridRows::KeepChanged() {
     TBorrowed<TList<Integer>> changed(FChanged);
     FController.TakeChangedRecords(*changed);
-    std::sort((*changed).begin(), (*changed).end());
-    const auto end = std::unique((*changed).begin(), (*changed).end());
-    FOrder.Update({(*changed).begin(), end}, *this);
+    FWaiting.insert(FWaiting.end(), (*changed).begin(), (*changed).end());
+    std::sort(FWaiting.begin(), FWaiting.end());
+    FWaiting.erase(std::unique(FWaiting.begin(), FWaiting.end()), FWaiting.end());
+}
+
+Integer TcxGridRows::PendingMoves() {
+    Ensure();
+    if (!FIsHeld || FIsPlain || FIsReading) return 0;
+    const TScopedValue<bool> reading(FIsReading, true);
+    if (FAllWait) {
+        FWaiting.resize(static_cast<std::size_t>(FRecords));
+        std::iota(FWaiting.begin(), FWaiting.end(), 0);
+    }
+    return FOrder.CountMoves(FWaiting, *this);
+}
+
+void TcxGridRows::MoveChanged() {
+    TBorrowed<std::vector<Integer>> waiting(FWaiting);
+    FOrder.Update(*waiting, *this);
+    (*waiting).clear();
 }
 
 void TcxGridRows::BuildOrder(Integer records) {
     FSorted = FColumns.Sorted();
     FIsPlain = FSorted.IsEmpty() && !FFilter.IsFiltering() && !FOnFind;
     FRecords = records;
+    FAllWait = false;
+    FWaiting.clear();
     FController.UnfollowRecords();
     if (!FIsPlain) FController.FollowRecords();
     std::vector<bool> descending;

@@ -23,6 +23,13 @@ public:
     Integer RecordAt(Integer row);
     Integer RowOf(Integer record);
 
+    // While the order is held, rows stay where they are though their values change; records that
+    // come or go, and another sort or filter, still make a new one.
+    void HoldOrder(bool held);
+    bool IsOrderHeld() const { return FIsHeld; }
+    // How many rows wait to move, come or go; none while the order is not held.
+    Integer PendingMoves();
+
     // Values may be others; rows that differ move.
     void Touch() { FIsStale = true; }
 
@@ -30,6 +37,7 @@ private:
     void OrderChanged(TObject*);
     void VisibleColumnsChanged(TObject*);
     void MoveChanged();
+    void KeepChanged();
     void Ensure();
     void BuildOrder(Integer records);
     Variant Read(Integer record, const TcxViewColumn& column);
@@ -47,6 +55,9 @@ private:
     Integer FFiltered = 0; // the record that the filter is looking at
     bool FIsBuilt = false;
     TList<Integer> FChanged; // reused from change to change
+    std::vector<Integer> FWaiting; // records whose change waits, by number, each once
+    bool FAllWait = false;         // every record counts as one that waits
+    bool FIsHeld = false;
     bool FIsPlain = true;    // rows are records
     bool FIsStale = false;
     bool FIsReading = false; // the order is being made

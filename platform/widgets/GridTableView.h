@@ -87,6 +87,13 @@ class TcxGridTableView : public TComponent {
     String CellText(Integer row, TcxCustomGridTableItem& column);
     void SetOnGetCellText(const TcxGetGridTextEvent& event) { FOnGetCellText = event; }
 
+    // Keeps sorted and filtered rows where they are while their values change, for as long as a
+    // person points at them. Records that come or go, and another sort or filter, still show.
+    void HoldOrder(bool held) { FRows.HoldOrder(held); }
+    bool IsOrderHeld() const { return FRows.IsOrderHeld(); }
+    // How many rows at least wait to move, come or go until the order is let go.
+    Integer PendingMoves() { return FRows.PendingMoves(); }
+
     // First row on screen, held inside the rows that there are.
     Integer TopRow();
     void SetTopRow(Integer row);

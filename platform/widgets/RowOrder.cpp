@@ -66,6 +66,70 @@ void TcxRowOrder::Reread(Integer record, TcxRowSource& source) {
     if (isShown) FTaken.push_back(record);
 }
 
+// Neighbours that are both read anew are weighed together, between the rows that stand.
+Integer TcxRowOrder::CountMoves(std::span<const Integer> records, TcxRowSource& source) const {
+    std::vector<std::pair<Integer, Integer>> rows; // row and record
+    Integer moves = 0;
+    for (const Integer record : records) {
+        if (!HasRecord(record)) continue;
+        const bool wasShown = FChunkOf[At(record)] != NotShown;
+        if (source.Passes(record) != wasShown) {
+            ++moves;
+        } else if (wasShown) {
+            rows.emplace_back(RowOf(record), record);
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    for (std::size_t first = 0; first < rows.size();) {
+        std::size_t end = first + 1;
+        while (end < rows.size() && rows[end].first == rows[end - 1].first + 1) ++end;
+        moves += CountMovesIn(rows, first, end, source);
+        first = end;
+    }
+    return moves;
+}
+
+// Rows of one run that stay: the longest rising sequence of those that fit between the row above
+// the run and the row below it.
+Integer TcxRowOrder::CountMovesIn(const std::vector<std::pair<Integer, Integer>>& rows,
+                                  std::size_t first, std::size_t end, TcxRowSource& source) const {
+    const std::size_t columns = FDescending.size();
+    std::vector<TcxSortKey> keys;
+    std::vector<Integer> records;
+    const auto add = [&](Integer record, bool isFresh) {
+        for (std::size_t column = 0; column < columns; ++column) {
+            keys.push_back(FKeys[At(record) * columns + column]);
+            const auto place = static_cast<Integer>(column);
+            if (isFresh) keys.back().Assign(source.SortValue(record, place));
+        }
+        records.push_back(record);
+    };
+    const auto isBefore = [&](Integer left, Integer right) {
+        const int order = TcxSortKey::CompareRows(keys, FDescending, left, right);
+        return order != 0 ? order < 0 : records[At(left)] < records[At(right)];
+    };
+    for (std::size_t row = first; row < end; ++row) add(rows[row].second, /*isFresh=*/true);
+    const auto count = static_cast<Integer>(records.size());
+    const Integer above = RecordAt(rows[first].first - 1);
+    const Integer below = RecordAt(rows[end - 1].first + 1);
+    const Integer abovePlace = above < 0 ? -1 : static_cast<Integer>(records.size());
+    if (above >= 0) add(above, /*isFresh=*/false);
+    const Integer belowPlace = below < 0 ? -1 : static_cast<Integer>(records.size());
+    if (below >= 0) add(below, /*isFresh=*/false);
+    std::vector<Integer> lasts; // of the rising sequences of each length, the smallest last
+    for (Integer place = 0; place < count; ++place) {
+        if (abovePlace >= 0 && !isBefore(abovePlace, place)) continue;
+        if (belowPlace >= 0 && !isBefore(place, belowPlace)) continue;
+        const auto longer = std::lower_bound(lasts.begin(), lasts.end(), place, isBefore);
+        if (longer == lasts.end()) {
+            lasts.push_back(place);
+        } else {
+            *longer = place;
+        }
+    }
+    return count - static_cast<Integer>(lasts.size());
+}
+
 void TcxRowOrder::PutBack() {
     for (const Integer record : FTaken) {
         if (FChunkOf[At(record)] == NotShown) PutIn(record); // else it was named twice

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace quorin {
@@ -30,6 +31,10 @@ public:
     void Update(std::span<const Integer> records, TcxRowSource& source);
     // The same for every record.
     void UpdateAll(TcxRowSource& source);
+
+    // How many rows at least would move, come or go if these records, each named once, were read
+    // anew; all others count as they stand. Changes nothing.
+    Integer CountMoves(std::span<const Integer> records, TcxRowSource& source) const;
 
     Integer Count() const { return FCount; }
     // Both -1 outside, and for a record that is not shown.
@@ -58,6 +63,8 @@ private:
     void Drop(std::uint32_t chunk);
     std::uint32_t NewChunk(std::size_t place);
     void Renumber() const;
+    Integer CountMovesIn(const std::vector<std::pair<Integer, Integer>>& rows, std::size_t first,
+                         std::size_t end, TcxRowSource& source) const;
     bool HasRecord(Integer record) const {
         return record >= 0 && static_cast<std::size_t>(record) < FChunkOf.size();
     }

@@ -76,6 +76,18 @@ QVariant TGridModel::data(const QModelIndex& index, int role) const {
                                            : std::optional<TPriceChangeState>();
         return mark.has_value() ? QVariant(static_cast<Integer>(*mark)) : QVariant();
     }
+    case FlashRole:
+    case FlashStrengthRole: {
+        const auto* flash = FFlashes.IsEmpty()
+                                ? nullptr
+                                : FFlashes.Find(FView.RecordIndex(index.row()), column->GetTag());
+        if (flash == nullptr) return {};
+        if (role == FlashRole) return static_cast<Integer>(flash->State);
+        return FFlashes.Strength(*flash);
+    }
+    case OldRole: return !FOldSince.isEmpty();
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: return FOldSince.isEmpty() ? QVariant() : FOldSince;
     case Qt::AccessibleTextRole: {
         const QString text = ToQt(FView.CellText(index.row(), *column));
         const QVariant mark = data(index, MarkRole);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/widgets/GridTableView.h"
+#include "terminal/desktop/CellFlashes.h"
 #include "terminal/forms/ListForm.h"
 
 #include <QAbstractTableModel>
@@ -19,6 +20,12 @@ public:
     // Whether cells of the column have a mark behind their text.
     static constexpr int HasMarksRole = Qt::UserRole + 2;
 
+    // The state of a flash as an Integer, and how strong it still is, from 1 down; nothing without.
+    static constexpr int FlashRole = Qt::UserRole + 3;
+    static constexpr int FlashStrengthRole = Qt::UserRole + 4;
+    // Whether what the cell shows has become old.
+    static constexpr int OldRole = Qt::UserRole + 5;
+
     // `form` knows which columns are text and which have marks; nil where all are text. Both must
     // live longer.
     explicit TGridModel(TcxGridTableView& view, TListForm* form = nullptr,
@@ -27,6 +34,11 @@ public:
     TcxGridTableView& View() { return FView; }
     // The headless column of one of Qt's; nil outside.
     TcxGridColumn* Column(int section) const;
+
+    TCellFlashes& Flashes() { return FFlashes; }
+    // Since when the feed has stopped, in words; empty while it has not.
+    const QString& OldSince() const { return FOldSince; }
+    void SetOldSince(const QString& since) { FOldSince = since; }
 
     // Tells Qt of rows and columns that have come or gone since it was told last. True when there
     // were any.
@@ -43,6 +55,8 @@ private:
 
     TcxGridTableView& FView;
     TListForm* FForm;
+    TCellFlashes FFlashes;
+    QString FOldSince;
     int FToldRows = 0;
     int FToldColumns = 0;
 };

@@ -1,13 +1,15 @@
 #include "terminal/desktop/GridSkin.h"
 
-#include "terminal/desktop/Theme.h"
+#include "terminal/desktop/CellPainter.h"
+#include "terminal/desktop/QtText.h"
+#include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
+#include <QLabel>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -16,54 +18,20 @@ namespace quorin {
 namespace {
 
 constexpr int RowHeight = 22;
-constexpr int MarkWidth = 16;
-constexpr int CellMargin = 6;
 constexpr int SmallestColumn = 24;
-
-// Text with its mark in a place of its own behind it, so that figures stay in line.
-class TCellDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        QStyleOptionViewItem cell = option;
-        initStyleOption(&cell, index);
-        const QString text = cell.text;
-        cell.text.clear();
-        cell.state &= ~QStyle::State_HasFocus; // the row is what has it
-        const QStyle& style = *cell.widget->style();
-        style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
-
-        QRect place = cell.rect.adjusted(CellMargin, 0, -CellMargin, 0);
-        const bool isSelected = cell.state.testFlag(QStyle::State_Selected);
-        const QColor plain =
-            cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
-        QColor color = plain;
-        if (index.data(TGridModel::HasMarksRole).toBool()) {
-            const QRect markPlace(place.right() - MarkWidth + 1, place.top(), MarkWidth,
-                                  place.height());
-            place.setRight(markPlace.left() - 1);
-            const QVariant mark = index.data(TGridModel::MarkRole);
-            if (mark.isValid()) {
-                const auto state = static_cast<TPriceChangeState>(mark.toInt());
-                if (MoveColor(state).isValid()) color = MoveColor(state);
-                painter->setPen(MoveColor(state).isValid() ? color : QuietTextColor());
-                painter->drawText(markPlace, Qt::AlignRight | Qt::AlignVCenter, MoveMark(state));
-            }
-        }
-        painter->setPen(color);
-        painter->drawText(place, static_cast<int>(cell.displayAlignment),
-                          cell.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
-    }
-};
+constexpr Double OldAfter = 10.0;    // seconds without a delivery
+constexpr Int64 CountInterval = 250; // milliseconds from one count of waiting rows to the next
 
 } // namespace
 
 TGridSkin::TGridSkin(TcxGridTableView& view, TListForm* form, QWidget* parent)
-    : QTableView(parent), FModel(view, form) {
+    : QTableView(parent), FModel(view, form), FForm(form), FWaiting(new QLabel(viewport())) {
     setModel(&FModel);
-    setItemDelegate(new TCellDelegate(this));
+    setItemDelegate(new TCellPainter(this));
+    FWaiting->setAutoFillBackground(true);
+    FWaiting->setBackgroundRole(QPalette::ToolTipBase);
+    FWaiting->setAttribute(Qt::WA_TransparentForMouseEvents);
+    FWaiting->hide();
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -91,12 +59,19 @@ TGridSkin::TGridSkin(TcxGridTableView& view, TListForm* form, QWidget* parent)
 }
 
 void TGridSkin::Follow() {
-    if (!FModel.View().TakeRepaint()) return;
+    const bool isChanged = FModel.View().TakeRepaint();
+    const bool hasFaded = FModel.Flashes().Fade();
+    FollowWaiting();
+    if (!isChanged) {
+        if (hasFaded) viewport()->update();
+        return;
+    }
     ++FPaintCount;
     const QScopedValueRollback following(FIsFollowing, true);
     FModel.FollowSize();
     FollowColumns();
     FollowRows();
+    TakeMoves();
     viewport()->update();
     horizontalHeader()->viewport()->update();
 }
@@ -128,6 +103,62 @@ void TGridSkin::FollowRows() {
     if (currentIndex().row() == focused) return;
     const int column = std::max(currentIndex().column(), 0);
     setCurrentIndex(focused == NoRow ? QModelIndex() : FModel.index(focused, column));
+}
+
+// Once for a frame, of what is on screen.
+void TGridSkin::TakeMoves() {
+    if (FForm == nullptr) return;
+    TcxGridTableView& view = FModel.View();
+    const Integer end = view.TopRow() + view.VisibleRowCount();
+    for (Integer row = view.TopRow(); row < end; ++row) {
+        const Integer record = view.RecordIndex(row);
+        for (int section = 0; section < FModel.columnCount(); ++section) {
+            const Integer attribute = FModel.Column(section)->GetTag();
+            const auto move = FForm->TakeMove(row, attribute);
+            if (move.has_value()) FModel.Flashes().Flash(record, attribute, *move);
+        }
+    }
+}
+
+void TGridSkin::FollowWaiting() {
+    TcxGridTableView& view = FModel.View();
+    if (!view.IsOrderHeld()) {
+        FWaiting->hide();
+        return;
+    }
+    if (FSinceCounted.isValid() && FSinceCounted.elapsed() < CountInterval) return;
+    FSinceCounted.start();
+    const Integer waiting = view.PendingMoves();
+    FWaiting->setVisible(waiting > 0);
+    if (waiting == 0) return;
+    const QString text = ToQt(
+        FormatText(InterfaceText(TerminalKey::Res_RowsWait), {FromQt(QString::number(waiting))}));
+    if (FWaiting->text() != text) FWaiting->setText(text);
+    FWaiting->setAccessibleName(text);
+    FWaiting->adjustSize();
+    FWaiting->move(viewport()->width() - FWaiting->width(),
+                   viewport()->height() - FWaiting->height());
+}
+
+void TGridSkin::SetFeedAge(Double seconds, const QString& since) {
+    const QString old =
+        seconds < OldAfter
+            ? QString()
+            : ToQt(FormatText(InterfaceText(TerminalKey::Res_NoDeliverySince), {FromQt(since)}));
+    if (FModel.OldSince() == old) return;
+    FModel.SetOldSince(old);
+    viewport()->update();
+}
+
+bool TGridSkin::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Enter) {
+        FModel.View().HoldOrder(true);
+        FSinceCounted.invalidate();
+    }
+    if (event->type() == QEvent::Leave || event->type() == QEvent::Hide) {
+        FModel.View().HoldOrder(false);
+    }
+    return QTableView::viewportEvent(event);
 }
 
 void TGridSkin::TellRowsOnScreen() {

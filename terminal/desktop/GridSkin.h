@@ -2,7 +2,10 @@
 
 #include "terminal/desktop/GridModel.h"
 
+#include <QElapsedTimer>
 #include <QTableView>
+
+class QLabel;
 
 namespace quorin {
 
@@ -23,11 +26,17 @@ public:
     // How many repaints Follow has asked for.
     Int64 PaintCount() const { return FPaintCount; }
 
+    // How long ago the feed's latest delivery was, and its time of day: cells of a feed that has
+    // stopped go grey, and say since when on hover.
+    void SetFeedAge(Double seconds, const QString& since);
+
 signals:
     // The person has chosen a row: a double click, or Return.
     void RowChosen(int row);
 
 protected:
+    // Rows stand still while the pointer is over them.
+    bool viewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -39,7 +48,13 @@ private:
     void TellRowsOnScreen();
     void SortBy(int section);
 
+    void TakeMoves();
+    void FollowWaiting();
+
     TGridModel FModel;
+    TListForm* FForm;
+    QLabel* FWaiting;
+    QElapsedTimer FSinceCounted;
     Int64 FPaintCount = 0;
     bool FIsFollowing = false; // what Qt tells now comes from the headless grid itself
 };

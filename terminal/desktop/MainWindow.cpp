@@ -62,7 +62,12 @@ void TMainWindow::Start(Double stepSeconds) {
 void TMainWindow::Frame() {
     FollowLanguage();
     const std::vector<TPaneDock*> docks = FDocks; // a form may end inside
-    for (TPaneDock* dock : docks) dock->Follow();
+    for (TPaneDock* dock : docks) {
+        if (auto* grid = qobject_cast<TGridSkin*>(dock->Pane().ItemView())) {
+            grid->SetFeedAge(FSession.DeliveryAge(), ToQt(FSession.Clock()));
+        }
+        dock->Follow();
+    }
     FStatus->Follow(++FPaints);
 }
 

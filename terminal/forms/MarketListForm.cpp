@@ -3,7 +3,19 @@
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/services/AccountAdapter.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace quorin {
+
+namespace {
+
+constexpr Integer MovingAttributes[] = {
+    MarketAttribute::BestBid,         MarketAttribute::BestAsk,         MarketAttribute::LastPrice,
+    MarketAttribute::BestBidQuantity, MarketAttribute::BestAskQuantity, MarketAttribute::Volume,
+};
+
+} // namespace
 
 TMarketListForm::TMarketListForm() = default;
 
@@ -71,6 +83,14 @@ std::optional<TPriceChangeState> TMarketListForm::Mark(Integer row, Integer attr
     TPriceChangeState state = pcsNone;
     const bool isKnown = attribute == MarketAttribute::LastPrice ? LastMove(row, state)
                                                                  : ChangeDirection(row, state);
+    return isKnown ? std::optional(state) : std::nullopt;
+}
+
+std::optional<TPriceChangeState> TMarketListForm::TakeMove(Integer row, Integer attribute) {
+    const auto* end = std::end(MovingAttributes);
+    if (std::find(std::begin(MovingAttributes), end, attribute) == end) return {};
+    TPriceChangeState state = pcsNone;
+    const bool isKnown = FList->GetExtremeMove(View().RecordIndex(row), attribute, state);
     return isKnown ? std::optional(state) : std::nullopt;
 }
 

@@ -30,6 +30,8 @@ class TMarketListForm : public TListForm {
     bool ChangeDirection(Integer row, TPriceChangeState& state);
     bool HasMarks(Integer attribute) const override;
     std::optional<TPriceChangeState> Mark(Integer row, Integer attribute) override;
+    // Best prices and their quantities, the last price and the volume.
+    std::optional<TPriceChangeState> TakeMove(Integer row, Integer attribute) override;
 
 protected:
     TMarketListForm();

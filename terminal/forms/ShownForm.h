@@ -38,6 +38,13 @@ class TShownForm : public TObject {
     virtual bool HasMarks(Integer) const { return false; }
     virtual std::optional<TPriceChangeState> Mark(Integer, Integer) { return {}; }
 
+    // Where a cell's number went farthest since the last call for it; nothing for cells that do not
+    // tell of moves.
+    virtual std::optional<TPriceChangeState> TakeMove(Integer, Integer) { return {}; }
+
+    // Why the totals below the rows leave something out; empty while they are whole.
+    virtual String PartialReason() { return {}; }
+
     // What is shown and how, in a few words, and what stands below the rows; both may be empty.
     virtual String Title() { return {}; }
     virtual std::vector<String> Summary() { return {}; }

@@ -196,6 +196,10 @@ inline constexpr StringView Res_FindPrevious = u"Res_FindPrevious";
 inline constexpr StringView Res_ColumnMenu = u"Res_ColumnMenu";
 inline constexpr StringView Res_FavouriteToggle = u"Res_FavouriteToggle";
 inline constexpr StringView Res_CancelButton = u"Res_CancelButton";
+// Grids.
+inline constexpr StringView Res_RowsWait = u"Res_RowsWait";
+inline constexpr StringView Res_NoDeliverySince = u"Res_NoDeliverySince";
+inline constexpr StringView Res_RowsWithoutPrice = u"Res_RowsWithoutPrice";
 // Files.
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey

@@ -211,6 +211,51 @@ TEST_F(TGridViewTest, NumberOfACellAllocatesNothing) {
     EXPECT_EQ(value, Variant(1005.0));
 }
 
+// Numbers that can change, with the records named or not.
+class TChangingSource : public TcxCustomDataSource {
+public:
+    Integer GetRecordCount() override { return static_cast<Integer>(Values.size()); }
+    Variant GetValue(TcxDataRecordHandle record, TcxDataItemHandle) override {
+        return Values[static_cast<std::size_t>(IndexOfHandle(record))];
+    }
+    bool ChangedRecords(TList<Integer>& records) override {
+        for (const Integer record : Named) records.Add(record);
+        return !Named.empty();
+    }
+    std::vector<Integer> Values{10, 20, 30};
+    std::vector<Integer> Named;
+};
+
+TEST(GridViewHoldTest, RowsStandStillUntilTheyAreLetGo) {
+    for (const std::vector<Integer>& named : {std::vector<Integer>{0}, std::vector<Integer>{}}) {
+        SCOPED_TRACE(named.empty() ? "no record named" : "records named");
+        TChangingSource source;
+        source.Named = named;
+        auto view = CreateComponent<TcxGridTableView>();
+        view->SetCustomDataSource(&source);
+        TcxGridColumn& column = view->AddColumn(1);
+        column.SetSortOrder(soAscending);
+        EXPECT_EQ(view->RecordIndex(0), 0);
+        view->HoldOrder(true);
+        source.Values[0] = 25;
+        source.DataChanged();
+        EXPECT_EQ(view->RecordIndex(0), 0);
+        EXPECT_EQ(view->CellText(0, column), u"25"); // values go on
+        EXPECT_EQ(view->PendingMoves(), 1);
+        view->TakeRepaint();
+        view->HoldOrder(false);
+        EXPECT_TRUE(view->TakeRepaint());
+        EXPECT_EQ(view->RecordIndex(0), 1);
+        EXPECT_EQ(view->PendingMoves(), 0);
+        view->HoldOrder(true);
+        column.SetSortOrder(soDescending); // the person's own wish does not wait
+        EXPECT_EQ(view->RecordIndex(0), 2);
+        source.Values.pop_back(); // nor does a record that goes
+        source.DataChanged();
+        EXPECT_EQ(view->RowCount(), 2);
+    }
+}
+
 TEST(CustomDataSourceTest, BaseTakesNoEdits) {
     TcxCustomDataSource source;
     EXPECT_EQ(source.AppendRecord(), nullptr);

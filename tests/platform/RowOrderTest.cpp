@@ -96,6 +96,10 @@ TEST(RowOrder, FollowsChangesAsAFullSortWould) {
             }
             changed.push_back(-1);
             changed.push_back(records);
+            const std::vector<Integer> before = Shown(order);
+            std::sort(changed.begin(), changed.end());
+            changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
+            const bool anyMoves = order.CountMoves(changed, rows) > 0;
             if (round % 3 == 0) {
                 order.UpdateAll(rows);
             } else {
@@ -104,6 +108,7 @@ TEST(RowOrder, FollowsChangesAsAFullSortWould) {
             TcxRowOrder whole;
             whole.Build(records, descending, rows);
             ASSERT_EQ(Shown(order), Shown(whole)) << "round " << round;
+            ASSERT_EQ(anyMoves, Shown(order) != before) << "round " << round;
             for (Integer probe = 0; probe < 20; ++probe) {
                 const Integer record = below(records);
                 const Integer row = order.RowOf(record);
@@ -116,6 +121,39 @@ TEST(RowOrder, FollowsChangesAsAFullSortWould) {
     order.Build(0, {false}, rows);
     EXPECT_EQ(order.RecordAt(0), -1);
     EXPECT_EQ(order.RowOf(0), -1);
+}
+
+struct TMovesCase {
+    const char* Name;
+    std::array<Variant, 6> Values; // in place of 0, 10, 20, 30, 40, 50
+    Integer Moves;
+};
+
+TEST(RowOrder, CountsTheFewestMoves) {
+    const TMovesCase cases[] = {
+        {"none", {1, 11, 21, 31, 41, 51}, 0},
+        {"between the same neighbours", {0, 10, 29, 30, 40, 50}, 0},
+        {"one from bottom to top", {0, 10, 20, 30, 40, -1}, 1},
+        {"two change places", {0, 20, 10, 30, 40, 50}, 1},
+        {"two pass one that stands", {0, 45, 46, 30, 40, 50}, 2},
+        {"one goes by the filter", {0, u"hide", 20, 30, 40, 50}, 1},
+        {"all turned round", {50, 40, 30, 20, 10, 0}, 5},
+    };
+    for (const TMovesCase& test : cases) {
+        SCOPED_TRACE(test.Name);
+        TRows rows;
+        for (Integer record = 0; record < 6; ++record) rows.Cells.push_back({record * 10, 0});
+        TcxRowOrder order;
+        order.Build(6, {false}, rows);
+        std::vector<Integer> changed;
+        for (Integer record = 0; record < 6; ++record) {
+            const Variant& value = test.Values[static_cast<std::size_t>(record)];
+            if (rows.Cell(record, 0) == value) continue;
+            rows.Cell(record, 0) = value;
+            changed.push_back(record);
+        }
+        EXPECT_EQ(order.CountMoves(changed, rows), test.Moves);
+    }
 }
 
 } // namespace

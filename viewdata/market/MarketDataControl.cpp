@@ -226,6 +226,7 @@ Boolean TCustomMarketDataControl::UpdateSymbolMessage(TCustomSubItem* Item) {
     TCustomSubItem** followed = FSubscribedDataList.Find(Item->GetKey());
     if (followed == nullptr) return false;
     if (*followed == nullptr) *followed = Item;
+    WidenExtents(*Item);
     TrackLastPrice(*Item); // first: the service's answer to the request may reload the list
     RequestSpreadTable(*Item);
     return true;

@@ -147,6 +147,11 @@ class TCustomMarketDataControl : public TCustomDataControl {
     Boolean GetPriceMoveTickChangeState(Integer RecordIndex, Integer Attribute,
                                         TPriceChangeState& PriceState);
 
+    // Where the field went farthest, up or down, from what this operation saw at its previous call
+    // for the same symbol and attribute, as far as the row was followed: a rise that is taken back
+    // is told nevertheless. pcsNone at the first call; False when the item lacks the field.
+    Boolean GetExtremeMove(Integer RecordIndex, Integer Attribute, TPriceChangeState& PriceState);
+
 protected:
     TDictionary<String, TCustomMarketData*> FDataDictionary; // the records stay the adapter's
     TList<String> FDataList;                                 // the rows: symbols in display order
@@ -169,6 +174,15 @@ protected:
     String FCustomColumnTagID; // table of custom columns; a descendant sets it
 
 private:
+    // What a field has been since it was looked at.
+    struct TFieldExtent {
+        Integer Attribute = 0;
+        Double Seen = 0.0;
+        Double Low = 0.0;
+        Double High = 0.0;
+    };
+
+    void WidenExtents(const TCustomSubItem& item);
     Boolean HasCategory() const { return FCategoryID >= 0; }
     void InitExchange(StringView exchange);
     void NameFollowedRows(const TSubItemDictionary& changed, TChangedRows& rows);
@@ -196,9 +210,10 @@ private:
     String ChangeText(StringView symbol) const;
     String ChangePercentText(StringView symbol) const;
 
-    TRowIndex FRowIndex;              // of FDataList
-    Boolean FIsActionPending = false; // an order or copy action is under way
-    String FSpreadCode;               // reused from update to update
+    TDictionary<String, TList<TFieldExtent>> FExtents; // by symbol, of what has been looked at
+    TRowIndex FRowIndex;                               // of FDataList
+    Boolean FIsActionPending = false;                  // an order or copy action is under way
+    String FSpreadCode;                                // reused from update to update
     TLifeline FLifeline;
 };
 

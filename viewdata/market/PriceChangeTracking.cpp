@@ -1,6 +1,8 @@
 #include "viewdata/market/MarketDataControl.h"
 #include "viewdata/services/FieldNumbers.h"
 
+#include <algorithm>
+
 namespace quorin {
 
 namespace {
@@ -72,6 +74,38 @@ Boolean TCustomMarketDataControl::GetPriceMoveTickChangeState(Integer RecordInde
     }
     PriceState = StateOfDifference(*before, value);
     *before = value;
+    return true;
+}
+
+void TCustomMarketDataControl::WidenExtents(const TCustomSubItem& item) {
+    TList<TFieldExtent>* extents = FExtents.IsEmpty() ? nullptr : FExtents.Find(item.GetKey());
+    if (extents == nullptr) return;
+    for (TFieldExtent& extent : *extents) {
+        const Double value = item.GetFieldDouble(extent.Attribute);
+        extent.Low = std::min(extent.Low, value);
+        extent.High = std::max(extent.High, value);
+    }
+}
+
+Boolean TCustomMarketDataControl::GetExtremeMove(Integer RecordIndex, Integer Attribute,
+                                                 TPriceChangeState& PriceState) {
+    if (!FDataList.Has(RecordIndex)) return false;
+    const TCustomSubItem& item = FollowedItem(FDataList[RecordIndex]);
+    if (!item.HasField(Attribute)) return false;
+    PriceState = pcsNone;
+    const Double value = item.GetFieldDouble(Attribute);
+    TList<TFieldExtent>& extents = FExtents.Obtain(item.GetKey());
+    const auto found = std::find_if(extents.begin(), extents.end(), [&](const TFieldExtent& seen) {
+        return seen.Attribute == Attribute;
+    });
+    if (found == extents.end()) {
+        extents.Add({Attribute, value, value, value});
+        return true;
+    }
+    const Double rise = std::max(found->High, value) - found->Seen;
+    const Double fall = found->Seen - std::min(found->Low, value);
+    if (rise > 0.0 || fall > 0.0) PriceState = rise >= fall ? pcsUp : pcsDown;
+    *found = {Attribute, value, value, value};
     return true;
 }
 

@@ -1,0 +1,63 @@
+#include "terminal/desktop/CellPainter.h"
+
+#include "terminal/desktop/GridModel.h"
+#include "terminal/desktop/Theme.h"
+
+#include <QPainter>
+
+namespace quorin {
+
+namespace {
+
+constexpr int MarkWidth = 16;
+constexpr int CellMargin = 6;
+constexpr Double StrongestFlash = 0.35; // of the colour, so that text on it can be read
+
+} // namespace
+
+void TCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QString text = cell.text;
+    cell.text.clear();
+    cell.state &= ~QStyle::State_HasFocus; // the row is what has it
+    cell.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+
+    QRect place = cell.rect.adjusted(CellMargin, 0, -CellMargin, 0);
+    const bool isSelected = cell.state.testFlag(QStyle::State_Selected);
+    const bool isOld = index.data(TGridModel::OldRole).toBool();
+    const bool hasMarks = index.data(TGridModel::HasMarksRole).toBool();
+    QColor color = cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+    if (isOld && !isSelected) color = QuietTextColor();
+
+    const QVariant flash = isOld ? QVariant() : index.data(TGridModel::FlashRole);
+    if (flash.isValid()) {
+        const auto state = static_cast<TPriceChangeState>(flash.toInt());
+        QColor back = MoveColor(state);
+        const Double strength = index.data(TGridModel::FlashStrengthRole).toDouble();
+        back.setAlphaF(static_cast<float>(strength * StrongestFlash));
+        painter->fillRect(cell.rect, back);
+        painter->setPen(MoveColor(state));
+        if (strength > 0.0) {
+            painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, MoveMark(state));
+        }
+    }
+    if (hasMarks) {
+        const QRect markPlace(place.right() - MarkWidth + 1, place.top(), MarkWidth,
+                              place.height());
+        place.setRight(markPlace.left() - 1);
+        const QVariant mark = index.data(TGridModel::MarkRole);
+        if (mark.isValid()) {
+            const auto state = static_cast<TPriceChangeState>(mark.toInt());
+            if (!isOld && MoveColor(state).isValid()) color = MoveColor(state);
+            painter->setPen(MoveColor(state).isValid() ? color : QuietTextColor());
+            painter->drawText(markPlace, Qt::AlignRight | Qt::AlignVCenter, MoveMark(state));
+        }
+    }
+    painter->setPen(color);
+    painter->drawText(place, static_cast<int>(cell.displayAlignment),
+                      cell.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+}
+
+} // namespace quorin
