@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QTableView>
 #include <QTreeView>
 
@@ -93,6 +94,11 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     const auto noteSoon = [this] { FNoteTimer.start(); };
     connect(&header, &QHeaderView::sectionResized, this, noteSoon);
     connect(&header, &QHeaderView::sortIndicatorChanged, this, noteSoon);
+    header.setSectionsMovable(true);
+    connect(&header, &QHeaderView::sectionMoved, this, &TGridActions::MoveColumn);
+    if (GridOf(form) != nullptr) return; // which sorts by itself
+    header.setSectionsClickable(true);
+    connect(&header, &QHeaderView::sectionClicked, this, &TGridActions::SortNext);
 }
 
 void TGridActions::Add(StringView key, const QKeySequence& keys, void (TGridActions::*act)()) {
@@ -106,6 +112,7 @@ void TGridActions::Add(StringView key, const QKeySequence& keys, void (TGridActi
 }
 
 void TGridActions::Follow() {
+    if (GridOf(FForm) == nullptr) FollowIndicator();
     const TAppLanguage language = TCustomLanguageManager::GetInstance()->GetCurrentLanguage();
     if (FShownLanguage == language) return;
     FShownLanguage = language;
@@ -126,11 +133,44 @@ int TGridActions::Section() const {
 }
 
 TcxViewColumn* TGridActions::Column() {
-    const int section = Section();
+    return ColumnAt(Section());
+}
+
+TcxViewColumn* TGridActions::ColumnAt(int section) {
     for (Integer index = 0; section >= 0 && index < FForm.ColumnCount(); ++index) {
         if (FForm.Column(index).VisibleIndex() == section) return &FForm.Column(index);
     }
     return nullptr;
+}
+
+// The headless column is what moves; Qt's sections stay as they were and show others.
+void TGridActions::MoveColumn(int section, int from, int to) {
+    if (FIsMoving) return;
+    const QScopedValueRollback moving(FIsMoving, true);
+    TcxViewColumn* column = ColumnAt(section);
+    const TcxViewColumn* place = ColumnAt(to);
+    Header().moveSection(to, from);
+    if (column == nullptr || place == nullptr) return;
+    column->SetIndex(place->Index());
+    FKeeper.Note();
+}
+
+void TGridActions::SortNext(int section) {
+    FMenuSection = section;
+    const TcxViewColumn* column = Column();
+    if (column != nullptr) {
+        const TdxSortOrder before = column->GetSortOrder();
+        Sort(before == soNone ? soAscending : before == soAscending ? soDescending : soNone);
+    }
+    FMenuSection = -1;
+}
+
+void TGridActions::FollowIndicator() {
+    const TcxTreeListColumn* sorted = FForm.FormView().Tree->GetSortedColumn(0);
+    const int section = sorted == nullptr ? -1 : sorted->VisibleIndex();
+    Header().setSortIndicatorShown(section >= 0);
+    const bool isDown = sorted != nullptr && sorted->GetSortOrder() == soDescending;
+    Header().setSortIndicator(section, isDown ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void TGridActions::ShowMenu(const QPoint& place) {
@@ -147,15 +187,18 @@ void TGridActions::OpenMenu() {
     ShowMenu({Header().sectionViewportPosition(section) + 1, Header().height() / 2});
 }
 
+void TGridActions::ClearSorting() {
+    if (TcxGridTableView* grid = GridOf(FForm)) {
+        grid->ClearSorting();
+    } else {
+        FForm.FormView().Tree->ClearSorting();
+    }
+}
+
 void TGridActions::Sort(TdxSortOrder order) {
     TcxViewColumn* column = Column();
     if (column == nullptr) return;
-    const TFormView view = FForm.FormView();
-    if (view.Grid != nullptr) {
-        view.Grid->ActiveView()->ClearSorting();
-    } else {
-        view.Tree->ClearSorting();
-    }
+    ClearSorting();
     column->SetSortOrder(order);
     FKeeper.Note();
 }
@@ -208,26 +251,18 @@ void TGridActions::Fit() {
 }
 
 QString TGridActions::CopyText(bool withCaptions) {
-    std::vector<Integer> columns(static_cast<std::size_t>(FForm.ColumnCount()));
-    for (std::size_t index = 0; index < columns.size(); ++index) {
-        columns[index] = static_cast<Integer>(index);
-    }
-    columns.erase(std::remove_if(columns.begin(), columns.end(),
-                                 [this](Integer c) { return !FForm.Column(c).GetVisible(); }),
-                  columns.end());
+    const QAbstractItemModel& model = *FView.model();
     QStringList lines;
     QStringList cells;
-    if (withCaptions) {
-        for (const Integer column : columns) cells << ToQt(FForm.Column(column).Caption());
-        lines << cells.join(u'\t');
+    for (int section = 0; withCaptions && section < model.columnCount(); ++section) {
+        cells << model.headerData(section, Qt::Horizontal).toString();
     }
+    if (withCaptions) lines << cells.join(u'\t');
     QModelIndexList chosen = FView.selectionModel()->selectedRows();
-    std::sort(chosen.begin(), chosen.end(), [this](const QModelIndex& a, const QModelIndex& b) {
-        return FView.visualRect(a).top() < FView.visualRect(b).top();
-    });
+    std::sort(chosen.begin(), chosen.end());
     for (const QModelIndex& index : chosen) {
         cells.clear();
-        for (int section = 0; section < index.model()->columnCount(index.parent()); ++section) {
+        for (int section = 0; section < model.columnCount(); ++section) {
             cells << index.sibling(index.row(), section).data().toString();
         }
         lines << cells.join(u'\t');

@@ -27,7 +27,7 @@ public:
     TFindBar& FindBar() { return *FFindBar; }
     // In the order of the menu.
     const QList<QAction*>& Actions() const { return FActions; }
-    // Once per frame: the texts follow the language.
+    // Once per frame: the texts follow the language, and the captions of a tree its sorting.
     void Follow();
     // The chosen rows with their visible columns, as the view shows them, apart by tabs.
     QString CopyText(bool withCaptions);
@@ -42,6 +42,12 @@ private:
     QHeaderView& Header() const;
     void ShowMenu(const QPoint& place);
     void OpenMenu();
+    TcxViewColumn* ColumnAt(int section);
+    void MoveColumn(int section, int from, int to);
+    // Up, down, and as the rows came.
+    void SortNext(int section);
+    void FollowIndicator();
+    void ClearSorting();
     void Sort(TdxSortOrder order);
     void SortAscending() { Sort(soAscending); }
     void SortDescending() { Sort(soDescending); }
@@ -71,6 +77,7 @@ private:
     QTimer FNoteTimer;             // one step for a width that is being dragged
     TAppLanguage FShownLanguage = TAppLanguage::None;
     int FMenuSection = -1;
+    bool FIsMoving = false; // a caption goes back to where Qt had it
 };
 
 } // namespace quorin

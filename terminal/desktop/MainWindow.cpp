@@ -36,7 +36,8 @@ const QString TMainWindow::StateKey = QStringLiteral("window.state");
 
 TMainWindow::TMainWindow(TDesktopSession& session, const TDesktopOptions& options,
                          TWorkspace& workspace)
-    : FSession(session), FWorkspace(workspace), FStatus(new TStatusLine(session, this)) {
+    : FSession(session), FWorkspace(workspace), FSettings(session.Services().Config(), workspace),
+      FStatus(new TStatusLine(session, this)) {
     setWindowTitle(QLatin1String(ProgramTitle) + u' ' + ToQt(session.Exchange()));
     setDockNestingEnabled(true);
     setDockOptions(dockOptions() | AllowTabbedDocks | AllowNestedDocks);
@@ -175,6 +176,7 @@ void TMainWindow::Store() {
         FWorkspace.Set(GeometryKey, ToBase64(saveGeometry()));
         FWorkspace.Set(StateKey, ToBase64(saveState()));
     }
+    FSettings.Store();
     FWorkspace.Store();
 }
 

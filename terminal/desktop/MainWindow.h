@@ -3,6 +3,7 @@
 #include "terminal/desktop/DesktopOptions.h"
 #include "terminal/desktop/DesktopSession.h"
 #include "terminal/desktop/PaneDock.h"
+#include "terminal/desktop/StoredSettings.h"
 #include "terminal/desktop/Workspace.h"
 
 #include <QMainWindow>
@@ -76,6 +77,7 @@ private:
 
     TDesktopSession& FSession;
     TWorkspace& FWorkspace;
+    TStoredSettings FSettings;
     std::vector<TPaneDock*> FDocks; // in order of opening
     TStatusLine* FStatus;
     TAppLanguage FShownLanguage = TAppLanguage::None;

@@ -11,7 +11,8 @@ namespace quorin {
 
 namespace {
 constexpr int SummaryMargin = 6;
-}
+const QString PartialMark = QStringLiteral("  \u26A0");
+} // namespace
 
 TPositionViewPane::TPositionViewPane(StringView account, TOrderDialog& dialog, QWidget* parent)
     : TActionPane(TPaneKind::PositionView, parent) {
@@ -40,9 +41,20 @@ TPositionViewPane::~TPositionViewPane() {
 void TPositionViewPane::Follow() {
     FAccounts->Follow(FForm->ShownAccount());
     TActionPane::Follow();
+    if (Grid().PaintCount() == FSummedPaints && !FLanguage.TakeChange()) return;
+    FSummedPaints = Grid().PaintCount();
+    ShowSummary();
+}
+
+// Totals that leave something out have a mark, and say on hover what.
+void TPositionViewPane::ShowSummary() {
+    const QString reason = ToQt(FForm->PartialReason());
     QStringList lines;
     for (const String& line : FForm->Summary()) lines << ToQt(line);
+    if (!reason.isEmpty() && !lines.isEmpty()) lines.back() += PartialMark;
     const QString summary = lines.join(u'\n');
+    FSummary->setToolTip(reason);
+    FSummary->setAccessibleDescription(reason);
     if (FSummary->text() == summary) return;
     FSummary->setText(summary);
     FSummary->setAccessibleName(summary);

@@ -33,9 +33,13 @@ protected:
     void JoinGroup(StringView groupID) override;
 
 private:
+    void ShowSummary();
+
     TPositionViewForm* FForm; // the base's
     TAccountBar* FAccounts;
     QLabel* FSummary;
+    TShownLanguage FLanguage;
+    Int64 FSummedPaints = -1; // of the grid, when the summary was made
 };
 
 } // namespace quorin

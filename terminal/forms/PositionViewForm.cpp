@@ -86,6 +86,7 @@ constexpr Integer All[] = {
 };
 
 constexpr Integer MoneyDecimals = 2;
+constexpr Integer MostNamed = 5; // symbols in a reason
 
 String MoneyText(Double amount, StringView currency) {
     return FormatDecimals(amount, MoneyDecimals, /*grouping=*/true) + u' ' + String(currency);
@@ -146,6 +147,25 @@ std::vector<String> TPositionViewForm::Summary() {
     lines.push_back(Labelled(TerminalKey::Res_MarketValue, MarketValueText()));
     lines.push_back(Labelled(TerminalKey::Res_AcceptValue, AcceptValueText()));
     return lines;
+}
+
+String TPositionViewForm::PartialReason() {
+    const auto isNothing = [](const Variant& value) {
+        Double number = 0.0;
+        return !value.TryToDouble(number) || number == 0.0;
+    };
+    String symbols;
+    Integer count = 0;
+    for (Integer row = 0; row < RowCount(); ++row) {
+        if (isNothing(Value(row, V::NetQuantity))) continue;
+        if (!isNothing(Value(row, A::ConvertedMarketValue))) continue;
+        if (++count > MostNamed) continue;
+        if (count > 1) symbols += u", ";
+        symbols += Symbol(row);
+    }
+    if (count == 0) return {};
+    if (count > MostNamed) symbols += u", \u2026";
+    return FormatText(InterfaceText(TerminalKey::Res_RowsWithoutPrice), {symbols});
 }
 
 std::vector<String> TPositionViewForm::HolderLines() {

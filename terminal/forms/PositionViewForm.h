@@ -42,6 +42,9 @@ class TPositionViewForm : public TListForm, public TAccountView {
     String Title() override;
     // Who holds the account, its status, and the totals in one currency.
     std::vector<String> Summary() override;
+    // Names rows that are held and have no market value in the currency of the totals: without a
+    // price, or without a ratio of their currency.
+    String PartialReason() override;
 
     // The lines on the holder.
     std::vector<String> HolderLines();

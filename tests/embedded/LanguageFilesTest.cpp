@@ -162,8 +162,9 @@ TEST(LanguageFilesTest, ChineseIsWrittenInItsOwnCharacters) {
         const String& other = isTraditional ? simplified : traditional;
         for (const auto& [key, text] : Texts(language)) {
             const String wide = FromUtf8(text.Text);
-            const bool isChinese =
-                std::any_of(wide.begin(), wide.end(), [](Char unit) { return unit >= 0x3000; });
+            const bool isChinese = std::any_of(wide.begin(), wide.end(), [](Char unit) {
+                return unit >= 0x3000 || (unit >= u'0' && unit <= u'9'); // or a bare figure
+            });
             EXPECT_TRUE(isChinese) << language << " " << Show(key) << " is not translated";
             for (std::size_t i = 0; i < own.size(); ++i) {
                 if (own[i] == other[i]) continue;

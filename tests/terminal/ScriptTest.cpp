@@ -71,6 +71,7 @@ TEST(ScriptTest, OnlyWhatChangedIsPrinted) {
     const std::string emptied = Behind("underlyer HKFE HKFE.HSI options\n");
     EXPECT_EQ(emptied, "> 2 underlyer HKFE HKFE.HSI options\n"
                        "  head     HKFE.HSI options  M88001  09:30:00.000  #0\n"
+                       "  market   Futures and options  Hang Seng Index\n"
                        "  market     0-19 gone\n");
 }
 
