@@ -1,8 +1,15 @@
 #include "terminal/desktop/ActionPane.h"
 
+#include "terminal/desktop/TableSize.h"
+
 #include <QVBoxLayout>
 
 namespace quorin {
+
+namespace {
+constexpr int UsualRows = 8;
+constexpr QSize LargestTable(1100, 500);
+} // namespace
 
 QVBoxLayout& TActionPane::Bind(std::unique_ptr<TListForm> form, TOrderDialog& dialog,
                                std::vector<TRowAction> actions) {
@@ -22,6 +29,11 @@ QVBoxLayout& TActionPane::Bind(std::unique_ptr<TListForm> form, TOrderDialog& di
 TActionPane::~TActionPane() {
     delete FBar;
     delete FGrid;
+}
+
+QSize TActionPane::sizeHint() const {
+    const QSize table = TableSize(*FGrid, UsualRows).boundedTo(LargestTable);
+    return QWidget::sizeHint().expandedTo(table);
 }
 
 void TActionPane::Follow() {

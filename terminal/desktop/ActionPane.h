@@ -23,6 +23,7 @@ public:
     TShownForm* Shown() override { return FForm.get(); }
     QAbstractItemView* ItemView() override { return FGrid; }
     bool IsAsking() const override { return FBar->IsAsking(); }
+    QSize sizeHint() const override;
 
 protected:
     using TPane::TPane;

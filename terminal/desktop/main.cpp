@@ -22,6 +22,7 @@ void DropMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 
 int TakePicture(TMainWindow& window, TDesktopSession& session, const TDesktopOptions& options) {
     window.show();
+    QApplication::processEvents(); // every form has its size
     for (Integer step = 0; step < options.Steps; ++step) {
         window.Frame(); // subscribes what is on screen
         session.Step();

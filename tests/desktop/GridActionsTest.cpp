@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTemporaryDir>
@@ -28,6 +29,7 @@ private slots:
     void cleanup();
 
     void ChoosesColumnsAndTakesThemBack();
+    void MovesColumns();
     void Filters();
     void CopiesWhatShows();
     void Finds();
@@ -66,6 +68,9 @@ void TGridActionsTest::cleanup() {
 }
 
 void TGridActionsTest::Press(int key, Qt::KeyboardModifiers modifiers) {
+    FPane->activateWindow(); // no window manager gives it back after a dialog
+    QVERIFY(QTest::qWaitForWindowActive(FPane.get()));
+    FPane->Grid().setFocus();
     QTest::keyClick(&FPane->Grid(), static_cast<Qt::Key>(key), modifiers);
     FPane->Follow();
 }
@@ -84,7 +89,9 @@ void TGridActionsTest::ChoosesColumnsAndTakesThemBack() {
     const String before = FActions->Keeper().Layout();
     const int columns = FPane->Grid().model()->columnCount();
     Answer<TColumnChooser>([](TColumnChooser& dialog) {
-        dialog.List().item(dialog.List().count() - 1)->setCheckState(Qt::Unchecked);
+        int last = dialog.List().count() - 1;
+        while (dialog.List().item(last)->checkState() != Qt::Checked) --last;
+        dialog.List().item(last)->setCheckState(Qt::Unchecked);
         dialog.accept();
     });
     Press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
@@ -94,6 +101,18 @@ void TGridActionsTest::ChoosesColumnsAndTakesThemBack() {
     QCOMPARE(FPane->Grid().model()->columnCount(), columns);
     QCOMPARE(FActions->Keeper().Layout(), before);
     QVERIFY(!FActions->Keeper().Undo());
+}
+
+void TGridActionsTest::MovesColumns() {
+    const TcxGridColumn* moved = View().GetColumn(0);
+    FPane->Grid().horizontalHeader()->moveSection(0, 2);
+    QCOMPARE(View().GetColumn(2), moved);
+    FPane->Follow();
+    QCOMPARE(FPane->Grid().model()->headerData(2, Qt::Horizontal).toString(),
+             ToQt(moved->Caption()));
+    QCOMPARE(FPane->Grid().horizontalHeader()->visualIndex(2), 2);
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(View().GetColumn(0), moved);
 }
 
 void TGridActionsTest::Filters() {
