@@ -72,8 +72,9 @@ QVariant TGridModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole: return QVariant(AlignmentOf(*column));
     case HasMarksRole: return FForm != nullptr && FForm->HasMarks(column->GetTag());
     case MarkRole: {
-        const auto mark = FForm != nullptr ? FForm->Mark(index.row(), column->GetTag())
-                                           : std::optional<TPriceChangeState>();
+        const bool hasMarks = FForm != nullptr && FForm->HasMarks(column->GetTag());
+        const auto mark = hasMarks ? FForm->Mark(index.row(), column->GetTag())
+                                   : std::optional<TPriceChangeState>();
         return mark.has_value() ? QVariant(static_cast<Integer>(*mark)) : QVariant();
     }
     case FlashRole:
