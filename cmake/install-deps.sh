@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# install-deps.sh [build] [bench] [desktop] [readers] [clang] [docs]: installs what these groups need and the machine
+# install-deps.sh [build] [bench] [desktop] [readers] [clang] [docs] [coverage]: installs what these groups need and the machine
 # lacks, on Debian.
 # Says nothing when nothing is missing.
 set -euo pipefail
@@ -92,6 +92,7 @@ for group in "$@"; do
         readers) check_readers ;;
         clang) check_clang ;;
         docs) check_docs ;;
+        coverage) need_command gcovr gcovr ;;
         *)
             echo "install-deps.sh: no group is called $group" >&2
             exit 2

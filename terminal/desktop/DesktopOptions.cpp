@@ -16,6 +16,7 @@ namespace {
 constexpr int UnusableOptions = 2;
 constexpr double ShortestStep = 0.001; // seconds: what the timer of the window can do
 constexpr double LongestStep = 3600.0;
+constexpr int LongestMeasure = 3600;
 constexpr int MostSteps = 100'000;
 constexpr const char* Usage =
     "; --help lists the options of the window, --text --help those of the console";
@@ -77,6 +78,10 @@ TDesktopCommandLine ParseDesktopCommandLine(int argc, const char* const* argv) {
     app.add_option("--steps", options.Steps, "deliveries before the picture (default: 40)")
         ->type_name("N")
         ->check(CLI::Range(0, MostSteps).description(""));
+    app.add_option("--measure", options.MeasureSeconds,
+                   "run so long, then tell updates and frames a second and the longest pause")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(1, LongestMeasure).description(""));
     app.add_option("--theme", theme, "light or dark (default: as last time)")
         ->type_name("NAME")
         ->check(NamesOf(Themes).description(""));

@@ -15,6 +15,7 @@ struct TDesktopOptions {
     std::optional<TPaneKind> Form;    // none: the whole terminal
     std::filesystem::path Screenshot; // empty: a window instead
     Integer Steps = 40;               // deliveries before the picture is taken
+    Integer MeasureSeconds = 0;       // 0: runs until it is closed
     // None: as the workspace has it, else the first of each.
     std::optional<TTheme> Theme;
     std::optional<TAppLanguage> Language;

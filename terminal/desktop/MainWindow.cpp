@@ -56,11 +56,15 @@ TMainWindow::~TMainWindow() {
 }
 
 void TMainWindow::Start(Double stepSeconds) {
+    FFrameTimer.setTimerType(Qt::PreciseTimer); // a coarse one may come early
     FStepTimer.start(std::max(static_cast<int>(stepSeconds * MillisecondsPerSecond), 1));
     FFrameTimer.start(FrameInterval);
 }
 
 void TMainWindow::Frame() {
+    if (FSinceFrame.isValid())
+        FLongestPause = std::max<Int64>(FLongestPause, FSinceFrame.elapsed());
+    FSinceFrame.start();
     FollowLanguage();
     const std::vector<TPaneDock*> docks = FDocks; // a form may end inside
     for (TPaneDock* dock : docks) {
@@ -69,7 +73,7 @@ void TMainWindow::Frame() {
         }
         dock->Follow();
     }
-    FStatus->Follow(++FPaints);
+    FStatus->Follow(++FFrames);
 }
 
 // Languages are switched by whoever reaches the service.

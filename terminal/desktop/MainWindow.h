@@ -6,6 +6,7 @@
 #include "terminal/desktop/StoredSettings.h"
 #include "terminal/desktop/Workspace.h"
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -35,6 +36,9 @@ public:
     void Start(Double stepSeconds);
     // Draws what has changed since the frame before.
     void Frame();
+    // How many frames there were, and the longest time between two, in milliseconds.
+    Int64 Frames() const { return FFrames; }
+    Int64 LongestPause() const { return FLongestPause; }
 
     // Opens one more form of the kind, with the layout that a form of its number had last.
     TPane& Open(TPaneKind kind);
@@ -81,7 +85,9 @@ private:
     std::vector<TPaneDock*> FDocks; // in order of opening
     TStatusLine* FStatus;
     TAppLanguage FShownLanguage = TAppLanguage::None;
-    Int64 FPaints = 0;
+    QElapsedTimer FSinceFrame;
+    Int64 FFrames = 0;
+    Int64 FLongestPause = 0;
     bool FSizesAreDue = false;
     bool FKeepsForms = false; // as the whole terminal, not a single form
     QTimer FStepTimer;

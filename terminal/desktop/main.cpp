@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QProgressDialog>
+#include <QTimer>
 
 #include <iostream>
 
@@ -59,6 +60,18 @@ private:
     QProgressDialog FDialog;
 };
 
+int Measure(TMainWindow& window, TDesktopSession& session, Integer seconds) {
+    constexpr int millisecondsPerSecond = 1000;
+    const Int64 updates = session.Updates();
+    const Int64 frames = window.Frames();
+    QTimer::singleShot(seconds * millisecondsPerSecond, &window, [] { QApplication::quit(); });
+    const int status = QApplication::exec();
+    std::cout << (session.Updates() - updates) / seconds << " updates/s, "
+              << (window.Frames() - frames) / seconds << " frames/s, longest pause "
+              << window.LongestPause() << " ms\n";
+    return status;
+}
+
 int Run(QApplication& application, TDesktopOptions options) {
     TWorkspace workspace(QString::fromStdString(options.Workspace.string()));
     if (!workspace.Problem().isEmpty()) {
@@ -73,10 +86,12 @@ int Run(QApplication& application, TDesktopOptions options) {
     load.Close();
     TMainWindow window(session, options, workspace);
     if (!options.Screenshot.empty()) return TakePicture(window, session, options);
+    window.show();
+    QApplication::processEvents(); // the first layout is no pause of a running window
     window.Frame();
     window.Start(options.StepSeconds);
-    window.show();
-    return QApplication::exec();
+    return options.MeasureSeconds > 0 ? Measure(window, session, options.MeasureSeconds)
+                                      : QApplication::exec();
 }
 
 } // namespace
