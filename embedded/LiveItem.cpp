@@ -138,7 +138,7 @@ TFieldStore::TCell& TFieldStore::Obtain(Integer fieldNo) {
 }
 
 TEmbeddedSubItem::TEmbeddedSubItem(TEmbeddedSubscribeAdapter& adapter, StringView key)
-    : FKey(key), FAdapter(adapter) {}
+    : FAdapter(adapter), FKey(key) {}
 
 Double TEmbeddedSubItem::RecordNumber(Integer fieldNo) const {
     return FRecord->FieldNumber(fieldNo);

@@ -72,8 +72,8 @@ private:
     const TCell* FindFurther(Integer fieldNo) const;
     TCell& Obtain(Integer fieldNo);
 
-    std::array<Byte, SlotCount> FPlaces = NoPlaces(); // from slot to FCells
     std::vector<TCell> FCells;
+    std::array<Byte, SlotCount> FPlaces = NoPlaces(); // from slot to FCells
     std::vector<String> FTexts;
     std::unique_ptr<std::vector<TFurtherCell>> FFurther; // fields without a slot, by number
 
@@ -88,7 +88,7 @@ private:
 // here. A feed writes fields and marks the item as changed with
 // TEmbeddedSubscribeAdapter::Touch; readers see a written field at once and hear of it with the
 // next delivery. Made by the adapter only, which also owns it.
-class TEmbeddedSubItem final : public TCustomSubItem {
+class alignas(64) TEmbeddedSubItem final : public TCustomSubItem {
     QUORIN_CLASS(TEmbeddedSubItem, TCustomSubItem)
 public:
     TEmbeddedSubItem(TEmbeddedSubscribeAdapter& adapter, StringView key);
@@ -136,17 +136,18 @@ private:
 
     Double RecordNumber(Integer fieldNo) const;
 
-    // What a delivery reads stands together.
+    // Of very many items each update meets one, which is then far away in memory. What a feed
+    // writes fills the first cache line, what a delivery reads the last one.
     Integer FStatus = ItemStatus::Waiting;
     Integer FItemIndex = NoItemIndex;
     bool FTouched = false;
     bool FDelivered = false;
-    std::vector<TFollower> FFollowers;                        // one per owner
-    std::unique_ptr<TRegistrations<TNotifyEvent>> FListeners; // from the first listener on
-    String FKey;
     TFieldStore FFields;
     const TEmbeddedMarketData* FRecord = nullptr;
     TEmbeddedSubscribeAdapter& FAdapter;
+    alignas(64) String FKey;
+    std::unique_ptr<TRegistrations<TNotifyEvent>> FListeners; // from the first listener on
+    std::vector<TFollower> FFollowers;                        // one per owner
 };
 
 } // namespace quorin

@@ -1,5 +1,6 @@
 #include "embedded/SubscribeService.h"
 
+#include "platform/rtl/Prefetch.h"
 #include "platform/rtl/ScopedValue.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
 }
 
 TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
-    if (FLastItem != nullptr && SameUnits(FLastItem->FKey, key)) return FLastItem;
+    if (IsLast(key)) return FLastItem;
     TEmbeddedSubItem* const* found = FByKey.Find(key);
     if (found == nullptr) return nullptr;
     FLastItem = *found;
@@ -38,7 +39,7 @@ TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
 }
 
 TCustomSubItem* TEmbeddedSubscribeAdapter::GetSubItem(StringView Key, StringView, Boolean Flag) {
-    TEmbeddedSubItem& item = Item(Key);
+    TEmbeddedSubItem& item = IsLast(Key) ? *FLastItem : Item(Key);
     if (Flag) Request(item);
     return &item;
 }
@@ -148,6 +149,7 @@ void TEmbeddedSubscribeAdapter::Touch(TEmbeddedSubItem& item) {
     if (item.FTouched) return;
     item.FTouched = true;
     FTouched.Add(&item);
+    FetchSoon(item.FKey.data()); // the delivery wants it
 }
 
 void TEmbeddedSubscribeAdapter::Deliver() {
@@ -168,8 +170,19 @@ void TEmbeddedSubscribeAdapter::Deliver() {
     if (FDepth == 0) SweepReceivers();
 }
 
+// Who hears of an item will ask for it by its key.
+void TEmbeddedSubscribeAdapter::FetchAhead(const TList<TEmbeddedSubItem*>& items) const {
+    if (FByKey.Count() < FarTable) return;
+    for (const TFetchStep step : FetchSteps) {
+        for (const TEmbeddedSubItem* item : items) {
+            if (!item->FFollowers.empty()) FByKey.Fetch(step, HashText(item->FKey));
+        }
+    }
+}
+
 void TEmbeddedSubscribeAdapter::BeginBatch(TBatch& batch, TDeliverySerial serial) {
     std::swap(batch.Items, FTouched);
+    FetchAhead(batch.Items);
     for (TEmbeddedSubItem* item : batch.Items) {
         item->FTouched = false;
         if (!item->FDelivered && item->FStatus == ItemStatus::Waiting) {

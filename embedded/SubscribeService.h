@@ -86,11 +86,16 @@ private:
         TList<TCall> Calls;
     };
 
+    // A cell is read beside the cells of its row, so that most look-ups end here.
+    bool IsLast(StringView key) const {
+        return FLastItem != nullptr && SameUnits(FLastItem->FKey, key);
+    }
     void AddListener(TEmbeddedSubItem& item, const TNotifyEvent& event, TObject* owner);
     void RemoveListener(TEmbeddedSubItem& item, TObject* owner);
     void Request(TEmbeddedSubItem& item);
     void ServeRequests();
     void ServeRequests(TList<TEmbeddedSubItem*>& requests, TItemFeed* feed);
+    void FetchAhead(const TList<TEmbeddedSubItem*>& items) const;
     void BeginBatch(TBatch& batch, TDeliverySerial serial);
     void CallReceivers(TBatch& batch, TDeliverySerial serial);
     void CallListeners(TBatch& batch, TDeliverySerial serial);

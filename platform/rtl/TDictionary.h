@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/rtl/Hash.h"
+#include "platform/rtl/Prefetch.h"
 #include "platform/rtl/TList.h"
 
 #include <cstddef>
@@ -103,6 +104,18 @@ public:
         return found != nullptr;
     }
 
+    // One step ahead of a look-up of the key with that hash, by its traits; see TFetchStep.
+    void Fetch(TFetchStep step, std::uint64_t keyHash) const {
+        if (FCount < FarTable) return;
+        const std::uint32_t hash = Shorten(keyHash);
+        const TCell& cell = FCells[hash & (FCells.size() - 1)];
+        if (step == TFetchStep::Cell) return FetchSoon(&cell);
+        if (cell.Hash != hash || cell.Entry == Empty) return;
+        const TEntry& entry = FEntries[cell.Entry];
+        if (step == TFetchStep::Entry) return FetchSoon(&entry);
+        if constexpr (std::is_same_v<K, String>) FetchSoon(entry.Key.data());
+    }
+
     // Adds a key that is not there yet; with a known key it changes nothing and answers false.
     bool Add(View key, V value) {
         const std::uint32_t hash = HashOf(key);
@@ -187,8 +200,9 @@ public:
 private:
     static constexpr std::size_t NoCell = static_cast<std::size_t>(-1);
 
-    static std::uint32_t HashOf(View key) {
-        const auto hash = static_cast<std::uint32_t>(Traits::Hash(key));
+    static std::uint32_t HashOf(View key) { return Shorten(Traits::Hash(key)); }
+    static std::uint32_t Shorten(std::uint64_t keyHash) {
+        const auto hash = static_cast<std::uint32_t>(keyHash);
         return hash == Dead ? 1 : hash;
     }
     static bool IsCrowded(std::size_t entries, std::size_t cells) {

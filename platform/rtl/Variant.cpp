@@ -31,7 +31,7 @@ Variant& Variant::operator=(Variant&& other) noexcept {
     return *this;
 }
 
-Double Variant::ToDouble() const {
+Double Variant::ReadDouble() const {
     Double value = 0.0;
     if (!TryToDouble(value)) RaiseNotANumber();
     return value;

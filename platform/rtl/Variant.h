@@ -48,7 +48,7 @@ public:
 
     // The number, or the number that the whole text spells. Raises EVariantError for anything
     // else: null, an array, empty text, text that is no number.
-    Double ToDouble() const;
+    Double ToDouble() const { return FKind == TKind::Real ? FDouble : ReadDouble(); }
     // The same as a whole number: a Double is rounded half to even and saturates.
     Int64 ToInt64() const;
     // Null is empty text; a Double that is a whole number has no point. Raises for an array.
@@ -67,6 +67,7 @@ private:
         if (FKind >= TKind::Text) Destroy();
     }
     void Destroy();
+    Double ReadDouble() const;
     void CopyFrom(const Variant& other);
     void MoveFrom(Variant& other) noexcept {
         if (other.FKind < TKind::Text) {

@@ -79,14 +79,12 @@ void TcxCustomDataController::Forget() {
     if (FOnForget) FOnForget(this);
 }
 
-Integer TcxCustomDataController::RecordCount() {
+Integer TcxCustomDataController::CountRecords() {
     if (FSource == nullptr) return 0;
-    if (FIsStale) {
-        FIsStale = false; // before the call, which may tell of the next change
-        ++FCounters.Counts;
-        const Integer count = FSource->GetRecordCount();
-        FRecordCount = std::max<Integer>(count, 0);
-    }
+    FIsStale = false; // before the call, which may tell of the next change
+    ++FCounters.Counts;
+    const Integer count = FSource->GetRecordCount();
+    FRecordCount = std::max<Integer>(count, 0);
     return FRecordCount;
 }
 
@@ -94,6 +92,12 @@ Variant TcxCustomDataController::Value(TcxDataRecordHandle record, Integer item)
     if (FSource == nullptr) return Variant();
     ++FCounters.Values;
     return FSource->GetValue(record, FSource->GetItemHandle(item));
+}
+
+Variant TcxCustomDataController::ValueAt(Integer record, Integer item) {
+    if (FSource == nullptr) return Variant();
+    ++FCounters.Values;
+    return FSource->GetValue(FSource->GetRecordHandle(record), FSource->GetItemHandle(item));
 }
 
 bool TcxCustomDataController::TakeRepaint() {

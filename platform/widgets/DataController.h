@@ -64,10 +64,11 @@ public:
     virtual void Refresh();
 
     // Number of records, asked for at the first look after a change; 0 without a source.
-    Integer RecordCount();
+    Integer RecordCount() { return FIsStale ? CountRecords() : FRecordCount; }
     // Raw value of a cell; null without a source. `item` is the column's place in the order of
-    // making.
+    // making, `record` the source's handle or its index.
     Variant Value(TcxDataRecordHandle record, Integer item);
+    Variant ValueAt(Integer record, Integer item);
     // A look at what a change made untrue has not happened yet.
     bool IsStale() const { return FIsStale; }
 
@@ -97,6 +98,7 @@ public:
 
 private:
     void Forget();
+    Integer CountRecords();
     bool KeepsChangedRecords();
 
     TcxCustomDataSource* FSource = nullptr;

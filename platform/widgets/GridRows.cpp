@@ -1,7 +1,6 @@
 #include "platform/widgets/GridRows.h"
 
 #include "platform/rtl/ScopedValue.h"
-#include "platform/widgets/CustomDataSource.h"
 
 #include <algorithm>
 #include <numeric>
@@ -107,22 +106,19 @@ Integer TcxGridRows::Count() {
     return FIsPlain ? FController.RecordCount() : FOrder.Count();
 }
 
-Integer TcxGridRows::RecordAt(Integer row) {
+Integer TcxGridRows::EnsuredRecordAt(Integer row) {
     Ensure();
-    if (!FIsPlain) return FOrder.RecordAt(row);
-    return row >= 0 && row < FController.RecordCount() ? row : -1;
+    return FIsPlain ? PlainRecordAt(row) : FOrder.RecordAt(row);
 }
 
 Integer TcxGridRows::RowOf(Integer record) {
     Ensure();
     if (!FIsPlain) return FOrder.RowOf(record);
-    return record >= 0 && record < FController.RecordCount() ? record : -1;
+    return PlainRecordAt(record);
 }
 
 Variant TcxGridRows::Read(Integer record, const TcxViewColumn& column) {
-    TcxCustomDataSource* source = FController.CustomDataSource();
-    if (source == nullptr) return Variant();
-    return FController.Value(source->GetRecordHandle(record), column.ItemIndex());
+    return FController.ValueAt(record, column.ItemIndex());
 }
 
 bool TcxGridRows::Passes(Integer record) {

@@ -20,7 +20,9 @@ public:
 
     Integer Count();
     // Both -1 outside, and for a record that is not shown.
-    Integer RecordAt(Integer row);
+    Integer RecordAt(Integer row) {
+        return FIsBuilt && FIsPlain ? PlainRecordAt(row) : EnsuredRecordAt(row);
+    }
     Integer RowOf(Integer record);
 
     // While the order is held, rows stay where they are though their values change; records that
@@ -39,6 +41,10 @@ private:
     void MoveChanged();
     void KeepChanged();
     void Ensure();
+    Integer EnsuredRecordAt(Integer row);
+    Integer PlainRecordAt(Integer row) {
+        return row >= 0 && row < FController.RecordCount() ? row : -1;
+    }
     void BuildOrder(Integer records);
     Variant Read(Integer record, const TcxViewColumn& column);
     bool Passes(Integer record) override;

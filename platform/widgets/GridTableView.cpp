@@ -1,7 +1,5 @@
 #include "platform/widgets/GridTableView.h"
 
-#include "platform/widgets/CustomDataSource.h"
-
 #include <algorithm>
 
 namespace quorin {
@@ -26,10 +24,6 @@ TcxGridColumn& TcxGridTableView::AddColumn(Integer tag, StringView caption) {
     return column;
 }
 
-TcxGridColumn* TcxGridTableView::GetColumn(Integer index) const {
-    return static_cast<TcxGridColumn*>(FColumns.Get(index)); // AddColumn makes no others
-}
-
 TcxGridColumn* TcxGridTableView::GetSortedItem(Integer index) const {
     const TList<TcxViewColumn*> sorted = FColumns.Sorted();
     return sorted.Has(index) ? static_cast<TcxGridColumn*>(sorted[index]) : nullptr;
@@ -48,9 +42,9 @@ Integer TcxGridTableView::RowOfRecord(Integer record) {
 }
 
 Variant TcxGridTableView::Value(Integer row, const TcxCustomGridTableItem& column) {
-    const Integer record = RecordIndex(row);
+    const Integer record = FRows.RecordAt(row);
     if (record == NoRow) return Variant();
-    return FController.Value(CustomDataSource()->GetRecordHandle(record), column.ItemIndex());
+    return FController.ValueAt(record, column.ItemIndex());
 }
 
 void TcxGridTableView::GetCellText(Integer row, TcxCustomGridTableItem& column, String& text) {
@@ -64,8 +58,7 @@ void TcxGridTableView::GetRecordText(Integer record, TcxCustomGridTableItem& col
         FOnGetCellText(record, column, text);
         return;
     }
-    const Variant value =
-        FController.Value(CustomDataSource()->GetRecordHandle(record), column.ItemIndex());
+    const Variant value = FController.ValueAt(record, column.ItemIndex());
     if (!value.IsArray()) text = value.ToText();
 }
 

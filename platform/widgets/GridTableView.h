@@ -59,7 +59,9 @@ class TcxGridTableView : public TComponent {
     virtual TcxGridColumn& AddColumn(Integer tag, StringView caption = {});
     Integer GetColumnCount() const { return FColumns.Count(); }
     // Nil outside.
-    TcxGridColumn* GetColumn(Integer index) const;
+    TcxGridColumn* GetColumn(Integer index) const {
+        return static_cast<TcxGridColumn*>(FColumns.Get(index)); // AddColumn makes no others
+    }
 
     // The columns that sort, in the sort sequence; nil outside.
     Integer GetSortedItemCount() const { return FColumns.Sorted().Count(); }

@@ -227,14 +227,23 @@ void TcxRowOrder::Renumber() const {
     FIsNumbered = true;
 }
 
+bool TcxRowOrder::IsInChunkAt(std::size_t place, Integer row) const {
+    if (place >= FOrder.size()) return false;
+    const TChunk& chunk = FChunks[FOrder[place]];
+    return row >= chunk.FirstRow && At(row - chunk.FirstRow) < chunk.Records.size();
+}
+
 Integer TcxRowOrder::RecordAt(Integer row) const {
     if (row < 0 || row >= FCount) return -1;
     Renumber();
-    const auto startsBehind = [this](Integer wanted, std::uint32_t chunk) {
-        return wanted < FChunks[chunk].FirstRow;
-    };
-    const auto behind = std::upper_bound(FOrder.begin(), FOrder.end(), row, startsBehind);
-    const TChunk& chunk = FChunks[*(behind - 1)];
+    if (!IsInChunkAt(FSeenPlace, row)) { // cells are read row by row
+        const auto startsBehind = [this](Integer wanted, std::uint32_t chunk) {
+            return wanted < FChunks[chunk].FirstRow;
+        };
+        const auto behind = std::upper_bound(FOrder.begin(), FOrder.end(), row, startsBehind);
+        FSeenPlace = static_cast<std::size_t>(behind - FOrder.begin()) - 1;
+    }
+    const TChunk& chunk = FChunks[FOrder[FSeenPlace]];
     return chunk.Records[At(row - chunk.FirstRow)];
 }
 

@@ -63,6 +63,7 @@ private:
     void Drop(std::uint32_t chunk);
     std::uint32_t NewChunk(std::size_t place);
     void Renumber() const;
+    bool IsInChunkAt(std::size_t place, Integer row) const;
     Integer CountMovesIn(const std::vector<std::pair<Integer, Integer>>& rows, std::size_t first,
                          std::size_t end, TcxRowSource& source) const;
     bool HasRecord(Integer record) const {
@@ -78,6 +79,7 @@ private:
     std::vector<Integer> FTaken; // out of the order, on their way to new places
     Integer FCount = 0;
     mutable bool FIsNumbered = true; // the chunks know their places and first rows
+    mutable std::size_t FSeenPlace = 0; // of the row that was looked at last
 };
 
 } // namespace quorin

@@ -11,26 +11,31 @@ namespace {
 constexpr Integer FirstCells = 16;
 constexpr Integer CellsPerRow = 2; // at least
 
-Integer CellOf(StringView symbol, Integer cells) {
-    return static_cast<Integer>(HashText(symbol) & static_cast<std::uint64_t>(cells - 1));
-}
-
 } // namespace
 
 Integer TRowIndex::Find(const TList<String>& list, StringView symbol) {
     if (FRows > list.Count()) Clear();
     if (FRows < list.Count()) TakeIn(list);
     if (FRows == 0) return NoRow;
-    const Integer mask = FCells.Count() - 1;
-    for (Integer cell = CellOf(symbol, FCells.Count()); FCells[cell] != NoRow;
-         cell = (cell + 1) & mask) {
-        if (list[FCells[cell]] == symbol) return FCells[cell];
+    const std::uint64_t hash = HashText(symbol);
+    for (Integer cell = CellOf(hash); FCells[cell].Row != NoRow; cell = Next(cell)) {
+        if (FCells[cell].Hash != static_cast<std::uint32_t>(hash)) continue;
+        if (list[FCells[cell].Row] == symbol) return FCells[cell].Row;
     }
     return NoRow;
 }
 
+void TRowIndex::Fetch(TFetchStep step, const TList<String>& list, std::uint64_t symbolHash) const {
+    if (FRows < FarTable) return;
+    const TCell& cell = FCells[CellOf(symbolHash)];
+    if (step == TFetchStep::Cell) return FetchSoon(&cell);
+    if (!list.Has(cell.Row)) return;
+    const String& symbol = list[cell.Row];
+    FetchSoon(step == TFetchStep::Entry ? static_cast<const void*>(&symbol) : symbol.data());
+}
+
 void TRowIndex::Clear() {
-    std::fill(FCells.begin(), FCells.end(), NoRow);
+    std::fill(FCells.begin(), FCells.end(), TCell{});
     FRows = 0;
 }
 
@@ -40,17 +45,17 @@ void TRowIndex::TakeIn(const TList<String>& list) {
     if (cells != FCells.Count()) {
         FCells = {};
         FCells.Reserve(cells);
-        while (FCells.Count() < cells) FCells.Add(NoRow);
+        while (FCells.Count() < cells) FCells.Add(TCell{});
         FRows = 0;
     }
     for (; FRows < list.Count(); ++FRows) Place(list, FRows);
 }
 
 void TRowIndex::Place(const TList<String>& list, Integer row) {
-    const Integer mask = FCells.Count() - 1;
-    Integer cell = CellOf(list[row], FCells.Count());
-    while (FCells[cell] != NoRow) cell = (cell + 1) & mask;
-    FCells[cell] = row;
+    const std::uint64_t hash = HashText(list[row]);
+    Integer cell = CellOf(hash);
+    while (FCells[cell].Row != NoRow) cell = Next(cell);
+    FCells[cell] = {static_cast<std::uint32_t>(hash), row};
 }
 
 } // namespace quorin

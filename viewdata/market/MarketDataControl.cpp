@@ -199,10 +199,25 @@ void TCustomMarketDataControl::MoveRecord(Integer FromRecordIndex, Integer ToRec
 void TCustomMarketDataControl::SymbolUpdate(Pointer Sender, Pointer) {
     if (Sender == nullptr) return;
     const auto& changed = *static_cast<const TSubItemDictionary*>(Sender);
+    FetchAhead(changed);
     Boolean followed = false;
     for (const auto& [key, item] : changed) followed = UpdateSymbolMessage(item) || followed;
     if (!followed) return;
     FireRowsChanged([&](TChangedRows& rows) { NameFollowedRows(changed, rows); });
+}
+
+// The rows of a long list lie far apart in memory: what the batch will look up is asked for ahead.
+void TCustomMarketDataControl::FetchAhead(const TSubItemDictionary& changed) const {
+    if (FSubscribedDataList.Count() < FarTable) return;
+    for (const TFetchStep step : FetchSteps) {
+        for (const auto& [key, item] : changed) {
+            const std::uint64_t hash = HashText(key);
+            FSubscribedDataList.Fetch(step, hash);
+            FLastPriceList.Fetch(step, hash);
+            FLastMoveTick.Fetch(step, hash);
+            FRowIndex.Fetch(step, FDataList, hash);
+        }
+    }
 }
 
 // What a batch says of rows that are not followed is left for the next time that all rows count.

@@ -185,6 +185,7 @@ private:
     void WidenExtents(const TCustomSubItem& item);
     Boolean HasCategory() const { return FCategoryID >= 0; }
     void InitExchange(StringView exchange);
+    void FetchAhead(const TSubItemDictionary& changed) const;
     void NameFollowedRows(const TSubItemDictionary& changed, TChangedRows& rows);
     void NamePositions(const TAccountPositionDictionary& changed, TChangedRows& rows);
     void ReleaseSubscribedData();
