@@ -24,7 +24,7 @@ TEmbeddedSubscribeAdapter::~TEmbeddedSubscribeAdapter() = default;
 TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
     if (TEmbeddedSubItem* known = FindItem(key)) return *known;
     TEmbeddedSubItem& item = FItems.emplace_back(*this, key);
-    FByKey.Add(item.FKey, &item);
+    FByKey.Add(HashText(key), &item);
     FLastItem = &item;
     if (FFiller != nullptr) FFiller->Made(item);
     return item;
@@ -32,10 +32,11 @@ TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
 
 TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
     if (IsLast(key)) return FLastItem;
-    TEmbeddedSubItem* const* found = FByKey.Find(key);
-    if (found == nullptr) return nullptr;
-    FLastItem = *found;
-    return FLastItem;
+    TEmbeddedSubItem* found = FByKey.Find(HashText(key), [key](const TEmbeddedSubItem* item) {
+        return SameUnits(item->FKey, key);
+    });
+    if (found != nullptr) FLastItem = found;
+    return found;
 }
 
 TCustomSubItem* TEmbeddedSubscribeAdapter::GetSubItem(StringView Key, StringView, Boolean Flag) {
@@ -172,11 +173,8 @@ void TEmbeddedSubscribeAdapter::Deliver() {
 
 // Who hears of an item will ask for it by its key.
 void TEmbeddedSubscribeAdapter::FetchAhead(const TList<TEmbeddedSubItem*>& items) const {
-    if (FByKey.Count() < FarTable) return;
-    for (const TFetchStep step : FetchSteps) {
-        for (const TEmbeddedSubItem* item : items) {
-            if (!item->FFollowers.empty()) FByKey.Fetch(step, HashText(item->FKey));
-        }
+    for (const TEmbeddedSubItem* item : items) {
+        if (!item->FFollowers.empty()) FByKey.FetchCell(HashText(item->FKey));
     }
 }
 

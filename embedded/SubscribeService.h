@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded/LiveItem.h"
+#include "platform/rtl/KeyIndex.h"
 #include "platform/rtl/TDictionary.h"
 #include "platform/rtl/TList.h"
 
@@ -106,7 +107,7 @@ private:
     void SweepReceivers();
 
     std::deque<TEmbeddedSubItem> FItems;
-    TDictionary<String, TEmbeddedSubItem*> FByKey;
+    TKeyIndex<TEmbeddedSubItem*, nullptr> FByKey;
     mutable TEmbeddedSubItem* FLastItem = nullptr; // of the last look-up
     TList<TEmbeddedSubItem*> FTouched;
     TList<TEmbeddedSubItem*> FRequests;

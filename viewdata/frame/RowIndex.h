@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/rtl/Prefetch.h"
+#include "platform/rtl/KeyIndex.h"
 #include "platform/rtl/TList.h"
 
 namespace quorin {
@@ -20,20 +20,7 @@ public:
 private:
     static constexpr Integer NoRow = -1;
 
-    struct TCell {
-        std::uint32_t Hash = 0;
-        Integer Row = NoRow;
-    };
-
-    Integer CellOf(std::uint64_t hash) const {
-        return static_cast<Integer>(hash & static_cast<std::uint64_t>(FCells.Count() - 1));
-    }
-    Integer Next(Integer cell) const { return (cell + 1) & (FCells.Count() - 1); }
-    void TakeIn(const TList<String>& list);
-    void Place(const TList<String>& list, Integer row);
-
-    TList<TCell> FCells; // rows by the hash of their symbol; a power of two of them
-    Integer FRows = 0;   // of the list, that are in
+    TKeyIndex<Integer, NoRow> FRows; // by the hash of their symbol
 };
 
 } // namespace quorin
