@@ -28,8 +28,8 @@ Integer DecimalsOfStep(Double step) {
     return MostStepDecimals;
 }
 
-// std::nearbyint without the call, which is most of the cost of a price's decimals: what is added to
-// the shift has no bits left behind the point.
+// std::nearbyint without the call, which is most of the cost of a price's decimals: what is added
+// to the shift has no bits left behind the point.
 Double Nearest(Double value) {
     constexpr Double shift = 0x1.8p52;
     constexpr Double most = 0x1p51;

@@ -32,9 +32,8 @@ TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
 
 TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
     if (IsLast(key)) return FLastItem;
-    TEmbeddedSubItem* found = FByKey.Find(HashText(key), [key](const TEmbeddedSubItem* item) {
-        return SameUnits(item->FKey, key);
-    });
+    TEmbeddedSubItem* found = FByKey.Find(
+        HashText(key), [key](const TEmbeddedSubItem* item) { return SameUnits(item->FKey, key); });
     if (found != nullptr) FLastItem = found;
     return found;
 }

@@ -60,11 +60,11 @@ private:
     Integer FRecords = 0;  // of the order
     Integer FFiltered = 0; // the record that the filter is looking at
     bool FIsBuilt = false;
-    TList<Integer> FChanged; // reused from change to change
+    TList<Integer> FChanged;       // reused from change to change
     std::vector<Integer> FWaiting; // records whose change waits, by number, each once
     bool FAllWait = false;         // every record counts as one that waits
     bool FIsHeld = false;
-    bool FIsPlain = true;    // rows are records
+    bool FIsPlain = true; // rows are records
     bool FIsStale = false;
     bool FIsReading = false; // the order is being made
 };

@@ -78,7 +78,7 @@ private:
     std::vector<std::uint32_t> FFree;
     std::vector<Integer> FTaken; // out of the order, on their way to new places
     Integer FCount = 0;
-    mutable bool FIsNumbered = true; // the chunks know their places and first rows
+    mutable bool FIsNumbered = true;    // the chunks know their places and first rows
     mutable std::size_t FSeenPlace = 0; // of the row that was looked at last
 };
 

@@ -7,7 +7,8 @@ namespace quorin {
 Integer TRowIndex::Find(const TList<String>& list, StringView symbol) {
     if (FRows.Count() > list.Count()) Clear();
     if (FRows.Count() < list.Count()) FRows.Reserve(list.Count());
-    for (Integer row = FRows.Count(); row < list.Count(); ++row) FRows.Add(HashText(list[row]), row);
+    for (Integer row = FRows.Count(); row < list.Count(); ++row)
+        FRows.Add(HashText(list[row]), row);
     return FRows.Find(HashText(symbol), [&](Integer row) { return list[row] == symbol; });
 }
 
