@@ -72,6 +72,7 @@ constexpr TWorkload AllWorkloads[] = {
     {"middle row goes", "row", "RemoveMiddleRow", {{"EraseMiddle", "vector", 3.0}}},
     {"last row goes", "row", "RemoveLastRow", {{"PositionUpdateOfOne", "update of one", 3.0}}},
     {"account tree repainted", "frame", "RepaintTree", {{"TreeByHand", "50 texts by hand"}}, Flat},
+    {"cash tree repainted", "frame", "RepaintCashTree", {}, Flat},
     {"figure summed over sub-accounts", "cell", "AggregatedCells", {{"PlainSums", "loops", 2.0}}},
     {"side of a trade", "update", "DetectSides", {{"SidesByHand", "newest line by hand"}}, Flat},
     {"key in a price field",
