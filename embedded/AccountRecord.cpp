@@ -29,7 +29,7 @@ bool TEmbeddedAccountData::Move(const TBalanceMoves& moves) {
 }
 
 void TEmbeddedAccountData::Settle() {
-    FFed = FFigures;
+    CopyAmounts(FFigures, FFed);
     FMoves = {};
 }
 
@@ -63,7 +63,9 @@ void TEmbeddedAccount::LoadDetails() {
 }
 
 bool TEmbeddedAccount::SetBalance(StringView currency, const TBalanceFigures& figures) {
-    auto& record = FBalances.Obtain(currency);
+    const Integer number = FNumbers.Obtain(currency);
+    while (!FBalances.Has(number)) FBalances.Add(nullptr);
+    auto& record = FBalances[number];
     const bool isNew = record == nullptr;
     if (isNew) {
         record = std::make_unique<TEmbeddedAccountData>(FAccount, currency);
@@ -83,8 +85,8 @@ TCustomAccountData* TEmbeddedAccount::GetAccountData(StringView Currency) const 
 }
 
 TEmbeddedAccountData* TEmbeddedAccount::FindBalance(StringView currency) const {
-    const auto* record = FBalances.Find(currency);
-    return record != nullptr ? record->get() : nullptr;
+    const Integer number = FNumbers.Find(currency);
+    return FBalances.Has(number) ? FBalances[number].get() : nullptr;
 }
 
 String TEmbeddedAccount::GetProfessionalFlag(StringView Value) const {

@@ -38,11 +38,11 @@ public:
         : FAccount(account), FCurrency(currency) {}
 
     void SetFigures(const TBalanceFigures& figures) {
-        FFed = FFigures = figures;
-        FMoves = {};
+        FFigures = figures;
+        Settle();
     }
     const TBalanceFigures& Figures() const { return FFigures; }
-    // What the host said before anything moved.
+    // What the host said before anything moved, without the texts, which do not move.
     const TBalanceFigures& Fed() const { return FFed; }
     // Shows the fed figures with what has moved since; false when that shows nothing new.
     bool Move(const TBalanceMoves& moves);
@@ -75,11 +75,30 @@ public:
     Double GetValue9028() const override { return FFigures.Value9028; }
 
 private:
+    TBalanceFigures FFigures; // first, beside what every call reads
     const String FAccount;
     const String FCurrency;
     TBalanceFigures FFed;
-    TBalanceFigures FFigures;
     TBalanceMoves FMoves;
+};
+
+// Numbers the currencies that accounts have records in, from 0 on, for all of them alike: sums over
+// many accounts look a record up in each, and find it in one step.
+class TCurrencyNumbers {
+public:
+    static constexpr Integer NoNumber = -1;
+
+    Integer Find(StringView currency) const {
+        const Integer* number = FNumbers.Find(currency);
+        return number != nullptr ? *number : NoNumber;
+    }
+    Integer Obtain(StringView currency) {
+        FNumbers.Add(currency, FNumbers.Count());
+        return Find(currency);
+    }
+
+private:
+    TDictionary<String, Integer> FNumbers;
 };
 
 // Records of one account by currency; the total record is under the empty code.
@@ -89,7 +108,9 @@ using TBalanceRecords = TDictionary<String, std::unique_ptr<TEmbeddedAccountData
 class TEmbeddedAccount : public TCustomAccount {
     QUORIN_CLASS(TEmbeddedAccount, TCustomAccount)
 public:
-    explicit TEmbeddedAccount(StringView account) : FAccount(account) {}
+    // `currencies` must live longer.
+    TEmbeddedAccount(StringView account, TCurrencyNumbers& currencies)
+        : FNumbers(currencies), FAccount(account) {}
 
     void SetDetails(const TAccountDetails& details);
     // The same, with the details that may load late held back until LoadDetails.
@@ -100,7 +121,9 @@ public:
     // Each record of figures, the total one among them.
     template <class Call>
     void EachBalance(Call call) {
-        for (const auto& item : FBalances) call(*item.Value);
+        for (const auto& record : FBalances) {
+            if (record != nullptr) call(*record);
+        }
     }
     TEmbeddedAccountData* FindBalance(StringView currency) const;
     // True when the account had no record in this currency before.
@@ -133,12 +156,13 @@ public:
     const String& GetCurrency(Integer Index) const override;
 
 private:
+    TCurrencyNumbers& FNumbers;
+    TList<std::unique_ptr<TEmbeddedAccountData>> FBalances; // by number, nil where there is none
+    TList<String> FCurrencies;
     const String FAccount;
     const String FNoCurrency;
     TAccountDetails FDetails;
     std::optional<TAccountDetails> FLateDetails;
-    TBalanceRecords FBalances;
-    TList<String> FCurrencies;
 };
 
 } // namespace quorin

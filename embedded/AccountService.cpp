@@ -150,7 +150,7 @@ void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDeta
     auto& record = FAccounts.Obtain(account);
     const bool isNew = record == nullptr;
     if (isNew) {
-        record = std::make_unique<TEmbeddedAccount>(account);
+        record = std::make_unique<TEmbeddedAccount>(account, FCurrencyNumbers);
         FAccountList.Add(record.get());
         ++FRecordsVersion;
     }
