@@ -30,17 +30,44 @@ struct TAccountDetails {
     TDictionary<String, String> Fields = {}; // named attributes
 };
 
+// Numbers what comes, from 0 on.
+template <class Key>
+class TNumbering {
+public:
+    static constexpr Integer NoNumber = -1;
+
+    template <class View>
+    Integer Find(const View& key) const {
+        const Integer* number = FNumbers.Find(key);
+        return number != nullptr ? *number : NoNumber;
+    }
+    template <class View>
+    Integer Obtain(const View& key) {
+        FNumbers.Add(key, FNumbers.Count());
+        return Find(key);
+    }
+
+private:
+    TDictionary<Key, Integer> FNumbers;
+};
+
+// The places of records in an account and of texts in a record, for all accounts alike: sums over
+// many accounts look one up in each, and find it in one step.
+struct TAccountNumbers {
+    TNumbering<String> Currencies;
+    TNumbering<Integer> Fields; // by attribute
+};
+
 // The figures of an account in one currency.
 class TEmbeddedAccountData : public TCustomAccountData {
     QUORIN_CLASS(TEmbeddedAccountData, TCustomAccountData)
 public:
-    TEmbeddedAccountData(StringView account, StringView currency)
-        : FAccount(account), FCurrency(currency) {}
+    // `numbers` must live longer.
+    TEmbeddedAccountData(StringView account, StringView currency, TAccountNumbers& numbers)
+        : FNumbers(numbers.Fields), FAccount(account), FCurrency(currency) {}
 
-    void SetFigures(const TBalanceFigures& figures) {
-        FFigures = figures;
-        Settle();
-    }
+    void SetFigures(const TBalanceFigures& figures);
+    // As they stand, without the texts.
     const TBalanceFigures& Figures() const { return FFigures; }
     // What the host said before anything moved, without the texts, which do not move.
     const TBalanceFigures& Fed() const { return FFed; }
@@ -75,30 +102,13 @@ public:
     Double GetValue9028() const override { return FFigures.Value9028; }
 
 private:
-    TBalanceFigures FFigures; // first, beside what every call reads
+    TNumbering<Integer>& FNumbers;
+    TList<String> FTexts;     // by number, empty where there is none
+    TBalanceFigures FFigures; // the texts apart, as FFed
     const String FAccount;
     const String FCurrency;
     TBalanceFigures FFed;
     TBalanceMoves FMoves;
-};
-
-// Numbers the currencies that accounts have records in, from 0 on, for all of them alike: sums over
-// many accounts look a record up in each, and find it in one step.
-class TCurrencyNumbers {
-public:
-    static constexpr Integer NoNumber = -1;
-
-    Integer Find(StringView currency) const {
-        const Integer* number = FNumbers.Find(currency);
-        return number != nullptr ? *number : NoNumber;
-    }
-    Integer Obtain(StringView currency) {
-        FNumbers.Add(currency, FNumbers.Count());
-        return Find(currency);
-    }
-
-private:
-    TDictionary<String, Integer> FNumbers;
 };
 
 // Records of one account by currency; the total record is under the empty code.
@@ -108,9 +118,9 @@ using TBalanceRecords = TDictionary<String, std::unique_ptr<TEmbeddedAccountData
 class TEmbeddedAccount : public TCustomAccount {
     QUORIN_CLASS(TEmbeddedAccount, TCustomAccount)
 public:
-    // `currencies` must live longer.
-    TEmbeddedAccount(StringView account, TCurrencyNumbers& currencies)
-        : FNumbers(currencies), FAccount(account) {}
+    // `numbers` must live longer.
+    TEmbeddedAccount(StringView account, TAccountNumbers& numbers)
+        : FNumbers(numbers), FAccount(account) {}
 
     void SetDetails(const TAccountDetails& details);
     // The same, with the details that may load late held back until LoadDetails.
@@ -156,7 +166,7 @@ public:
     const String& GetCurrency(Integer Index) const override;
 
 private:
-    TCurrencyNumbers& FNumbers;
+    TAccountNumbers& FNumbers;
     TList<std::unique_ptr<TEmbeddedAccountData>> FBalances; // by number, nil where there is none
     TList<String> FCurrencies;
     const String FAccount;

@@ -150,7 +150,7 @@ void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDeta
     auto& record = FAccounts.Obtain(account);
     const bool isNew = record == nullptr;
     if (isNew) {
-        record = std::make_unique<TEmbeddedAccount>(account, FCurrencyNumbers);
+        record = std::make_unique<TEmbeddedAccount>(account, FNumbers);
         FAccountList.Add(record.get());
         ++FRecordsVersion;
     }
@@ -210,7 +210,8 @@ bool TEmbeddedAccountAdapter::FeedSubAccountData(StringView account, StringView 
     TEmbeddedAccount* owner = Find(account);
     if (owner == nullptr) return false;
     auto& record = FSummedRecords.Obtain(account).Obtain(currency);
-    if (record == nullptr) record = std::make_unique<TEmbeddedAccountData>(account, currency);
+    if (record == nullptr)
+        record = std::make_unique<TEmbeddedAccountData>(account, currency, FNumbers);
     record->SetFigures(figures);
     FFedBalances.AddOrSetValue(account, owner);
     FChanged.AddOrSetValue(account, owner);

@@ -101,7 +101,7 @@ private:
     using TDroppedAccounts = TList<TDroppedAccount>;
 
     TEmbeddedCurrencyAdapter& FMultiCurrencies;
-    TCurrencyNumbers FCurrencyNumbers;
+    TAccountNumbers FNumbers;
     TDictionary<String, std::unique_ptr<TEmbeddedAccount>> FAccounts;
     TDroppedAccounts FDropped;                            // kept: somebody may still look at them
     TDictionary<String, TAccountDictionary> FLeftMasters; // by master: what has left it
