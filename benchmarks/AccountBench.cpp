@@ -43,48 +43,74 @@ Double SumByHand(const TCustomAccount& master, const std::vector<TCustomAccount*
     return sum;
 }
 
+// Calls `each` with a reader of every figure, in the order of the tree's rows.
+template <class Each>
+void EachFigure(String& text, Each each) {
+    for (const TOperation& operation : Operations) {
+        each([&operation](const TCustomAccountData& record) {
+            const Double plus = (record.*operation.Plus)();
+            return operation.Minus ? plus - (record.*operation.Minus)() : plus;
+        });
+    }
+    const auto eachField = [&](Integer first, Integer count) {
+        for (Integer number = first; number < first + count; ++number) {
+            each([&text, number](const TCustomAccountData& record) {
+                record.GetFieldString(number, text);
+                return ToDoubleOr(text, 0.0);
+            });
+        }
+    };
+    eachField(FirstField, FieldCount);
+    eachField(FirstCustomField, CustomCount);
+}
+
+struct TPlainGroup {
+    explicit TPlainGroup(benchmark::State& state)
+        : Group(static_cast<Integer>(state.range(0)), Currencies),
+          Master(*Group.Accounts().GetAccount(MasterCode, false)) {
+        TAccountDictionary listed;
+        Group.Accounts().GetSubAccountList(MasterCode, listed);
+        for (const auto& item : listed) SubAccounts.push_back(item.Value);
+    }
+    template <class Figure>
+    void Add(Integer currency, Figure figure) {
+        benchmark::DoNotOptimize(SumByHand(Master, SubAccounts, CurrencyAt(currency), figure));
+    }
+
+    TGroup Group;
+    const TCustomAccount& Master;
+    std::vector<TCustomAccount*> SubAccounts;
+    String Text;
+};
+
+// A currency's records are read for all figures before those of the next: they are still in the
+// cache.
 void PlainSums(benchmark::State& state) {
-    TGroup group(static_cast<Integer>(state.range(0)), Currencies);
-    const TCustomAccount& master = *group.Accounts().GetAccount(MasterCode, false);
-    TAccountDictionary listed;
-    group.Accounts().GetSubAccountList(MasterCode, listed);
-    std::vector<TCustomAccount*> subAccounts;
-    for (const auto& item : listed) subAccounts.push_back(item.Value);
-    String text;
-    Integer cells = 0;
-    const auto add = [&](const String& currency, auto figure) {
-        benchmark::DoNotOptimize(SumByHand(master, subAccounts, currency, figure));
-        ++cells;
-    };
-    const auto field = [&](Integer number) {
-        return [&text, number](const TCustomAccountData& record) {
-            record.GetFieldString(number, text);
-            return ToDoubleOr(text, 0.0);
-        };
-    };
+    TPlainGroup group(state);
     for (auto _ : state) {
-        cells = 0;
-        for (Integer index = 0; index < Currencies; ++index) {
-            const String currency = CurrencyAt(index);
-            for (const TOperation& operation : Operations) {
-                add(currency, [&operation](const TCustomAccountData& record) {
-                    const Double plus = (record.*operation.Plus)();
-                    return operation.Minus ? plus - (record.*operation.Minus)() : plus;
-                });
-            }
-            for (Integer number = 0; number < FieldCount; ++number) {
-                add(currency, field(FirstField + number));
-            }
-            for (Integer number = 0; number < CustomCount; ++number) {
-                add(currency, field(FirstCustomField + number));
-            }
+        for (Integer currency = 0; currency < Currencies; ++currency) {
+            EachFigure(group.Text, [&](auto figure) { group.Add(currency, figure); });
         }
     }
-    state.SetItemsProcessed(state.iterations() * cells);
+    state.SetItemsProcessed(state.iterations() * AttributeCount * Currencies);
+}
+
+// As the tree has its rows.
+void PlainSumsByRow(benchmark::State& state) {
+    TPlainGroup group(state);
+    for (auto _ : state) {
+        EachFigure(group.Text, [&](auto figure) {
+            for (Integer currency = 0; currency < Currencies; ++currency) {
+                group.Add(currency, figure);
+            }
+        });
+    }
+    state.SetItemsProcessed(state.iterations() * AttributeCount * Currencies);
 }
 
 QUORIN_GROWTH(AggregatedCells, MostSubAccounts);
 QUORIN_GROWTH(PlainSums, MostSubAccounts);
+QUORIN_GROWTH(PlainSumsByRow, MostSubAccounts);
 
 } // namespace
 } // namespace quorin

@@ -1,10 +1,13 @@
 #include "benchmarks/AccountGroup.h"
 
+#include "viewdata/account/AccountCashDataControl.h"
+
 #include <array>
 #include <charconv>
+#include <utility>
 
-// An account tree of many nodes, of which 50 rows are on the screen: a repaint after an account
-// update, and what a node takes.
+// Trees of many nodes, of which 50 rows are on the screen: a repaint after an account update, and
+// what a node takes.
 
 namespace quorin {
 namespace {
@@ -68,6 +71,64 @@ void TreeByHand(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
+// The cash tree of so many accounts and their currencies, every node open.
+class TCashScreen {
+public:
+    explicit TCashScreen(Integer nodes) {
+        for (Integer index = 0; index < nodes / (CashCurrencies + 1); ++index) {
+            const String code = u"CASH-" + IntegerToText(100000 + index);
+            Accounts().FeedAccount(code);
+            for (Integer currency = 0; currency < CashCurrencies; ++currency) {
+                Accounts().FeedBalance(code, CurrencyAt(currency), {.Value991 = 1000.0 * index});
+            }
+        }
+        FServices.Deliver();
+        List->SetShape(TcxTreeShape::Children);
+        List->SetStartsExpanded(true);
+        List->SetOnGetCellText(MakeEvent<&TCashScreen::CellText>(this));
+        List->SetCustomDataSource(&FSource);
+        Control().MonitorAllAccount();
+    }
+    TEmbeddedAccountAdapter& Accounts() { return FServices.Accounts(); }
+
+private:
+    static constexpr Integer CashCurrencies = 9;
+
+    TCustomAccountCashDataControl& Control() {
+        return static_cast<TCustomAccountCashDataControl&>(*FSource.DataControl());
+    }
+    void CellText(TcxDataRecordHandle node, TcxTreeListColumn& column, String& text) {
+        text = Control().GetDisplayValue(node, column.Tag());
+    }
+
+    TBenchServices FServices;
+    TCustomTreeDataSource FSource{nullptr, TComponentClass::Of<TCustomAccountCashDataControl>()};
+
+public:
+    std::unique_ptr<TcxVirtualTreeList> List = CreateComponent<TcxVirtualTreeList>();
+    TcxTreeListColumn& Cash = List->AddColumn(AccountAttribute::Cash);
+};
+
+void RepaintCashTree(benchmark::State& state) {
+    TCashScreen screen(static_cast<Integer>(state.range(0)));
+    TcxVirtualTreeList& list = *screen.List;
+    if (list.RowCount() != state.range(0)) state.SkipWithError("nodes are missing");
+    const String account = screen.Accounts().GetAccountByIndex(0)->GetAccount();
+    const String currency = CurrencyAt(0);
+    Double amount = 0.0;
+    String first;
+    for (auto _ : state) {
+        screen.Accounts().FeedBalance(account, currency, {.Value991 = ++amount});
+        screen.Accounts().Deliver();
+        const String before = std::exchange(first, list.CellText(1, screen.Cash));
+        if (!list.TakeRepaint() || first == before) state.SkipWithError("nothing new");
+        for (Integer row = 0; row < WindowRows; ++row) {
+            benchmark::DoNotOptimize(list.CellText(row, screen.Cash));
+        }
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
 void BuildTree(benchmark::State& state) {
     TGroup group(/*subAccounts=*/0, CurrenciesFor(state));
     Double bytes = 0.0;
@@ -91,6 +152,7 @@ void BuildTree(benchmark::State& state) {
 
 QUORIN_GROWTH(RepaintTree, MostNodes);
 QUORIN_GROWTH(TreeByHand, MostNodes);
+QUORIN_GROWTH(RepaintCashTree, MostNodes);
 QUORIN_GROWTH(BuildTree, MostNodes);
 
 } // namespace

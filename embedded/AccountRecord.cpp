@@ -12,13 +12,25 @@ constexpr StringView ProfessionalFlag = u"1";
 } // namespace
 
 void TEmbeddedAccountData::GetFieldString(Integer Attribute, String& Text) const {
-    const String* text =
-        Attribute == AccountCodeAttribute ? &FAccount : FFigures.Fields.Find(Attribute);
-    if (text != nullptr) {
-        Text = *text;
+    const Integer number = FNumbers.Find(Attribute);
+    if (Attribute == AccountCodeAttribute) {
+        Text = FAccount;
+    } else if (FTexts.Has(number)) {
+        Text = FTexts[number];
     } else {
         Text.clear();
     }
+}
+
+void TEmbeddedAccountData::SetFigures(const TBalanceFigures& figures) {
+    CopyAmounts(figures, FFigures);
+    for (String& text : FTexts) text.clear();
+    for (const auto& field : figures.Fields) {
+        const Integer number = FNumbers.Obtain(field.Key);
+        while (!FTexts.Has(number)) FTexts.Add(String());
+        FTexts[number] = field.Value;
+    }
+    Settle();
 }
 
 bool TEmbeddedAccountData::Move(const TBalanceMoves& moves) {
@@ -29,7 +41,7 @@ bool TEmbeddedAccountData::Move(const TBalanceMoves& moves) {
 }
 
 void TEmbeddedAccountData::Settle() {
-    FFed = FFigures;
+    CopyAmounts(FFigures, FFed);
     FMoves = {};
 }
 
@@ -63,10 +75,12 @@ void TEmbeddedAccount::LoadDetails() {
 }
 
 bool TEmbeddedAccount::SetBalance(StringView currency, const TBalanceFigures& figures) {
-    auto& record = FBalances.Obtain(currency);
+    const Integer number = FNumbers.Currencies.Obtain(currency);
+    while (!FBalances.Has(number)) FBalances.Add(nullptr);
+    auto& record = FBalances[number];
     const bool isNew = record == nullptr;
     if (isNew) {
-        record = std::make_unique<TEmbeddedAccountData>(FAccount, currency);
+        record = std::make_unique<TEmbeddedAccountData>(FAccount, currency, FNumbers);
         if (!currency.empty()) FCurrencies.Add(String(currency));
     }
     record->SetFigures(figures);
@@ -83,8 +97,8 @@ TCustomAccountData* TEmbeddedAccount::GetAccountData(StringView Currency) const 
 }
 
 TEmbeddedAccountData* TEmbeddedAccount::FindBalance(StringView currency) const {
-    const auto* record = FBalances.Find(currency);
-    return record != nullptr ? record->get() : nullptr;
+    const Integer number = FNumbers.Currencies.Find(currency);
+    return FBalances.Has(number) ? FBalances[number].get() : nullptr;
 }
 
 String TEmbeddedAccount::GetProfessionalFlag(StringView Value) const {

@@ -30,19 +30,46 @@ struct TAccountDetails {
     TDictionary<String, String> Fields = {}; // named attributes
 };
 
+// Numbers what comes, from 0 on.
+template <class Key>
+class TNumbering {
+public:
+    static constexpr Integer NoNumber = -1;
+
+    template <class View>
+    Integer Find(const View& key) const {
+        const Integer* number = FNumbers.Find(key);
+        return number != nullptr ? *number : NoNumber;
+    }
+    template <class View>
+    Integer Obtain(const View& key) {
+        FNumbers.Add(key, FNumbers.Count());
+        return Find(key);
+    }
+
+private:
+    TDictionary<Key, Integer> FNumbers;
+};
+
+// The places of records in an account and of texts in a record, for all accounts alike: sums over
+// many accounts look one up in each, and find it in one step.
+struct TAccountNumbers {
+    TNumbering<String> Currencies;
+    TNumbering<Integer> Fields; // by attribute
+};
+
 // The figures of an account in one currency.
 class TEmbeddedAccountData : public TCustomAccountData {
     QUORIN_CLASS(TEmbeddedAccountData, TCustomAccountData)
 public:
-    TEmbeddedAccountData(StringView account, StringView currency)
-        : FAccount(account), FCurrency(currency) {}
+    // `numbers` must live longer.
+    TEmbeddedAccountData(StringView account, StringView currency, TAccountNumbers& numbers)
+        : FNumbers(numbers.Fields), FAccount(account), FCurrency(currency) {}
 
-    void SetFigures(const TBalanceFigures& figures) {
-        FFed = FFigures = figures;
-        FMoves = {};
-    }
+    void SetFigures(const TBalanceFigures& figures);
+    // As they stand, without the texts.
     const TBalanceFigures& Figures() const { return FFigures; }
-    // What the host said before anything moved.
+    // What the host said before anything moved, without the texts, which do not move.
     const TBalanceFigures& Fed() const { return FFed; }
     // Shows the fed figures with what has moved since; false when that shows nothing new.
     bool Move(const TBalanceMoves& moves);
@@ -75,10 +102,12 @@ public:
     Double GetValue9028() const override { return FFigures.Value9028; }
 
 private:
+    TNumbering<Integer>& FNumbers;
+    TList<String> FTexts;     // by number, empty where there is none
+    TBalanceFigures FFigures; // the texts apart, as FFed
     const String FAccount;
     const String FCurrency;
     TBalanceFigures FFed;
-    TBalanceFigures FFigures;
     TBalanceMoves FMoves;
 };
 
@@ -89,7 +118,9 @@ using TBalanceRecords = TDictionary<String, std::unique_ptr<TEmbeddedAccountData
 class TEmbeddedAccount : public TCustomAccount {
     QUORIN_CLASS(TEmbeddedAccount, TCustomAccount)
 public:
-    explicit TEmbeddedAccount(StringView account) : FAccount(account) {}
+    // `numbers` must live longer.
+    TEmbeddedAccount(StringView account, TAccountNumbers& numbers)
+        : FNumbers(numbers), FAccount(account) {}
 
     void SetDetails(const TAccountDetails& details);
     // The same, with the details that may load late held back until LoadDetails.
@@ -100,7 +131,9 @@ public:
     // Each record of figures, the total one among them.
     template <class Call>
     void EachBalance(Call call) {
-        for (const auto& item : FBalances) call(*item.Value);
+        for (const auto& record : FBalances) {
+            if (record != nullptr) call(*record);
+        }
     }
     TEmbeddedAccountData* FindBalance(StringView currency) const;
     // True when the account had no record in this currency before.
@@ -133,12 +166,13 @@ public:
     const String& GetCurrency(Integer Index) const override;
 
 private:
+    TAccountNumbers& FNumbers;
+    TList<std::unique_ptr<TEmbeddedAccountData>> FBalances; // by number, nil where there is none
+    TList<String> FCurrencies;
     const String FAccount;
     const String FNoCurrency;
     TAccountDetails FDetails;
     std::optional<TAccountDetails> FLateDetails;
-    TBalanceRecords FBalances;
-    TList<String> FCurrencies;
 };
 
 } // namespace quorin

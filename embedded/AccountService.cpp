@@ -150,8 +150,9 @@ void TEmbeddedAccountAdapter::FeedAccount(StringView account, const TAccountDeta
     auto& record = FAccounts.Obtain(account);
     const bool isNew = record == nullptr;
     if (isNew) {
-        record = std::make_unique<TEmbeddedAccount>(account);
+        record = std::make_unique<TEmbeddedAccount>(account, FNumbers);
         FAccountList.Add(record.get());
+        ++FRecordsVersion;
     }
     const bool joins =
         !details.MasterAccount.empty() && record->GetMasterAccount() != details.MasterAccount;
@@ -177,6 +178,7 @@ bool TEmbeddedAccountAdapter::DropAccount(StringView account) {
     if (record == nullptr) return false;
     const auto isRecord = [record](const TEmbeddedAccount* other) { return other == record; };
     FAccountList.RemoveAll(isRecord);
+    ++FRecordsVersion;
     FAwaited.RemoveAll(isRecord);
     FFedBalances.Remove(record->GetAccount());
     FNewSubAccounts.Remove(record->GetAccount());
@@ -190,11 +192,17 @@ bool TEmbeddedAccountAdapter::FeedBalance(StringView account, StringView currenc
                                           const TBalanceFigures& figures) {
     TEmbeddedAccount* record = Find(account);
     if (record == nullptr) return false;
-    const bool isNew = record->SetBalance(currency, figures);
+    SetBalance(*record, currency, figures);
     FFedBalances.AddOrSetValue(account, record);
-    if (isNew && !currency.empty()) FMultiCurrencies.TouchMultiCurrencyInfo();
     FChanged.AddOrSetValue(account, record);
     return true;
+}
+
+void TEmbeddedAccountAdapter::SetBalance(TEmbeddedAccount& account, StringView currency,
+                                         const TBalanceFigures& figures) {
+    if (!account.SetBalance(currency, figures)) return;
+    ++FRecordsVersion;
+    if (!currency.empty()) FMultiCurrencies.TouchMultiCurrencyInfo();
 }
 
 bool TEmbeddedAccountAdapter::FeedSubAccountData(StringView account, StringView currency,
@@ -202,7 +210,8 @@ bool TEmbeddedAccountAdapter::FeedSubAccountData(StringView account, StringView 
     TEmbeddedAccount* owner = Find(account);
     if (owner == nullptr) return false;
     auto& record = FSummedRecords.Obtain(account).Obtain(currency);
-    if (record == nullptr) record = std::make_unique<TEmbeddedAccountData>(account, currency);
+    if (record == nullptr)
+        record = std::make_unique<TEmbeddedAccountData>(account, currency, FNumbers);
     record->SetFigures(figures);
     FFedBalances.AddOrSetValue(account, owner);
     FChanged.AddOrSetValue(account, owner);
@@ -238,9 +247,7 @@ void TEmbeddedAccountAdapter::MoveBalance(TEmbeddedAccount& account, StringView 
     TEmbeddedAccountData* record = account.FindBalance(currency);
     if (record == nullptr) {
         if (!moves.HasOrders()) return;
-        if (account.SetBalance(currency, {}) && !currency.empty()) {
-            FMultiCurrencies.TouchMultiCurrencyInfo();
-        }
+        SetBalance(account, currency, {});
         record = account.FindBalance(currency);
     }
     bool isMoved = record->Move(moves);
@@ -263,6 +270,7 @@ void TEmbeddedAccountAdapter::SetReady(bool ready) {
         }
     }
     FTellReady = ready && (FTellReady || !FReady);
+    if (ready != FReady) ++FRecordsVersion;
     FReady = ready;
     FDeliveriesLeft = 0;
 }

@@ -45,6 +45,7 @@ public:
     TCustomAccountData* GetSubAccountData(StringView Account, StringView Currency) const override;
     void AddSubAccountLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
     void RemoveSubAccountLoadCallback(TObject* Owner) override;
+    Int64 RecordsVersion() const override { return FRecordsVersion; }
 
     // Makes the account known, or replaces the details of a known one. The empty code is ignored.
     void FeedAccount(StringView account, const TAccountDetails& details = {});
@@ -87,6 +88,7 @@ public:
 private:
     TEmbeddedAccount* Find(StringView account) const;
     void NoteLeft(TEmbeddedAccount& account);
+    void SetBalance(TEmbeddedAccount& account, StringView currency, const TBalanceFigures& figures);
     TBalanceRecords* SummedRecords(const TEmbeddedAccount& account);
     void CountDown();
     void DeliverChanges(TDeliverySerial serial, TAccountDictionary& changed);
@@ -99,6 +101,7 @@ private:
     using TDroppedAccounts = TList<TDroppedAccount>;
 
     TEmbeddedCurrencyAdapter& FMultiCurrencies;
+    TAccountNumbers FNumbers;
     TDictionary<String, std::unique_ptr<TEmbeddedAccount>> FAccounts;
     TDroppedAccounts FDropped;                            // kept: somebody may still look at them
     TDictionary<String, TAccountDictionary> FLeftMasters; // by master: what has left it
@@ -109,6 +112,7 @@ private:
     TAccountDictionary FChanged;
     TAccountDictionary FNewSubAccounts;
     TList<TEmbeddedAccount*> FAwaited; // their details were asked for
+    Int64 FRecordsVersion = 1;
     bool FDetailsLate = false;
     bool FReady = true;
     Integer FDeliveriesLeft = 0; // until the list is ready

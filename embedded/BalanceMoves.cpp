@@ -37,10 +37,14 @@ Double LoanMove(Double cash, const TBalanceMoves& moves) {
     return LoanOn(cash + moves.ShareCash) - LoanOn(cash);
 }
 
-void MoveFigures(const TBalanceFigures& fed, const TBalanceMoves& moves, TBalanceFigures& figures) {
+void CopyAmounts(const TBalanceFigures& from, TBalanceFigures& to) {
     for (const TBalanceColumn& column : BalanceColumns) {
-        figures.*(column.Figure) = fed.*(column.Figure);
+        to.*(column.Figure) = from.*(column.Figure);
     }
+}
+
+void MoveFigures(const TBalanceFigures& fed, const TBalanceMoves& moves, TBalanceFigures& figures) {
+    CopyAmounts(fed, figures);
     const Double hold = moves.PendingBuy * BuyHoldShare;
     const Double maintenance = moves.Margin * MaintenanceShare;
     const Double funds = moves.ShareCash + moves.Collateral;

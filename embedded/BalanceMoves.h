@@ -38,6 +38,9 @@ struct TBalanceMoves {
 // it had then.
 Double LoanMove(Double cash, const TBalanceMoves& moves);
 
+// All figures but the texts.
+void CopyAmounts(const TBalanceFigures& from, TBalanceFigures& to);
+
 // Writes into `figures` what `fed` has become; texts stay as they are.
 void MoveFigures(const TBalanceFigures& fed, const TBalanceMoves& moves, TBalanceFigures& figures);
 

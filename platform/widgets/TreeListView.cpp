@@ -9,7 +9,7 @@
 namespace quorin {
 
 TcxVirtualTreeList::TcxVirtualTreeList(TComponent* owner) : TComponent(owner) {
-    FController.SetOnForget(MakeEvent<&TcxVirtualTreeList::ForgetRows>(this));
+    FController.SetOnForget(MakeEvent<&TcxVirtualTreeList::SourceChanged>(this));
     FColumns.SetOnSortChanged(MakeEvent<&TcxVirtualTreeList::ForgetRows>(this));
 }
 
@@ -50,23 +50,69 @@ TcxTreeListColumn* TcxVirtualTreeList::GetColumn(Integer index) const {
     return static_cast<TcxTreeListColumn*>(FColumns.Get(index)); // AddColumn makes no others
 }
 
+void TcxVirtualTreeList::SourceChanged(TObject*) {
+    if (FKnownSource != CustomDataSource()) {
+        FKnownSource = CustomDataSource();
+        FToggled.Clear();
+        FFocusedNode = nullptr;
+        ForgetRows(nullptr);
+        return;
+    }
+    const Int64 version = ShapeVersion();
+    const bool isSame = FRowsKnown && version != 0 && version == FRowsVersion;
+    if (isSame && FColumns.Sorted().IsEmpty()) {
+        FIsTopCountTrue = false;
+    } else {
+        ForgetRows(nullptr);
+    }
+}
+
 void TcxVirtualTreeList::ForgetRows(TObject*) {
+    DropRows();
+    FController.InvalidatePaint();
+}
+
+void TcxVirtualTreeList::DropRows() {
     FRowsKnown = false;
     ++FForgets;
     FRows.Clear();
-    FController.InvalidatePaint();
+}
+
+Int64 TcxVirtualTreeList::ShapeVersion() const {
+    TcxTreeListCustomDataSource* source = CustomDataSource();
+    return source != nullptr ? source->GetShapeVersion() : 0;
+}
+
+Integer TcxVirtualTreeList::TopCount() {
+    if (FShape == TcxTreeShape::FlatList) return FController.RecordCount();
+    TcxTreeListCustomDataSource* source = CustomDataSource();
+    return source != nullptr ? source->GetChildCount(source->GetRootRecordHandle()) : 0;
+}
+
+// A source that promises too much is found out by its count.
+void TcxVirtualTreeList::CheckTopCount() {
+    FIsTopCountTrue = true; // before the call, which may tell of the next change
+    if (TopCount() != FRowsTops) DropRows();
+}
+
+String TcxVirtualTreeList::IdentityOf(TcxDataRecordHandle node) const {
+    TcxTreeListCustomDataSource* source = CustomDataSource();
+    return source != nullptr && node != nullptr ? source->GetRecordIdentity(node) : String();
 }
 
 // The calls out may tell of the next change, and somebody may look inside them: what was gathered
 // before that is not shown, unless the source never comes to rest.
 void TcxVirtualTreeList::EnsureRows() {
+    if (FRowsKnown && !FIsTopCountTrue) CheckTopCount();
     for (Integer walks = 1; !FRowsKnown; ++walks) {
-        FRowsKnown = true;
+        FRowsKnown = FIsTopCountTrue = true;
         const Integer forgets = FForgets;
+        FRowsVersion = ShapeVersion();
         TWalk walk = WalkNodes(forgets);
+        FindKnownNodes(walk, forgets);
         const bool isOld = forgets != FForgets;
         if (isOld && (FRowsKnown || walks < MostWalks)) continue;
-        ShowNodes(walk);
+        ShowNodes(walk, isOld);
         if (isOld) return;
     }
 }
@@ -77,9 +123,10 @@ TcxVirtualTreeList::TWalk TcxVirtualTreeList::WalkNodes(Integer forgets) {
     TList<TNode>& nodes = walk.Nodes;
     if (CustomDataSource() == nullptr) return walk;
     if (FShape == TcxTreeShape::FlatList) {
-        GatherFlatList(nodes);
+        GatherFlatList(walk);
     } else {
         TPlaces places;
+        walk.Tops = TopCount();
         const TcxDataRecordHandle root = CustomDataSource()->GetRootRecordHandle();
         GatherChildren(nodes, places, root, NoRow, 0);
     }
@@ -119,15 +166,28 @@ std::vector<Integer> TcxVirtualTreeList::SortedPlaces(const TList<TNode>& nodes,
     return places;
 }
 
-void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
+// A node that has ended may have left its address to another.
+void TcxVirtualTreeList::FindKnownNodes(TWalk& walk, Integer forgets) {
+    if (FToggled.IsEmpty() && FFocusedNode == nullptr) return;
+    for (const TNode& node : walk.Nodes) {
+        const bool isFocused = node.Handle == FFocusedNode;
+        if (!isFocused && !FToggled.ContainsKey(node.Handle)) continue;
+        const String identity = IdentityOf(node.Handle);
+        if (forgets != FForgets) return;
+        const String* toggled = FToggled.Find(node.Handle);
+        if (toggled != nullptr && *toggled == identity) walk.Toggled.Add(node.Handle, identity);
+        if (isFocused && FFocusedIdentity == identity) walk.FocusedNode = node.Handle;
+    }
+}
+
+void TcxVirtualTreeList::ShowNodes(TWalk& walk, bool isOld) {
+    if (!isOld) {
+        std::swap(FToggled, walk.Toggled);
+        if (FFocusedNode != walk.FocusedNode) FFocusedNode = nullptr;
+    }
+    FRowsTops = walk.Tops;
     FRows.Clear();
     AddRows(FRows, walk, /*all=*/false);
-
-    TDictionary<Pointer, bool> toggled; // without the nodes that are gone
-    for (const TNode& node : walk.Nodes) {
-        if (FToggled.ContainsKey(node.Handle)) toggled.Add(node.Handle, true);
-    }
-    std::swap(FToggled, toggled);
 
     FFocusedRow = NoRow;
     for (Integer row = 0; row < FRows.Count() && FFocusedNode != nullptr; ++row) {
@@ -136,10 +196,11 @@ void TcxVirtualTreeList::ShowNodes(const TWalk& walk) {
     if (FFocusedRow == NoRow) FFocusedNode = nullptr;
 }
 
-void TcxVirtualTreeList::GatherFlatList(TList<TNode>& nodes) {
+void TcxVirtualTreeList::GatherFlatList(TWalk& walk) {
     TcxTreeListCustomDataSource& source = *CustomDataSource();
+    TList<TNode>& nodes = walk.Nodes;
     TPlaces places;
-    const Integer count = FController.RecordCount();
+    const Integer count = walk.Tops = TopCount();
     for (Integer index = 0; index < count; ++index) {
         const TcxDataRecordHandle node = source.GetRecordHandle(index);
         if (node == nullptr || !places.Add(node, nodes.Count())) continue;
@@ -229,11 +290,17 @@ void TcxVirtualTreeList::GetNodeText(TcxDataRecordHandle node, TcxTreeListColumn
 void TcxVirtualTreeList::SetExpanded(Integer row, bool expanded) {
     const TcxTreeRow shown = Row(row);
     if (!shown.HasChildren || shown.IsExpanded == expanded) return;
-    if (!expanded && IsBelow(FFocusedRow, row)) SetFocusedRow(row);
+    const Integer forgets = FForgets;
+    String identity = IdentityOf(shown.Node);
+    if (forgets != FForgets) return; // the node may be gone
+    if (!expanded && IsBelow(FFocusedRow, row)) {
+        FFocusedNode = shown.Node;
+        FFocusedIdentity = identity;
+    }
     if (expanded == FStartsExpanded) {
         FToggled.Remove(shown.Node);
     } else {
-        FToggled.Add(shown.Node, true);
+        FToggled.AddOrSetValue(shown.Node, std::move(identity));
     }
     ForgetRows(nullptr);
 }
@@ -258,8 +325,10 @@ Integer TcxVirtualTreeList::FocusedRow() {
 }
 
 void TcxVirtualTreeList::SetFocusedRow(Integer row) {
-    FFocusedNode = Row(row).Node;
-    FFocusedRow = FFocusedNode == nullptr ? NoRow : row;
+    const Pointer node = Row(row).Node;
+    FFocusedIdentity = IdentityOf(node);
+    FFocusedNode = node;
+    FFocusedRow = node == nullptr ? NoRow : row;
     FController.InvalidatePaint();
 }
 

@@ -64,11 +64,12 @@ struct TcxTreeRow {
 using TcxGetTreeTextEvent = TEvent<void(TcxDataRecordHandle, TcxTreeListColumn&, String&)>;
 
 // A tree list without pixels: columns, the rows of expanded nodes in view order, a focused row. A
-// change drops all node handles at once; the next look walks the tree again. Which nodes are open
-// and which has the focus is remembered by address, for comparing only. Nil nodes are not shown, a
-// node that comes twice is shown once, and levels from MaxDepth on are left out. Columns that sort
-// order the nodes below each parent among each other; those that tie stay in the source's order.
-// Not supported: editing, filtering.
+// change drops all node handles at once, and the next look walks the tree again; unless no column
+// sorts and the source's version says that the nodes are the same. Which nodes are open and which
+// has the focus is remembered by address, for comparing only, and by the source's identity of the
+// node; another source begins anew. Nil nodes are not shown, a node that comes twice is shown once,
+// and levels from MaxDepth on are left out. Columns that sort order the nodes below each parent
+// among each other; those that tie stay in the source's order. Not supported: editing, filtering.
 class TcxVirtualTreeList : public TComponent {
     QUORIN_CLASS(TcxVirtualTreeList, TComponent)
 
@@ -131,6 +132,8 @@ class TcxVirtualTreeList : public TComponent {
     bool TakeRepaint() { return FController.TakeRepaint(); }
 
 private:
+    // Identities of nodes by their addresses.
+    using TToggled = TDictionary<Pointer, String>;
     // A node of the walk: links are indexes into the walk, NoRow for none.
     struct TNode {
         TcxDataRecordHandle Handle = nullptr;
@@ -141,17 +144,30 @@ private:
     struct TWalk {
         TList<TNode> Nodes;
         Integer First = NoRow; // of the first level
+        Integer Tops = 0;      // as TopCount
+        TToggled Toggled;      // what of FToggled and FFocusedNode is still there
+        Pointer FocusedNode = nullptr;
     };
     using TPlaces = TDictionary<Pointer, Integer>; // where in the walk a node stands
 
+    void SourceChanged(TObject*);
     void ForgetRows(TObject*);
+    void DropRows();
     void EnsureRows();
+    Int64 ShapeVersion() const;
+    // What a source is asked for after each change: records of the flat list, or nodes of the first
+    // level.
+    Integer TopCount();
+    void CheckTopCount();
+    String IdentityOf(TcxDataRecordHandle node) const;
     // Of the tree as it was when so many changes had been told.
     TWalk WalkNodes(Integer forgets);
-    void ShowNodes(const TWalk& walk);
+    void FindKnownNodes(TWalk& walk, Integer forgets);
+    // Of a walk that is old already, what it has found of toggled nodes counts for nothing.
+    void ShowNodes(TWalk& walk, bool isOld);
     // The row stands in the branch of the other.
     bool IsBelow(Integer row, Integer ancestor) const;
-    void GatherFlatList(TList<TNode>& nodes);
+    void GatherFlatList(TWalk& walk);
     // The nodes' places in the order of the columns that sort.
     std::vector<Integer> SortedPlaces(const TList<TNode>& nodes, Integer forgets);
     void GatherChildren(TList<TNode>& nodes, TPlaces& places, TcxDataRecordHandle node,
@@ -169,9 +185,14 @@ private:
     TcxTreeListBand FBand;
     TcxGetTreeTextEvent FOnGetCellText;
     TList<TcxTreeRow> FRows;
-    // Nodes that differ from FStartsExpanded; addresses for comparing only.
-    TDictionary<Pointer, bool> FToggled;
+    TToggled FToggled; // nodes that differ from FStartsExpanded
     Pointer FFocusedNode = nullptr;
+    String FFocusedIdentity;
+    // Whose nodes these are; for comparing only.
+    const TcxTreeListCustomDataSource* FKnownSource = nullptr;
+    Int64 FRowsVersion = 0; // the source's when its nodes were walked
+    Integer FRowsTops = 0;
+    bool FIsTopCountTrue = true; // as far as one can know without asking
     Integer FFocusedRow = NoRow;
     TcxTreeShape FShape = TcxTreeShape::FlatList;
     bool FStartsExpanded = false;

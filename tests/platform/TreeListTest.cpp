@@ -15,6 +15,7 @@ struct TNode {
     String Name;
     TNode* Parent = nullptr;
     std::vector<TNode*> Children{};
+    String Identity{};
 };
 
 // Offers one tree in both shapes.
@@ -38,6 +39,7 @@ public:
         const std::vector<TNode*>& children = At(node)->Children;
         const auto place = static_cast<std::size_t>(index);
         const TcxDataRecordHandle child = place < children.size() ? children[place] : nullptr;
+        ++HandlesAsked;
         CallInside();
         return child;
     }
@@ -49,8 +51,12 @@ public:
         return Variant(At(node)->Name);
     }
 
+    Int64 GetShapeVersion() override { return Version; }
+    String GetRecordIdentity(TcxDataRecordHandle node) override { return At(node)->Identity; }
+
     TNode Root;
     std::vector<TNode*> List;
+    Int64 Version = 0;
     int HandlesAsked = 0;
     std::function<void()> Inside;  // once, in the middle of a walk
     std::function<void()> InValue; // once, while a value is read
@@ -192,6 +198,80 @@ TEST_P(TTreeListTest, ChangeFetchesNothingUntilSomebodyLooks) {
     Source.DataChanged();
     EXPECT_EQ(Source.HandlesAsked, before);
     EXPECT_TRUE(View->TakeRepaint());
+}
+
+TEST_P(TTreeListTest, SameVersionMeansSameRows) {
+    Source.Version = 7;
+    View->SetExpanded(0, true);
+    View->SetFocusedRow(2);
+    EXPECT_EQ(Rows(), "-a .a1 .a2 +b");
+    View->TakeRepaint();
+    const int asked = Source.HandlesAsked;
+    const Integer forgets = View->Forgets();
+    A1.Name = u"new";
+    Source.DataChanged();
+    EXPECT_EQ(Rows(), "-a .new .a2 +b");
+    EXPECT_EQ(View->FocusedRow(), 2);
+    EXPECT_TRUE(View->TakeRepaint());
+    EXPECT_EQ(Source.HandlesAsked, asked);
+    EXPECT_EQ(View->Forgets(), forgets);
+
+    View->GetColumn(0)->SetSortOrder(soAscending);
+    EXPECT_EQ(Rows(), "-a .a2 .new +b");
+    A1.Name = u"a1";
+    Source.DataChanged();
+    EXPECT_EQ(Rows(), "-a .a1 .a2 +b") << "sorted by values";
+    View->ClearSorting();
+
+    std::swap(Source.List[0], Source.List[1]);
+    std::swap(Source.Root.Children.front(), Source.Root.Children.back());
+    Source.Version = 8;
+    Source.DataChanged();
+    EXPECT_EQ(Rows(), "+b -a .a1 .a2");
+    Source.List = {&A};
+    Source.Root.Children = {&A};
+    A.Children.clear();
+    Source.DataChanged();
+    EXPECT_EQ(Rows(), "a") << "the count tells";
+}
+
+TEST_P(TTreeListTest, VersionsOfAnotherSourceAreItsOwn) {
+    TNodeSource other;
+    other.List = {&A, &A1};
+    other.Root.Children = {&A};
+    Source.Version = other.Version = 7;
+    View->SetExpanded(1, true);
+    EXPECT_EQ(Rows(), "+a -b .b1");
+    View->SetCustomDataSource(&other);
+    EXPECT_EQ(Rows(), "+a");
+    View->SetCustomDataSource(&Source);
+    EXPECT_EQ(Rows(), "+a +b");
+    View->SetCustomDataSource(nullptr);
+}
+
+TEST_P(TTreeListTest, AddressPassesNothingOnToTheNextNode) {
+    struct TCase {
+        const char* Name;
+        StringView Identity;
+        const char* Rows;
+        Integer Focused;
+    };
+    static constexpr TCase Cases[] = {
+        {"the same node", u"1", "-a .a1 .a2 +b", 0},
+        {"another node", u"2", "+a +b", NoRow},
+    };
+    for (const TCase& row : Cases) {
+        SCOPED_TRACE(row.Name);
+        A.Identity = u"1";
+        View->SetStartsExpanded(true);
+        View->SetStartsExpanded(false);
+        View->SetExpanded(0, true);
+        View->SetFocusedRow(0);
+        A.Identity = row.Identity; // it went and came between two looks
+        Source.DataChanged();
+        EXPECT_EQ(Rows(), row.Rows);
+        EXPECT_EQ(View->FocusedRow(), row.Focused);
+    }
 }
 
 TEST_P(TTreeListTest, SortsSiblingsAmongEachOther) {

@@ -246,6 +246,19 @@ TEST_F(AccountCashTest, TreeListWalksFromTheRoot) {
     Deliver();
     EXPECT_EQ(rows(), u"M=90 .M=7 .M=8 .M=5 S=10 .S=70 N=0 ");
     EXPECT_EQ(list->FocusedRow(), 5);
+    Accounts().FeedBalance(u"S", u"USD", {.Value604 = 71});
+    Deliver();
+    EXPECT_EQ(rows(), u"M=90 .M=7 .M=8 .M=5 S=10 .S=71 N=0 ");
+    Accounts().DropAccount(u"N");
+    Accounts().FeedAccount(u"O");
+    Deliver();
+    EXPECT_EQ(rows(), u"M=90 .M=7 .M=8 .M=5 S=10 .S=71 O=0 ") << "as many accounts";
+    Accounts().SetReady(false);
+    source.DataChanged();
+    EXPECT_EQ(rows(), u"");
+    Accounts().SetReady(true);
+    Deliver();
+    EXPECT_EQ(rows(), u"M=90 S=10 O=0 ");
 }
 
 TEST_F(AccountCashTest, ReceiverMayFreeTheControl) {

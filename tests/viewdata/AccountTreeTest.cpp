@@ -274,6 +274,31 @@ TEST_F(AccountTreeTest, TreeListKeepsWhatIsOpenAcrossRebuilds) {
     EXPECT_EQ(RowsOf(*list), u"607 606");
 }
 
+TEST_F(AccountTreeTest, TreeListWalksOnlyForOtherNodes) {
+    TCustomTreeDataSource source(&Columns.Make({604, 606}),
+                                 TComponentClass::Of<TOpen<TCustomAccountInfoDataControl>>());
+    auto& control = static_cast<TOpen<TCustomAccountInfoDataControl>&>(*source.DataControl());
+    auto list = CreateComponent<TcxVirtualTreeList>();
+    TcxTreeListColumn& value = list->AddColumn(Value);
+    list->SetCustomDataSource(&source);
+    control.SetAccount(u"P");
+    list->SetExpanded(0, true);
+    EXPECT_EQ(RowsOf(*list), u"-604 .604-HKD .604-USD +606");
+    const Integer forgets = list->Forgets();
+    for (const Double amount : {1.0, 2.0}) {
+        Accounts().FeedBalance(u"P", u"USD", {.Value604 = amount});
+        Deliver();
+        EXPECT_EQ(list->Value(2, value), Variant(amount));
+    }
+    EXPECT_EQ(list->Forgets(), forgets);
+    control.FNodeList.Add(std::make_unique<TConvertAccountDataValueNode>(nullptr, u"CNY"));
+    source.DataChanged();
+    EXPECT_EQ(RowsOf(*list), u"-604 .604-HKD .604-USD +606 ?>CNY");
+    control.ClearAll(); // and new nodes, maybe at the same addresses
+    source.SetColumnList(&Columns.Make({606, 604}));
+    EXPECT_EQ(RowsOf(*list), u"+606 +604");
+}
+
 TEST_F(AccountTreeTest, SubAccountThatIsDroppedAndComesBack) {
     View().SetAccount(u"M");
     View().SetAggregate();

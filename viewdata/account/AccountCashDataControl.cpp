@@ -20,6 +20,9 @@ Variant EmptyCell(Integer column) {
     }
 }
 
+// Between an account's code and a currency.
+constexpr Char IdentityMark = u'\n';
+
 Variant BaseCurrencyName() {
     const String& code = Currencies().GetBaseCurrency();
     return code.empty() ? String() : ResourceText(ResourceTag::Currency, code);
@@ -42,6 +45,7 @@ TCustomAccountCashDataControl::~TCustomAccountCashDataControl() {
 void TCustomAccountCashDataControl::MonitorAllAccount() {
     if (FMonitorAll) return;
     FMonitorAll = true;
+    FNodeList.Edit(); // another tree, as with another account
     AccountReady(nullptr, nullptr);
 }
 
@@ -101,6 +105,19 @@ Pointer TCustomAccountCashDataControl::GetChildNode(Pointer Node, Integer Index)
     const auto* account = ObjectAs<TCustomAccount>(Node);
     if (account == nullptr || Index >= account->GetCurrencyCount()) return nullptr;
     return AsPointer(account->GetAccountData(account->GetCurrency(Index)));
+}
+
+// Both numbers only grow.
+Int64 TCustomAccountCashDataControl::ShapeVersion() const {
+    const Int64 records = Accounts().RecordsVersion();
+    return records != 0 ? records + TCustomAccountInfoDataControl::ShapeVersion() : 0;
+}
+
+String TCustomAccountCashDataControl::NodeIdentity(Pointer Node) const {
+    if (Node == static_cast<const TObject*>(&FNodeList)) return String();
+    if (const auto* account = ObjectAs<TCustomAccount>(Node)) return account->GetAccount();
+    const auto* data = ObjectAs<TCustomAccountData>(Node);
+    return data != nullptr ? data->GetAccount() + IdentityMark + data->GetCurrency() : String();
 }
 
 Variant TCustomAccountCashDataControl::GetValue(Pointer Node, Integer ColumnID) {

@@ -29,6 +29,9 @@ class TCustomAccountCashDataControl : public TCustomAccountInfoDataControl {
     String GetDisplayValue(Pointer Node, Integer ColumnID) override;
     // Takes the columns as they are. No signal.
     void SetColumnList(const TColumnList* List) override;
+    // As far as the account service tells.
+    Int64 ShapeVersion() const override;
+    String NodeIdentity(Pointer Node) const override;
     void ClearAll() override;
     // These three signal whatever has changed.
     void AccountUpdate(Pointer Sender, Pointer Data) override;

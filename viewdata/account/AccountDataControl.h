@@ -60,6 +60,9 @@ class TCustomAccountInfoDataControl : public TCustomTreeDataControl {
     // (the tree source does), which must drop its nodes before it asks again. Of two columns with
     // one ID the second is left out. The columns must outlive their use here; nil shows none.
     void SetColumnList(const TColumnList* List) override;
+    // Follows FNodeList: a descendant that walks anything else answers for that as well.
+    Int64 ShapeVersion() const override;
+    String NodeIdentity(Pointer Node) const override;
 
     // Operations, in order
 

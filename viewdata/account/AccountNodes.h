@@ -4,6 +4,7 @@
 #include "platform/rtl/TObject.h"
 
 #include <memory>
+#include <utility>
 
 namespace quorin {
 
@@ -13,6 +14,13 @@ namespace quorin {
 // The attribute number of a row that has lost its parent.
 inline constexpr Integer NoAttribute = -1;
 
+// Another number for each node that is made: addresses come back, these do not.
+using TNodeSerial = Int64;
+inline TNodeSerial NextNodeSerial() {
+    static TNodeSerial last = 0;
+    return ++last;
+}
+
 // One attribute: a row of the first level.
 class TAccountDataNode : public TObject {
     QUORIN_CLASS(TAccountDataNode, TObject)
@@ -20,9 +28,11 @@ class TAccountDataNode : public TObject {
     explicit TAccountDataNode(Integer Attribute) : FAttribute(Attribute) {}
 
     Integer Attribute() const { return FAttribute; }
+    TNodeSerial Serial() const { return FSerial; }
 
 private:
     Integer FAttribute;
+    TNodeSerial FSerial = NextNodeSerial();
 };
 
 // One currency below an attribute.
@@ -37,10 +47,12 @@ class TAccountDataValueNode : public TObject {
     // The parent's; NoAttribute without one.
     Integer GetAttribute() const { return FParent != nullptr ? FParent->Attribute() : NoAttribute; }
     const String& Currency() const { return FCurrency; }
+    TNodeSerial Serial() const { return FSerial; }
 
 private:
     TAccountDataNode* FParent;
     String FCurrency;
+    TNodeSerial FSerial = NextNodeSerial();
 };
 
 // The same attribute in another currency, below a value row. Descendants of the control make such
@@ -57,15 +69,38 @@ class TConvertAccountDataValueNode : public TObject {
         return FParent != nullptr ? FParent->GetAttribute() : NoAttribute;
     }
     const String& Currency() const { return FCurrency; }
+    TNodeSerial Serial() const { return FSerial; }
 
 private:
     TAccountDataValueNode* FParent;
     String FCurrency;
+    TNodeSerial FSerial = NextNodeSerial();
 };
 
-// The nodes of a tree in order, which it owns; and as an object the marker for the tree's root.
-class TAccountNodeList : public TObject, public TList<std::unique_ptr<TObject>> {
+// The nodes of a tree in order, which it owns; and as an object the marker for the tree's root. It
+// knows when it has changed, so that a view need not walk it to find out.
+class TAccountNodeList : public TObject, private TList<std::unique_ptr<TObject>> {
     QUORIN_CLASS(TAccountNodeList, TObject)
+
+    using TNodes = TList<std::unique_ptr<TObject>>;
+
+    using TNodes::Count;
+    using TNodes::Has;
+    using TNodes::IsEmpty;
+    const std::unique_ptr<TObject>& operator[](Integer index) const { return Nodes()[index]; }
+    const TNodes& Nodes() const { return *this; }
+    // For changes: each call counts as one.
+    TNodes& Edit() {
+        ++FVersion;
+        return *this;
+    }
+    void Add(std::unique_ptr<TObject> node) { Edit().Add(std::move(node)); }
+    void Clear() { Edit().Clear(); }
+    // Another number after each change; never 0.
+    Int64 Version() const { return FVersion; }
+
+private:
+    Int64 FVersion = 1;
 };
 
 } // namespace quorin

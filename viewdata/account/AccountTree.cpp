@@ -14,7 +14,7 @@ namespace {
 
 namespace A = AccountAttribute;
 
-using TNodes = TList<std::unique_ptr<TObject>>;
+using TNodes = TAccountNodeList::TNodes;
 
 // Attributes that say something of the account as a whole.
 Boolean HasValueRows(Integer attribute) {
@@ -121,10 +121,11 @@ void TCustomAccountInfoDataControl::ClearAccountCurrencyNode() {
 void TCustomAccountInfoDataControl::DropCurrencyRows() {
     TNodes kept;
     TNodes dropped;
-    for (std::unique_ptr<TObject>& node : FNodeList) {
+    TNodes& nodes = FNodeList.Edit();
+    for (std::unique_ptr<TObject>& node : nodes) {
         (IsCurrencyNode(node.get()) ? dropped : kept).Add(std::move(node));
     }
-    static_cast<TNodes&>(FNodeList) = std::move(kept);
+    nodes = std::move(kept);
     if (FPins > 0) {
         for (const auto& [key, node] : FAccountDataValueNodeList) {
             FFormerValueRows.AddOrSetValue(key, node);
@@ -137,7 +138,7 @@ void TCustomAccountInfoDataControl::DropCurrencyRows() {
 
 void TCustomAccountInfoDataControl::ClearAll() {
     DropCurrencyRows();
-    TNodes dropped = std::exchange(static_cast<TNodes&>(FNodeList), {});
+    TNodes dropped = std::exchange(FNodeList.Edit(), {});
     if (FPins > 0) {
         for (const auto& [attribute, node] : FAccountDataNodeList) {
             FFormerRows.AddOrSetValue(attribute, node);
@@ -167,6 +168,21 @@ Pointer TCustomAccountInfoDataControl::GetParentNode(Pointer Node) {
         return AsPointer(row->Parent());
     }
     return nullptr;
+}
+
+// Choosing another account, or none, drops the rows of currencies, which counts as well.
+Int64 TCustomAccountInfoDataControl::ShapeVersion() const {
+    return FNodeList.Version();
+}
+
+String TCustomAccountInfoDataControl::NodeIdentity(Pointer Node) const {
+    if (Node == static_cast<const TObject*>(&FNodeList)) return String();
+    if (const auto* row = ObjectAs<TAccountDataNode>(Node)) return IntegerToText(row->Serial());
+    if (const auto* row = ObjectAs<TAccountDataValueNode>(Node)) {
+        return IntegerToText(row->Serial());
+    }
+    const auto* row = ObjectAs<TConvertAccountDataValueNode>(Node);
+    return row != nullptr ? IntegerToText(row->Serial()) : String();
 }
 
 Pointer TCustomAccountInfoDataControl::GetRootNode() {

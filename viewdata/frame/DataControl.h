@@ -125,6 +125,12 @@ class TBaseTreeDataControl : public TBaseDataControl {
     virtual String GetDisplayValue(Pointer Node, Integer ColumnID);
     // The columns that the view shows; the list stays the caller's and must outlive its use.
     virtual void SetColumnList(const TColumnList* List);
+
+    // Another number each time that nodes, their order or their parents have changed; 0, by
+    // default, where the control cannot tell.
+    virtual Int64 ShapeVersion() const { return 0; }
+    // Tells a node from an earlier one at the same address; the default tells none apart.
+    virtual String NodeIdentity(Pointer) const { return String(); }
 };
 
 // A tree control that follows the configuration, as TCustomDataControl does.

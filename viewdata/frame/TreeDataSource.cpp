@@ -47,4 +47,12 @@ TcxDataRecordHandle TCustomTreeDataSource::GetChildRecordHandle(TcxDataRecordHan
     return FMyDataControl != nullptr ? FMyDataControl->GetChildNode(Handle, Index) : nullptr;
 }
 
+Int64 TCustomTreeDataSource::GetShapeVersion() {
+    return FMyDataControl != nullptr ? FMyDataControl->ShapeVersion() : 0;
+}
+
+String TCustomTreeDataSource::GetRecordIdentity(TcxDataRecordHandle Handle) {
+    return FMyDataControl != nullptr ? FMyDataControl->NodeIdentity(Handle) : String();
+}
+
 } // namespace quorin

@@ -30,6 +30,8 @@ class TCustomTreeDataSource
     TcxDataRecordHandle GetParentRecordHandle(TcxDataRecordHandle Handle) override;
     Integer GetChildCount(TcxDataRecordHandle Handle) override;
     TcxDataRecordHandle GetChildRecordHandle(TcxDataRecordHandle Handle, Integer Index) override;
+    Int64 GetShapeVersion() override;
+    String GetRecordIdentity(TcxDataRecordHandle Handle) override;
 
 protected:
     std::vector<Integer> FAttriuteList; // for concrete sources; not read here

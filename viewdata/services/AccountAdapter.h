@@ -58,6 +58,11 @@ public:
     // Sub-accounts have been loaded. `Sender`: TAccountDictionary of these, or nil.
     virtual void AddSubAccountLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) = 0;
     virtual void RemoveSubAccountLoadCallback(TObject* Owner) = 0;
+
+    // A number that grows each time that what GetAccount and GetAccountByIndex answer or the
+    // records of an account have come, gone or moved, so that a tree of them need not be walked
+    // after every change of figures; 0, by default, from a service that cannot tell.
+    virtual Int64 RecordsVersion() const { return 0; }
 };
 
 } // namespace quorin
