@@ -1,7 +1,7 @@
 #include "terminal/desktop/CellPainter.h"
 
-#include "terminal/desktop/GridModel.h"
 #include "terminal/desktop/Theme.h"
+#include "terminal/desktop/ViewModel.h"
 
 #include <QPainter>
 
@@ -10,7 +10,6 @@ namespace quorin {
 namespace {
 
 constexpr int MarkWidth = 16;
-constexpr int CellMargin = 6;
 constexpr Double StrongestFlash = 0.35; // of the colour, so that text on it can be read
 
 } // namespace
@@ -26,16 +25,18 @@ void TCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
     QRect place = cell.rect.adjusted(CellMargin, 0, -CellMargin, 0);
     const bool isSelected = cell.state.testFlag(QStyle::State_Selected);
-    const bool isOld = index.data(TGridModel::OldRole).toBool();
-    const bool hasMarks = index.data(TGridModel::HasMarksRole).toBool();
+    const bool isOld = index.data(TViewModel::OldRole).toBool();
+    const bool hasMarks = index.data(TViewModel::HasMarksRole).toBool();
     QColor color = cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
     if (isOld && !isSelected) color = QuietTextColor();
+    painter->setPen(color);
+    place = DrawBefore(*painter, place, index);
 
-    const QVariant flash = isOld ? QVariant() : index.data(TGridModel::FlashRole);
+    const QVariant flash = isOld ? QVariant() : index.data(TViewModel::FlashRole);
     if (flash.isValid()) {
         const auto state = static_cast<TPriceChangeState>(flash.toInt());
         QColor back = MoveColor(state);
-        const Double strength = index.data(TGridModel::FlashStrengthRole).toDouble();
+        const Double strength = index.data(TViewModel::FlashStrengthRole).toDouble();
         back.setAlphaF(static_cast<float>(strength * StrongestFlash));
         painter->fillRect(cell.rect, back);
         painter->setPen(MoveColor(state));
@@ -47,7 +48,7 @@ void TCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
         const QRect markPlace(place.right() - MarkWidth + 1, place.top(), MarkWidth,
                               place.height());
         place.setRight(markPlace.left() - 1);
-        const QVariant mark = index.data(TGridModel::MarkRole);
+        const QVariant mark = index.data(TViewModel::MarkRole);
         if (mark.isValid()) {
             const auto state = static_cast<TPriceChangeState>(mark.toInt());
             if (!isOld && MoveColor(state).isValid()) color = MoveColor(state);

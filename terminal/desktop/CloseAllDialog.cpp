@@ -23,14 +23,14 @@ constexpr int DialogHeight = 360;
 } // namespace
 
 TCloseAllModel::TCloseAllModel(TCloseAllForm& form, QObject* parent)
-    : TGridModel(form.View(), &form, parent), FForm(form) {}
+    : TViewModel(std::make_unique<TGridAccess>(form.View()), &form, parent), FForm(form) {}
 
 QVariant TCloseAllModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::CheckStateRole && index.column() == TickColumn) {
         if (!FForm.CanTick(index.row())) return {};
         return FForm.IsTicked(index.row()) ? Qt::Checked : Qt::Unchecked;
     }
-    return TGridModel::data(index, role);
+    return TViewModel::data(index, role);
 }
 
 bool TCloseAllModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -42,7 +42,7 @@ bool TCloseAllModel::setData(const QModelIndex& index, const QVariant& value, in
 }
 
 Qt::ItemFlags TCloseAllModel::flags(const QModelIndex& index) const {
-    const Qt::ItemFlags flags = TGridModel::flags(index);
+    const Qt::ItemFlags flags = TViewModel::flags(index);
     const bool isBox = index.column() == TickColumn && FForm.CanTick(index.row());
     return isBox ? flags | Qt::ItemIsUserCheckable : flags;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/desktop/GridModel.h"
+#include "terminal/desktop/ViewModel.h"
 #include "terminal/forms/CloseAllForm.h"
 
 #include <QDialog>
@@ -12,7 +12,7 @@ class QTableView;
 namespace quorin {
 
 // The positions of a close-all list as a table whose rows are ticked in their first column.
-class TCloseAllModel : public TGridModel {
+class TCloseAllModel : public TViewModel {
     Q_OBJECT
 
 public:

@@ -96,9 +96,6 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     connect(&header, &QHeaderView::sortIndicatorChanged, this, noteSoon);
     header.setSectionsMovable(true);
     connect(&header, &QHeaderView::sectionMoved, this, &TGridActions::MoveColumn);
-    if (GridOf(form) != nullptr) return; // which sorts by itself
-    header.setSectionsClickable(true);
-    connect(&header, &QHeaderView::sectionClicked, this, &TGridActions::SortNext);
 }
 
 void TGridActions::Add(StringView key, const QKeySequence& keys, void (TGridActions::*act)()) {
@@ -112,7 +109,6 @@ void TGridActions::Add(StringView key, const QKeySequence& keys, void (TGridActi
 }
 
 void TGridActions::Follow() {
-    if (GridOf(FForm) == nullptr) FollowIndicator();
     const TAppLanguage language = TCustomLanguageManager::GetInstance()->GetCurrentLanguage();
     if (FShownLanguage == language) return;
     FShownLanguage = language;
@@ -153,24 +149,6 @@ void TGridActions::MoveColumn(int section, int from, int to) {
     if (column == nullptr || place == nullptr) return;
     column->SetIndex(place->Index());
     FKeeper.Note();
-}
-
-void TGridActions::SortNext(int section) {
-    FMenuSection = section;
-    const TcxViewColumn* column = Column();
-    if (column != nullptr) {
-        const TdxSortOrder before = column->GetSortOrder();
-        Sort(before == soNone ? soAscending : before == soAscending ? soDescending : soNone);
-    }
-    FMenuSection = -1;
-}
-
-void TGridActions::FollowIndicator() {
-    const TcxTreeListColumn* sorted = FForm.FormView().Tree->GetSortedColumn(0);
-    const int section = sorted == nullptr ? -1 : sorted->VisibleIndex();
-    Header().setSortIndicatorShown(section >= 0);
-    const bool isDown = sorted != nullptr && sorted->GetSortOrder() == soDescending;
-    Header().setSortIndicator(section, isDown ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void TGridActions::ShowMenu(const QPoint& place) {

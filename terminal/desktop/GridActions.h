@@ -27,7 +27,7 @@ public:
     TFindBar& FindBar() { return *FFindBar; }
     // In the order of the menu.
     const QList<QAction*>& Actions() const { return FActions; }
-    // Once per frame: the texts follow the language, and the captions of a tree its sorting.
+    // Once per frame: the texts follow the language.
     void Follow();
     // The chosen rows with their visible columns, as the view shows them, apart by tabs.
     QString CopyText(bool withCaptions);
@@ -44,9 +44,6 @@ private:
     void OpenMenu();
     TcxViewColumn* ColumnAt(int section);
     void MoveColumn(int section, int from, int to);
-    // Up, down, and as the rows came.
-    void SortNext(int section);
-    void FollowIndicator();
     void ClearSorting();
     void Sort(TdxSortOrder order);
     void SortAscending() { Sort(soAscending); }

@@ -5,10 +5,8 @@
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/frame/ServiceTexts.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -17,118 +15,61 @@ namespace quorin {
 
 namespace {
 
-constexpr int RowHeight = 22;
-constexpr int SmallestColumn = 24;
-constexpr Double OldAfter = 10.0;    // seconds without a delivery
 constexpr Int64 CountInterval = 250; // milliseconds from one count of waiting rows to the next
 
 } // namespace
 
 TGridSkin::TGridSkin(TcxGridTableView& view, TListForm* form, QWidget* parent)
-    : QTableView(parent), FModel(view, form), FForm(form), FWaiting(new QLabel(viewport())) {
-    setModel(&FModel);
+    : TViewSkin(std::make_unique<TGridAccess>(view), form, parent), FView(view), FForm(form),
+      FWaiting(new QLabel(viewport())) {
     setItemDelegate(new TCellPainter(this));
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     FWaiting->setAutoFillBackground(true);
     FWaiting->setBackgroundRole(QPalette::ToolTipBase);
     FWaiting->setAttribute(Qt::WA_TransparentForMouseEvents);
     FWaiting->hide();
-    setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setAlternatingRowColors(true);
-    setShowGrid(false);
-    setWordWrap(false);
-    setTabKeyNavigation(false);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(RowHeight);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(SmallestColumn);
-    horizontalHeader()->setSectionsClickable(true);
-    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TGridSkin::SortBy);
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-            [this](int section, int, int width) {
-                TcxGridColumn* column = FModel.Column(section);
-                if (!FIsFollowing && column != nullptr) column->SetWidth(width);
-            });
     connect(this, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex& index) { emit RowChosen(index.row()); });
-    FollowColumns();
 }
 
 void TGridSkin::Follow() {
-    const bool isChanged = FModel.View().TakeRepaint();
-    const bool hasFaded = FModel.Flashes().Fade();
+    TViewSkin::Follow();
     FollowWaiting();
-    if (!isChanged) {
-        if (hasFaded) viewport()->update();
-        return;
-    }
-    ++FPaintCount;
-    const QScopedValueRollback following(FIsFollowing, true);
-    FModel.FollowSize();
-    FollowColumns();
-    FollowRows();
-    TakeMoves();
-    viewport()->update();
-    horizontalHeader()->viewport()->update();
-}
-
-void TGridSkin::FollowColumns() {
-    const QScopedValueRollback following(FIsFollowing, true);
-    for (int section = 0; section < FModel.columnCount(); ++section) {
-        const TcxGridColumn& column = *FModel.Column(section);
-        if (columnWidth(section) != column.GetWidth()) setColumnWidth(section, column.GetWidth());
-    }
-    TcxGridColumn* sorted = FModel.View().GetSortedItem(0);
-    const int section = sorted == nullptr ? -1 : sorted->VisibleIndex();
-    const auto order = sorted != nullptr && sorted->GetSortOrder() == soDescending
-                           ? Qt::DescendingOrder
-                           : Qt::AscendingOrder;
-    horizontalHeader()->setSortIndicatorShown(section >= 0);
-    horizontalHeader()->setSortIndicator(section, order);
 }
 
 void TGridSkin::FollowRows() {
-    TcxGridTableView& view = FModel.View();
-    const Integer top = view.TopRow();
+    const Integer top = FView.TopRow();
     QScrollBar& bar = *verticalScrollBar();
     // Qt goes one row further at the end, for the row that would be cut off.
     const bool areAtEnd =
-        bar.value() == bar.maximum() && top + view.VisibleRowCapacity() >= view.RowCount();
+        bar.value() == bar.maximum() && top + FView.VisibleRowCapacity() >= FView.RowCount();
     if (bar.value() != top && !areAtEnd) bar.setValue(top);
-    const Integer focused = view.FocusedRow();
-    if (currentIndex().row() == focused) return;
-    const int column = std::max(currentIndex().column(), 0);
-    setCurrentIndex(focused == NoRow ? QModelIndex() : FModel.index(focused, column));
+    TViewSkin::FollowRows();
+    TakeMoves();
 }
 
 // Once for a frame, of what is on screen.
 void TGridSkin::TakeMoves() {
     if (FForm == nullptr) return;
-    TcxGridTableView& view = FModel.View();
-    const Integer end = view.TopRow() + view.VisibleRowCount();
-    for (Integer row = view.TopRow(); row < end; ++row) {
-        const Integer record = view.RecordIndex(row);
-        for (int section = 0; section < FModel.columnCount(); ++section) {
-            const Integer attribute = FModel.Column(section)->GetTag();
+    const Integer end = FView.TopRow() + FView.VisibleRowCount();
+    for (Integer row = FView.TopRow(); row < end; ++row) {
+        const Integer record = FView.RecordIndex(row);
+        for (int section = 0; section < Model().columnCount(); ++section) {
+            const Integer attribute = Model().Column(section)->Tag();
             const auto move = FForm->TakeMove(row, attribute);
-            if (move.has_value()) FModel.Flashes().Flash(record, attribute, *move);
+            if (move.has_value()) Model().Flashes().Flash(record, attribute, *move);
         }
     }
 }
 
 void TGridSkin::FollowWaiting() {
-    TcxGridTableView& view = FModel.View();
-    if (!view.IsOrderHeld()) {
+    if (!FView.IsOrderHeld()) {
         FWaiting->hide();
         return;
     }
     if (FSinceCounted.isValid() && FSinceCounted.elapsed() < CountInterval) return;
     FSinceCounted.start();
-    const Integer waiting = view.PendingMoves();
+    const Integer waiting = FView.PendingMoves();
     FWaiting->setVisible(waiting > 0);
     if (waiting == 0) return;
     const QString text = ToQt(
@@ -140,49 +81,31 @@ void TGridSkin::FollowWaiting() {
                    viewport()->height() - FWaiting->height());
 }
 
-void TGridSkin::SetFeedAge(Double seconds, const QString& since) {
-    const QString old =
-        seconds < OldAfter
-            ? QString()
-            : ToQt(FormatText(InterfaceText(TerminalKey::Res_NoDeliverySince), {FromQt(since)}));
-    if (FModel.OldSince() == old) return;
-    FModel.SetOldSince(old);
-    viewport()->update();
-}
-
 bool TGridSkin::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::Enter) {
-        FModel.View().HoldOrder(true);
+        FView.HoldOrder(true);
         FSinceCounted.invalidate();
     }
-    if (event->type() == QEvent::Leave || event->type() == QEvent::Hide) {
-        FModel.View().HoldOrder(false);
-    }
-    return QTableView::viewportEvent(event);
+    if (event->type() == QEvent::Leave || event->type() == QEvent::Hide) FView.HoldOrder(false);
+    return TViewSkin::viewportEvent(event);
 }
 
 void TGridSkin::TellRowsOnScreen() {
-    if (FIsFollowing) return;
-    TcxGridTableView& view = FModel.View();
+    if (IsFollowing()) return;
     // Qt counts the row that is cut off at the bottom as one that shows.
     const int rows = (viewport()->height() + RowHeight - 1) / RowHeight;
-    view.SetVisibleRowCapacity(std::max(rows, 1));
-    view.SetTopRow(std::max(verticalScrollBar()->value(), 0));
+    FView.SetVisibleRowCapacity(std::max(rows, 1));
+    FView.SetTopRow(std::max(verticalScrollBar()->value(), 0));
 }
 
 void TGridSkin::resizeEvent(QResizeEvent* event) {
-    QTableView::resizeEvent(event);
+    TViewSkin::resizeEvent(event);
     TellRowsOnScreen();
 }
 
 void TGridSkin::scrollContentsBy(int dx, int dy) {
-    QTableView::scrollContentsBy(dx, dy);
+    TViewSkin::scrollContentsBy(dx, dy);
     if (dy != 0) TellRowsOnScreen();
-}
-
-void TGridSkin::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTableView::currentChanged(current, previous);
-    if (!FIsFollowing) FModel.View().SetFocusedRow(current.isValid() ? current.row() : NoRow);
 }
 
 void TGridSkin::keyPressEvent(QKeyEvent* event) {
@@ -190,21 +113,7 @@ void TGridSkin::keyPressEvent(QKeyEvent* event) {
         if (currentIndex().isValid()) emit RowChosen(currentIndex().row());
         return;
     }
-    QTableView::keyPressEvent(event);
-}
-
-// Up, down, and as the rows came.
-void TGridSkin::SortBy(int section) {
-    TcxGridColumn* column = FModel.Column(section);
-    if (column == nullptr) return;
-    const TdxSortOrder before = column->GetSortOrder();
-    FModel.View().BeginUpdate();
-    FModel.View().ClearSorting();
-    if (before != soDescending) {
-        column->SetSortOrder(before == soNone ? soAscending : soDescending);
-    }
-    FModel.View().EndUpdate();
-    Follow();
+    TViewSkin::keyPressEvent(event);
 }
 
 } // namespace quorin

@@ -68,8 +68,8 @@ void TMainWindow::Frame() {
     FollowLanguage();
     const std::vector<TPaneDock*> docks = FDocks; // a form may end inside
     for (TPaneDock* dock : docks) {
-        if (auto* grid = qobject_cast<TGridSkin*>(dock->Pane().ItemView())) {
-            grid->SetFeedAge(FSession.DeliveryAge(), ToQt(FSession.Clock()));
+        if (auto* list = qobject_cast<TViewSkin*>(dock->Pane().ItemView())) {
+            list->SetFeedAge(FSession.DeliveryAge(), ToQt(FSession.Clock()));
         }
         dock->Follow();
     }

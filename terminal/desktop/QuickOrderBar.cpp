@@ -37,8 +37,8 @@ void ShowText(Widget& widget, const QString& text) {
 
 // Where the focus is in a list of Qt's own the column is none of the list's.
 Integer AttributeOf(TGridSkin& grid) {
-    const TcxGridColumn* column = grid.Model().Column(grid.currentIndex().column());
-    return column == nullptr ? PositionAttribute::SymbolCode : column->GetTag();
+    const TcxViewColumn* column = grid.Model().Column(grid.currentIndex().column());
+    return column == nullptr ? PositionAttribute::SymbolCode : column->Tag();
 }
 
 } // namespace

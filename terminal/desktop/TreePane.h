@@ -2,14 +2,11 @@
 
 #include "terminal/desktop/AccountBar.h"
 #include "terminal/desktop/Pane.h"
-#include "terminal/desktop/PlainTree.h"
+#include "terminal/desktop/TreeSkin.h"
 
 #include <memory>
 
 namespace quorin {
-
-// The skin of the trees; draws a TTreeForm.
-using TTreeSkin = TPlainTree;
 
 // A tree of account figures on the screen, with its account to choose above it.
 class TTreePane : public TPane {

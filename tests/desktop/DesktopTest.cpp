@@ -308,7 +308,7 @@ void TDesktopTest::PaintsOncePerFrame() {
     const QAbstractItemModel& model = *grid.model();
     QCOMPARE(model.rowCount(), view.RowCount());
     for (int section = 0; section < model.columnCount(); ++section) {
-        TcxGridColumn& column = *grid.Model().Column(section);
+        auto& column = static_cast<TcxGridColumn&>(*grid.Model().Column(section));
         QCOMPARE(model.index(3, section).data().toString(), ToQt(view.CellText(3, column)));
         QCOMPARE(model.headerData(section, Qt::Horizontal).toString(), ToQt(column.Caption()));
     }

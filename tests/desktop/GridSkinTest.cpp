@@ -70,7 +70,7 @@ void TGridSkinTest::Point(QEvent::Type type) {
 
 int TGridSkinTest::Section(Integer attribute) {
     for (int section = 0;; ++section) {
-        if (FPane->Grid().Model().Column(section)->GetTag() == attribute) return section;
+        if (FPane->Grid().Model().Column(section)->Tag() == attribute) return section;
     }
 }
 
@@ -87,19 +87,18 @@ void TGridSkinTest::FlashesTheLargestMoveSinceThePaint_data() {
 
 void TGridSkinTest::FlashesTheLargestMoveSinceThePaint() {
     QFETCH(QList<double>, prices);
-    TGridModel& model = FPane->Grid().Model();
+    TViewModel& model = FPane->Grid().Model();
     model.Flashes() = TCellFlashes(); // of the prices before
     for (const double price : prices) Feed(0, price);
     FPane->Follow();
     const QModelIndex cell = model.index(0, Section(MarketAttribute::LastPrice));
-    const QVariant flash = cell.data(TGridModel::FlashRole);
+    const QVariant flash = cell.data(TViewModel::FlashRole);
     QTEST(flash.isValid() ? flash.toInt() : -1, "state");
-    QVERIFY(!model.index(1, cell.column()).data(TGridModel::FlashRole).isValid());
+    QVERIFY(!model.index(1, cell.column()).data(TViewModel::FlashRole).isValid());
 }
 
 void TGridSkinTest::HoldsRowsUnderThePointer() {
-    TcxGridTableView& view = FPane->Form().View();
-    TcxGridColumn& last = *FPane->Grid().Model().Column(Section(MarketAttribute::LastPrice));
+    TcxViewColumn& last = *FPane->Grid().Model().Column(Section(MarketAttribute::LastPrice));
     last.SetSortOrder(soDescending);
     FPane->Follow();
     const String before = FPane->Form().Symbol(4);
@@ -107,7 +106,8 @@ void TGridSkinTest::HoldsRowsUnderThePointer() {
     Feed(4, 999.0);
     FPane->Follow();
     QCOMPARE(FPane->Form().Symbol(4), before);
-    QVERIFY(ToQt(view.CellText(4, last)).startsWith("999"));
+    QVERIFY(
+        FPane->Grid().Model().index(4, last.VisibleIndex()).data().toString().startsWith("999"));
     QLabel* corner = nullptr;
     for (QLabel* label : FPane->Grid().viewport()->findChildren<QLabel*>()) {
         if (label->isVisible()) corner = label;

@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -174,6 +175,15 @@ void TPanesTest::ChoosesAccountsAndSums() {
     const QPoint sign = pane.Tree().SignRect(parent).center();
     QTest::mouseClick(pane.Tree().viewport(), Qt::LeftButton, {}, sign);
     QVERIFY(pane.Tree().model()->rowCount() < rows);
+    pane.Tree().setCurrentIndex(pane.Tree().model()->index(parent, 1));
+    QTest::keyClick(&pane.Tree(), Qt::Key_Right);
+    QCOMPARE(pane.Tree().model()->rowCount(), rows);
+    QTest::keyClick(&pane.Tree(), Qt::Key_Left);
+    QVERIFY(pane.Tree().model()->rowCount() < rows);
+    const int caption = pane.Tree().columnViewportPosition(1) + 20;
+    QTest::mouseClick(pane.Tree().horizontalHeader()->viewport(), Qt::LeftButton, {}, {caption, 5});
+    QCOMPARE(tree.GetSortedColumn(0), tree.GetColumn(1));
+    QCOMPARE(pane.Tree().horizontalHeader()->sortIndicatorSection(), 1);
 
     TCashTreePane cash({});
     cash.Follow();

@@ -1,17 +1,19 @@
 #pragma once
 
-#include "platform/widgets/GridTableView.h"
 #include "terminal/desktop/CellFlashes.h"
-#include "terminal/forms/ListForm.h"
+#include "terminal/desktop/ViewAccess.h"
+#include "terminal/forms/ShownForm.h"
 
 #include <QAbstractTableModel>
 
+#include <memory>
+
 namespace quorin {
 
-// A headless grid as a table of Qt: rows in view order, the visible columns. Holds nothing of what
-// it shows but how many rows and columns Qt was told of; captions and cells are asked for when they
-// are drawn.
-class TGridModel : public QAbstractTableModel {
+// A headless grid or tree list as a table of Qt: rows in view order, the visible columns. Holds
+// nothing of what it shows but how many rows and columns Qt was told of; captions and cells are
+// asked for when they are drawn.
+class TViewModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
@@ -26,14 +28,14 @@ public:
     // Whether what the cell shows has become old.
     static constexpr int OldRole = Qt::UserRole + 5;
 
-    // `form` knows which columns are text and which have marks; nil where all are text. Both must
-    // live longer.
-    explicit TGridModel(TcxGridTableView& view, TListForm* form = nullptr,
+    // `form` knows which columns are text and which have marks; nil where all are text. It and what
+    // `view` gives access to must live longer.
+    explicit TViewModel(std::unique_ptr<TViewAccess> view, TShownForm* form = nullptr,
                         QObject* parent = nullptr);
 
-    TcxGridTableView& View() { return FView; }
+    TViewAccess& View() { return *FView; }
     // The headless column of one of Qt's; nil outside.
-    TcxGridColumn* Column(int section) const;
+    TcxViewColumn* Column(int section) const;
 
     TCellFlashes& Flashes() { return FFlashes; }
     // Since when the feed has stopped, in words; empty while it has not.
@@ -51,10 +53,10 @@ public:
 
 private:
     int ViewColumnCount() const;
-    Qt::Alignment AlignmentOf(const TcxGridColumn& column) const;
+    Qt::Alignment AlignmentOf(const TcxViewColumn& column) const;
 
-    TcxGridTableView& FView;
-    TListForm* FForm;
+    std::unique_ptr<TViewAccess> FView;
+    TShownForm* FForm;
     TCellFlashes FFlashes;
     QString FOldSince;
     int FToldRows = 0;

@@ -1,34 +1,36 @@
-#include "terminal/desktop/GridModel.h"
+#include "terminal/desktop/ViewModel.h"
 
 #include "terminal/desktop/QtText.h"
 #include "terminal/desktop/Theme.h"
 
+#include <utility>
+
 namespace quorin {
 
-TGridModel::TGridModel(TcxGridTableView& view, TListForm* form, QObject* parent)
-    : QAbstractTableModel(parent), FView(view), FForm(form) {
+TViewModel::TViewModel(std::unique_ptr<TViewAccess> view, TShownForm* form, QObject* parent)
+    : QAbstractTableModel(parent), FView(std::move(view)), FForm(form) {
     FollowSize();
 }
 
-int TGridModel::ViewColumnCount() const {
+int TViewModel::ViewColumnCount() const {
     int count = 0;
-    for (Integer index = 0; index < FView.GetColumnCount(); ++index) {
-        if (FView.GetColumn(index)->GetVisible()) ++count;
+    for (Integer index = 0; index < FView->ColumnCount(); ++index) {
+        if (FView->Column(index).GetVisible()) ++count;
     }
     return count;
 }
 
-TcxGridColumn* TGridModel::Column(int section) const {
-    for (Integer index = 0; index < FView.GetColumnCount(); ++index) {
-        TcxGridColumn* column = FView.GetColumn(index);
-        if (column->GetVisible() && section-- == 0) return column;
+TcxViewColumn* TViewModel::Column(int section) const {
+    for (Integer index = 0; section >= 0 && index < FView->ColumnCount(); ++index) {
+        TcxViewColumn& column = FView->Column(index);
+        if (column.GetVisible() && section-- == 0) return &column;
     }
     return nullptr;
 }
 
-bool TGridModel::FollowSize() {
+bool TViewModel::FollowSize() {
     const int columns = ViewColumnCount();
-    const int rows = FView.RowCount();
+    const int rows = FView->RowCount();
     if (columns != FToldColumns) {
         beginResetModel();
         FToldColumns = columns;
@@ -51,37 +53,36 @@ bool TGridModel::FollowSize() {
     return false;
 }
 
-int TGridModel::rowCount(const QModelIndex& parent) const {
+int TViewModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : FToldRows;
 }
 
-int TGridModel::columnCount(const QModelIndex& parent) const {
+int TViewModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : FToldColumns;
 }
 
-Qt::Alignment TGridModel::AlignmentOf(const TcxGridColumn& column) const {
-    const bool isText = FForm == nullptr || FForm->IsText(column.GetTag());
+Qt::Alignment TViewModel::AlignmentOf(const TcxViewColumn& column) const {
+    const bool isText = FForm == nullptr || FForm->IsText(column.Tag());
     return Qt::AlignVCenter | (isText ? Qt::AlignLeft : Qt::AlignRight);
 }
 
-QVariant TGridModel::data(const QModelIndex& index, int role) const {
-    TcxGridColumn* column = Column(index.column());
+QVariant TViewModel::data(const QModelIndex& index, int role) const {
+    TcxViewColumn* column = Column(index.column());
     if (column == nullptr) return {};
     switch (role) {
-    case Qt::DisplayRole: return ToQt(FView.CellText(index.row(), *column));
+    case Qt::DisplayRole: return ToQt(FView->CellText(index.row(), *column));
     case Qt::TextAlignmentRole: return QVariant(AlignmentOf(*column));
-    case HasMarksRole: return FForm != nullptr && FForm->HasMarks(column->GetTag());
+    case HasMarksRole: return FForm != nullptr && FForm->HasMarks(column->Tag());
     case MarkRole: {
-        const bool hasMarks = FForm != nullptr && FForm->HasMarks(column->GetTag());
-        const auto mark = hasMarks ? FForm->Mark(index.row(), column->GetTag())
-                                   : std::optional<TPriceChangeState>();
+        const bool hasMarks = FForm != nullptr && FForm->HasMarks(column->Tag());
+        const auto mark =
+            hasMarks ? FForm->Mark(index.row(), column->Tag()) : std::optional<TPriceChangeState>();
         return mark.has_value() ? QVariant(static_cast<Integer>(*mark)) : QVariant();
     }
     case FlashRole:
     case FlashStrengthRole: {
-        const auto* flash = FFlashes.IsEmpty()
-                                ? nullptr
-                                : FFlashes.Find(FView.RecordIndex(index.row()), column->GetTag());
+        const auto* flash =
+            FFlashes.IsEmpty() ? nullptr : FFlashes.Find(FView->Record(index.row()), column->Tag());
         if (flash == nullptr) return {};
         if (role == FlashRole) return static_cast<Integer>(flash->State);
         return FFlashes.Strength(*flash);
@@ -90,7 +91,7 @@ QVariant TGridModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole: return FOldSince.isEmpty() ? QVariant() : FOldSince;
     case Qt::AccessibleTextRole: {
-        const QString text = ToQt(FView.CellText(index.row(), *column));
+        const QString text = ToQt(FView->CellText(index.row(), *column));
         const QVariant mark = data(index, MarkRole);
         if (!mark.isValid()) return text;
         return QString(text + u' ' + MoveWord(static_cast<TPriceChangeState>(mark.toInt())));
@@ -99,8 +100,8 @@ QVariant TGridModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QVariant TGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    const TcxGridColumn* column = Column(section);
+QVariant TViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    const TcxViewColumn* column = Column(section);
     if (orientation != Qt::Horizontal || column == nullptr) return {};
     switch (role) {
     case Qt::DisplayRole:
