@@ -144,6 +144,7 @@ void TTradingDay::Step() {
     }
     FServices.Deliver(); // also what faults have left
     for (Integer checks = 0; checks < PaintsPerStep; ++checks) CheckForm(*AnyForm());
+    FFaults->Plan().Sweep(); // nobody is being told of anything now
     FFigures.PeakBytes = std::max(FFigures.PeakBytes, LiveBytes());
 }
 
