@@ -15,8 +15,14 @@ void* Taken(std::size_t size) noexcept {
     return memory;
 }
 
-void* TakenOrThrow(std::size_t size) {
-    void* memory = Taken(size);
+void* TakenAligned(std::size_t size, std::align_val_t alignment) noexcept {
+    const auto step = static_cast<std::size_t>(alignment);
+    void* memory = std::aligned_alloc(step, (size + step - 1) / step * step);
+    if (memory != nullptr) Live += malloc_usable_size(memory);
+    return memory;
+}
+
+void* OrThrow(void* memory) {
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
 }
@@ -30,10 +36,19 @@ void GiveBack(void* memory) noexcept {
 
 // All of them: a sanitizer's own would not agree with the others.
 void* operator new(std::size_t size) {
-    return TakenOrThrow(size);
+    return OrThrow(Taken(size));
 }
 void* operator new[](std::size_t size) {
-    return TakenOrThrow(size);
+    return OrThrow(Taken(size));
+}
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return OrThrow(TakenAligned(size, alignment));
+}
+void operator delete(void* memory, std::align_val_t) noexcept {
+    GiveBack(memory);
+}
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+    GiveBack(memory);
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return Taken(size);

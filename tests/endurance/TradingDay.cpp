@@ -19,6 +19,7 @@ constexpr std::size_t MostForms = 50;
 constexpr Integer ActionsPerStep = 3;
 constexpr Integer PaintsPerStep = 3;
 constexpr Integer FaultRate = 10; // one in so many steps has services that misbehave
+constexpr Integer FaultsPerStep = 1'000; // a search looks up more than a million cells
 constexpr Integer OrderRate = 4;
 constexpr Int64 StepNanos = 500'000'000;
 constexpr Integer StepsBeforeForms = 300;
@@ -48,6 +49,8 @@ TTradingDay::TTape::TTape(TEmbeddedServices& services) : FServices(services) {
             TCustomSubItem* item = items.GetSubItem(record->GetSymbol(), LiveDataType, true);
             items.Subscribe(item, MakeEvent<&TTape::Changed>(this), this);
             ++FRegistrations;
+            // Its margin is asked for now, so that the day does not grow by that.
+            items.GetSubItem(String(SpanKeyPrefix) + record->GetSymbol(), LiveDataType, true);
         }
     }
 }
@@ -132,7 +135,7 @@ void TTradingDay::BeginDay() {
 void TTradingDay::Step() {
     ++FFigures.Steps;
     FFindings.SetPlace("step " + std::to_string(FFigures.Steps));
-    FFaults->Plan().SetOn(FRandom.OneIn(FaultRate));
+    FFaults->Plan().SetOn(FRandom.OneIn(FaultRate), FaultsPerStep);
     for (Integer action = 0; action < ActionsPerStep; ++action) Act();
     if (FVenue->TimeNanos() >= Evening) BeginDay();
     FVenue->Step();
@@ -281,7 +284,7 @@ std::size_t TTradingDay::CloseAndWeigh() {
     for (const std::string& line : FMoney->Check()) FFindings.Add(line);
     FFaults->Plan().Sweep();
     RequireRegistrations(FTape->Registrations());
-    const std::size_t held = LiveBytes() - BytesOfOrders();
+    const std::size_t held = LiveBytes() - BytesOfOrders() - BytesOfItems();
     OpenStaying();
     return held;
 }
@@ -293,6 +296,14 @@ std::size_t TTradingDay::BytesOfOrders() {
     std::deque<TOrderAuditEntry> audit;
     const TOrderAudit& kept = FServices.Desk().Audit();
     for (Integer index = 0; index < kept.Count(); ++index) audit.push_back(kept[index]);
+    return LiveBytes() - before;
+}
+
+// The same of the items, of which each code that somebody has typed keeps one.
+std::size_t TTradingDay::BytesOfItems() {
+    const std::size_t before = LiveBytes();
+    TEmbeddedSubscribeAdapter copy;
+    FServices.Items().EachItem([&](TEmbeddedSubItem& item) { copy.Item(item.GetKey()); });
     return LiveBytes() - before;
 }
 

@@ -87,6 +87,7 @@ private:
     void RestoreSettings();
     void CheckForm(TOpenForm& open);
     std::size_t BytesOfOrders();
+    std::size_t BytesOfItems();
     void RequireRegistrations(Integer expected);
     void OpenStaying();
     void CloseAll();

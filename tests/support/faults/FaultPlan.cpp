@@ -24,8 +24,14 @@ void TFaultPlan::Sweep() {
     for (TFaultyCallbacks* callbacks : FAll) callbacks->Sweep();
 }
 
+bool TFaultPlan::CallsInside(unsigned rate) {
+    if (!FCallsInside || !FOn || FCallsLeft <= 0 || IsInFault() || !OneIn(rate)) return false;
+    --FCallsLeft;
+    return true;
+}
+
 void TFaultPlan::InRegistration(TFaultyCallbacks& own) {
-    if (!FCallsInside || !FOn || IsInFault() || !OneIn(RegistrationRate)) return;
+    if (!CallsInside(RegistrationRate)) return;
     Run([&] {
         Count(TFault::CallInRegistration);
         own.TellAll();
@@ -34,7 +40,7 @@ void TFaultPlan::InRegistration(TFaultyCallbacks& own) {
 }
 
 void TFaultPlan::InLookUp() {
-    if (!FCallsInside || !FOn || IsInFault() || !OneIn(LookUpRate)) return;
+    if (!CallsInside(LookUpRate)) return;
     Run([&] {
         if (TellAny()) Count(TFault::CallInLookUp);
     });

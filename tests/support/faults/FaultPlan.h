@@ -4,6 +4,7 @@
 #include "platform/rtl/Types.h"
 
 #include <array>
+#include <limits>
 #include <random>
 
 namespace quorin {
@@ -41,8 +42,12 @@ public:
     Integer Happened(TFault fault) const { return FHappened[static_cast<std::size_t>(fault)]; }
     Integer HappenedInAll() const;
 
-    // Off, the services behave; on from the start.
-    void SetOn(bool on) { FOn = on; }
+    // Off, the services behave, and so they do after `most` calls inside look-ups and registrations;
+    // on from the start, without an end.
+    void SetOn(bool on, Integer most = std::numeric_limits<Integer>::max()) {
+        FOn = on;
+        FCallsLeft = most;
+    }
     bool IsOn() const { return FOn; }
     // Whether operations call back before they return, which no receiver that frees the caller can
     // stand; on from the start.
@@ -78,6 +83,8 @@ public:
     void InQuestion();
 
 private:
+    // Whether the operation that asks calls somebody before it returns.
+    bool CallsInside(unsigned rate);
     // False where nobody is registered.
     bool TellAny();
     void DeliverAll(TFault fault);
@@ -91,6 +98,7 @@ private:
     std::array<Integer, FaultCount> FHappened{};
     bool FOn = true;
     bool FCallsInside = true;
+    Integer FCallsLeft = std::numeric_limits<Integer>::max();
     bool FDelivers = false;
 };
 
