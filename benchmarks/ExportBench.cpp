@@ -103,7 +103,7 @@ void SetFigures(benchmark::State& state, const fs::path& file) {
 
 void CsvExport(benchmark::State& state) {
     TBenchTable table = TableOf(state);
-    for (auto _ : state) ExportToCsv(Target("csv"), table);
+    for (auto _ : state) WriteCsv(Target("csv"), table);
     SetFigures(state, Target("csv"));
 }
 
@@ -130,13 +130,13 @@ void CsvPlain(benchmark::State& state) {
 
 void XlsExport(benchmark::State& state) {
     TBenchTable table = TableOf(state);
-    for (auto _ : state) ExportToXls(Target("xls"), table);
+    for (auto _ : state) WriteXls(Target("xls"), table);
     SetFigures(state, Target("xls"));
 }
 
 void XlsxExport(benchmark::State& state) {
     TBenchTable table = TableOf(state);
-    for (auto _ : state) ExportToXlsx(Target("xlsx"), table);
+    for (auto _ : state) WriteXlsx(Target("xlsx"), table);
     SetFigures(state, Target("xlsx"));
 }
 

@@ -104,3 +104,7 @@ quorin_pkgconfig(
     quorin-embedded "Every service of quorin-viewdata in memory" quorin-viewdata
     "-lquorin_embedded -lquorin_viewdata -lquorin_platform -lINIReader -linih"
 )
+quorin_pkgconfig(
+    quorin-kit "Checks of any service of quorin-viewdata against its contract" quorin-viewdata
+    "-lquorin_kit -lquorin_viewdata -lquorin_platform"
+)

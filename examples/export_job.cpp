@@ -63,8 +63,8 @@ void Run(const std::filesystem::path& folder) {
     // What is saved is what the grid shows: its columns, its order, its texts.
     grid.View().GetColumn(0)->SetSortOrder(soDescending);
     TGridExportTable table(grid.Grid(), {});
-    ExportToCsv(folder / "watch.csv", table);
-    ExportToXlsx(folder / "watch.xlsx", table);
+    WriteCsv(folder / "watch.csv", table);
+    WriteXlsx(folder / "watch.xlsx", table);
     std::cout << table.RowCount() << " rows in watch.csv and watch.xlsx\n";
 }
 

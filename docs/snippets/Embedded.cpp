@@ -1,33 +1,39 @@
 #include "docs/snippets/Snippet.h"
+#include "embedded/SilentHost.h"
+#include "embedded/TimeText.h"
 #include "terminal/forms/MarketWatchForm.h"
 #include "terminal/forms/VenueMarket.h"
 #include "viewdata/market/MarketAttributes.h"
 
 namespace quorin {
 
-// [host]
-class TQuietHost : public THost {
-public:
-    void ShowMessage(StringView) override {}
-    Integer Confirm(StringView, Integer defaultAnswer) override { return defaultAnswer; }
-    void WriteLog(StringView, Byte) override {}
-    Boolean ChannelMessage(Integer, Pointer) override { return false; } // takes none in
-};
-// [/host]
-
 TEST(Embedded, Start) {
     const std::filesystem::path dataFolder = QUORIN_DATA_DIR;
     // [start]
-    TQuietHost host;
+    TSilentHost host; // nobody to ask; a program with a user has a host of its own
     TEmbeddedServices services({.Host = host, .DataDirectory = dataFolder}); // and installed
-    TVenueMarketOptions options;
-    options.DataFolder = dataFolder;
-    options.Seed = 7;
-    TVenueMarket venue(services, options); // the shipped symbols and accounts, and who trades them
+    LoadUniverse(dataFolder / "universe", services.Market());                // the shipped symbols
+    services.LoadAccounts(dataFolder / "accounts");                          // and accounts
+    TVenue venue(services.Items(), services.Market(),
+                 {.Seed = 7, .StartNanos = 36'000 * NanosPerSecond}); // at ten, exchanges are open
+
+    TCustomSubscribeAdapter& items = *TCustomSubscribeAdapter::GetInstance();
+    items.GetSubItem(u"00005", LiveDataType, /*Flag=*/true); // the venue writes what is asked for
     for (int step = 0; step < 40; ++step) {
-        venue.Step(); // a quarter of a second of market, and its delivery
+        venue.Step(); // a quarter of a second of market
+        services.Deliver();
     }
     // [/start]
+    EXPECT_EQ(items.GetSubItem(u"00005", LiveDataType, false)->GetStatus(), ItemStatus::Ready);
+    EXPECT_GT(services.Accounts().GetAccountCount(), 1);
+}
+
+TEST(Embedded, Form) {
+    TSilentHost host;
+    TEmbeddedServices services({.Host = host, .DataDirectory = QUORIN_DATA_DIR});
+    TVenueMarketOptions options;
+    options.DataFolder = QUORIN_DATA_DIR;
+    TVenueMarket venue(services, options);
     // [form]
     TMarketWatchForm form;
     form.ShowMarket(u"SEHK");
@@ -42,7 +48,7 @@ TEST(Embedded, Start) {
     // [/form]
     EXPECT_GE(record, 0);
     EXPECT_GT(form.RowCount(), 10);
-    EXPECT_NE(form.Text(0, MarketAttribute::LastPrice), NothingToShow);
+    EXPECT_NE(form.Text(0, MarketAttribute::BestBid), NothingToShow);
 }
 
 } // namespace quorin

@@ -11,19 +11,14 @@ namespace quorin {
 class TConsoleLog final : public TCustomLogFile {
 public:
     void WriteLog(StringView Text, Byte Level) override {
-        if (Level <= FHighest) std::clog << ToUtf8(Text) << '\n';
+        if (Level <= ViewLogLevel) std::clog << ToUtf8(Text) << '\n';
     }
-    void SetHighest(Byte level) { FHighest = level; }
-
-private:
-    Byte FHighest = ViewLogLevel;
 };
 // [/log]
 
 TEST_F(TSnippet, Services) {
-    TConsoleLog log;
-    log.SetHighest(0);
     // [install]
+    TConsoleLog log;                // yours: it implements TCustomLogFile
     ServiceRegistry::Install(&log); // in the place of an installed one; the registry owns nothing
     TCustomLogFile::GetInstance()->WriteLog(u"started", ViewLogLevel);
     ServiceRegistry::Remove<TCustomLogFile>(); // before the object dies

@@ -1,4 +1,5 @@
 #include "embedded/EmbeddedServices.h"
+#include "embedded/SilentHost.h"
 #include "platform/rtl/Utf.h"
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/market/MarketDataControl.h"
@@ -7,15 +8,8 @@
 
 using namespace quorin;
 
-struct TQuietHost : THost {
-    void ShowMessage(StringView) override {}
-    Integer Confirm(StringView, Integer defaultAnswer) override { return defaultAnswer; }
-    void WriteLog(StringView, Byte) override {}
-    Boolean ChannelMessage(Integer, Pointer) override { return false; }
-};
-
 int main() {
-    TQuietHost host;
+    TSilentHost host;                           // there is no user to ask
     TEmbeddedServices services({.Host = host}); // one of each service, installed
     services.Market().AddExchange({.Code = u"SEHK", .Currency = u"HKD"});
     services.Market().AddSeries({.Code = u"MAIN", .Exchange = u"SEHK"});

@@ -96,8 +96,8 @@ private:
 
 } // namespace
 
-bool ExportToCsv(const std::filesystem::path& target, TExportTable& table,
-                 const TCsvOptions& options, TExportProgressEvent progress) {
+bool WriteCsv(const std::filesystem::path& target, TExportTable& table, const TCsvOptions& options,
+              TExportProgressEvent progress) {
     const TTableSize size(table, CsvLimits);
     TReplacingFile file(target);
     TCsvWriter writer(file, options);

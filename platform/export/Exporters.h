@@ -8,9 +8,10 @@
 
 namespace quorin {
 
-// The writers of files. Captions come first, then every row of the table. The file is written
-// beside its target, which it replaces at the end; until then, and after any failure, the target
-// stays as it was. A link is followed; a device or pipe gets the finished bytes.
+// The writers of files, for programs that know the name; see ViewExports.h for those that ask the
+// user. Captions come first, then every row of the table. The file is written beside its target,
+// which it replaces at the end; until then, and after any failure, the target stays as it was. A
+// link is followed; a device or pipe gets the finished bytes.
 //
 // They answer False when the progress event, told every ProgressRows rows and after the last one,
 // cancelled: then there is no file either. They raise EExportError, before anything is written
@@ -26,8 +27,8 @@ struct TCsvOptions {
 };
 
 // UTF-8 with quotes where RFC 4180 asks for them; two blanks per level of a tree's row.
-bool ExportToCsv(const std::filesystem::path& target, TExportTable& table,
-                 const TCsvOptions& options = {}, TExportProgressEvent progress = nullptr);
+bool WriteCsv(const std::filesystem::path& target, TExportTable& table,
+              const TCsvOptions& options = {}, TExportProgressEvent progress = nullptr);
 
 // The two workbooks have one sheet. An empty text is a blank cell. A number is stored with a format
 // that shows its very text; what no format shows as it stands ("00700", more than 15 digits, "5.",
@@ -39,11 +40,11 @@ bool ExportToCsv(const std::filesystem::path& target, TExportTable& table,
 inline constexpr Integer MaxCellText = 32767;
 
 // Excel 97 to 2003: at most 65,536 rows with the captions and 256 columns.
-bool ExportToXls(const std::filesystem::path& target, TExportTable& table,
-                 TExportProgressEvent progress = nullptr);
+bool WriteXls(const std::filesystem::path& target, TExportTable& table,
+              TExportProgressEvent progress = nullptr);
 
 // Excel 2007: at most 1,048,576 rows with the captions and 16,384 columns.
-bool ExportToXlsx(const std::filesystem::path& target, TExportTable& table,
-                  TExportProgressEvent progress = nullptr);
+bool WriteXlsx(const std::filesystem::path& target, TExportTable& table,
+               TExportProgressEvent progress = nullptr);
 
 } // namespace quorin

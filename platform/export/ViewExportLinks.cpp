@@ -30,21 +30,21 @@ void TViewExportLinks::ExportGridToCSV(const String& fileName, TcxGrid& grid, Bo
                                        TExportProgressEvent handler, TcxExportEncoding,
                                        const TcxCsvExportOptions& options) {
     TGridExportTable table(grid, {expand, saveAll});
-    ExportToCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
+    WriteCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
 }
 
 void TViewExportLinks::ExportGridToExcel(const String& fileName, TcxGrid& grid, Boolean expand,
                                          Boolean saveAll, Boolean useNativeFormat,
                                          StringView fileExt, TExportProgressEvent handler) {
     TGridExportTable table(grid, {expand, saveAll, useNativeFormat});
-    ExportToXls(Target(fileName, fileExt), table, handler);
+    WriteXls(Target(fileName, fileExt), table, handler);
 }
 
 void TViewExportLinks::ExportGridToXLSX(const String& fileName, TcxGrid& grid, Boolean expand,
                                         Boolean saveAll, Boolean useNativeFormat,
                                         StringView fileExt, TExportProgressEvent handler) {
     TGridExportTable table(grid, {expand, saveAll, useNativeFormat});
-    ExportToXlsx(Target(fileName, fileExt), table, handler);
+    WriteXlsx(Target(fileName, fileExt), table, handler);
 }
 
 void TViewExportLinks::cxExportTLToCSV(const String& fileName, TcxVirtualTreeList& tree,
@@ -52,21 +52,21 @@ void TViewExportLinks::cxExportTLToCSV(const String& fileName, TcxVirtualTreeLis
                                        StringView fileExt, TExportProgressEvent handler,
                                        TcxExportEncoding, const TcxCsvExportOptions& options) {
     TTreeExportTable table(tree, {expand, saveAll});
-    ExportToCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
+    WriteCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
 }
 
 void TViewExportLinks::cxExportTLToExcel(const String& fileName, TcxVirtualTreeList& tree,
                                          Boolean expand, Boolean saveAll, Boolean useNativeFormat,
                                          StringView fileExt, TExportProgressEvent handler) {
     TTreeExportTable table(tree, {expand, saveAll, useNativeFormat});
-    ExportToXls(Target(fileName, fileExt), table, handler);
+    WriteXls(Target(fileName, fileExt), table, handler);
 }
 
 void TViewExportLinks::cxExportTLToXLSX(const String& fileName, TcxVirtualTreeList& tree,
                                         Boolean expand, Boolean saveAll, Boolean useNativeFormat,
                                         StringView fileExt, TExportProgressEvent handler) {
     TTreeExportTable table(tree, {expand, saveAll, useNativeFormat});
-    ExportToXlsx(Target(fileName, fileExt), table, handler);
+    WriteXlsx(Target(fileName, fileExt), table, handler);
 }
 
 } // namespace quorin

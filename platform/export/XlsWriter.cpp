@@ -127,8 +127,8 @@ private:
 
 } // namespace
 
-bool ExportToXls(const std::filesystem::path& target, TExportTable& table,
-                 TExportProgressEvent progress) {
+bool WriteXls(const std::filesystem::path& target, TExportTable& table,
+              TExportProgressEvent progress) {
     const TTableSize size(table, XlsLimits);
     TReplacingFile file(target);
     TXlsSheet sheet(table, size);

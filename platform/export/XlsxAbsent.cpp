@@ -2,7 +2,7 @@
 
 namespace quorin {
 
-bool ExportToXlsx(const std::filesystem::path&, TExportTable&, TExportProgressEvent) {
+bool WriteXlsx(const std::filesystem::path&, TExportTable&, TExportProgressEvent) {
     throw EExportError(TExportFault::NoExporter, "This program was built without XLSX workbooks.");
 }
 

@@ -183,8 +183,8 @@ private:
 
 } // namespace
 
-bool ExportToXlsx(const std::filesystem::path& target, TExportTable& table,
-                  TExportProgressEvent progress) {
+bool WriteXlsx(const std::filesystem::path& target, TExportTable& table,
+               TExportProgressEvent progress) {
     const TTableSize size(table, XlsxLimits);
     const TPlainNumbers plainNumbers;
     TReplacingFile file(target);

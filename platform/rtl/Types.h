@@ -23,3 +23,7 @@ using Double = double;
 using Pointer = void*;
 
 } // namespace quorin
+
+#if __cplusplus < 202002L
+#error "quorin.ViewData needs C++20: compile with -std=c++20"
+#endif

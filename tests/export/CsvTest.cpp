@@ -64,7 +64,7 @@ TEST_F(TCsvTest, WritesFieldsByTheRules) {
     for (const auto& row : cases) {
         SCOPED_TRACE(row.Name);
         TTextTable table(row.Captions, row.Rows);
-        EXPECT_TRUE(ExportToCsv(File("a.csv"), table, row.Options));
+        EXPECT_TRUE(WriteCsv(File("a.csv"), table, row.Options));
         EXPECT_EQ(Content(File("a.csv")), row.Content);
     }
 }
@@ -73,7 +73,7 @@ TEST_F(TCsvTest, IndentsTheFirstColumnOfATree) {
     TTextTable table({u"Node", u"Sum"},
                      {{u"M1", u"1"}, {u"=S", u"2"}, {u"", u"3"}, {u"a,b", u"4"}});
     table.Depths = {0, 1, 1, 2};
-    EXPECT_TRUE(ExportToCsv(File("a.csv"), table, {u',', false, /*GuardFormula=*/true}));
+    EXPECT_TRUE(WriteCsv(File("a.csv"), table, {u',', false, /*GuardFormula=*/true}));
     EXPECT_EQ(Content(File("a.csv")), "Node,Sum\r\nM1,1\r\n'  =S,2\r\n,3\r\n\"    a,b\",4\r\n");
 }
 
@@ -84,7 +84,7 @@ TEST_F(TCsvTest, WritesFieldsOfAnyLength) {
         table.Rows.push_back({String(length, u'x'), String(length, u'"')});
         expected += std::string(length, 'x') + ",\"" + std::string(2 * length, '"') + "\"\r\n";
     }
-    EXPECT_TRUE(ExportToCsv(File("a.csv"), table));
+    EXPECT_TRUE(WriteCsv(File("a.csv"), table));
     EXPECT_TRUE(Content(File("a.csv")) == expected);
 }
 

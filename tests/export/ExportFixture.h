@@ -58,13 +58,13 @@ struct TFormatCase {
     Integer MaxIndent;
 };
 
-inline bool ExportToPlainCsv(const std::filesystem::path& target, TExportTable& table,
-                             TExportProgressEvent progress) {
-    return ExportToCsv(target, table, {}, progress);
+inline bool WritePlainCsv(const std::filesystem::path& target, TExportTable& table,
+                          TExportProgressEvent progress) {
+    return WriteCsv(target, table, {}, progress);
 }
 
 inline constexpr TFormatCase AllFormats[] = {
-    {"csv", ExportToPlainCsv, 0}, {"xls", ExportToXls, 15}, {"xlsx", ExportToXlsx, 250}};
+    {"csv", WritePlainCsv, 0}, {"xls", WriteXls, 15}, {"xlsx", WriteXlsx, 250}};
 inline constexpr TFormatCase Workbooks[] = {AllFormats[1], AllFormats[2]};
 
 // A folder of its own for each test, gone with it.

@@ -63,10 +63,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         cells.Texts.push_back(text);
     }
-    ExportToCsv(path, cells);
+    WriteCsv(path, cells);
     CheckCsv(path, cells);
-    ExportToXls(path, cells);
-    ExportToXlsx(path, cells);
+    WriteXls(path, cells);
+    WriteXlsx(path, cells);
     std::filesystem::remove(path);
     return 0;
 }

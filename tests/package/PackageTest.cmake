@@ -106,7 +106,7 @@ function(components)
     expect("${output}" "made: platform viewdata embedded;")
 
     set_configure("${SCRATCH}/components" "${build}-unknown" -DWANTED=charts)
-    expect_refusal("charts")
+    expect_refusal("there is no component charts, but platform")
     set_configure(
         "${SCRATCH}/components" "${build}-other" -DWANTED=viewdata -DWANTED_VERSION=99.0
     )
@@ -130,7 +130,7 @@ function(pkgconfig)
     find_program(pkgConfig NAMES pkg-config pkgconf REQUIRED)
     run(version "${pkgConfig}" --modversion quorin-viewdata)
     expect("${version}" "${VERSION}")
-    set(entries quorin-embedded quorin-export quorin-viewdata)
+    set(entries quorin-embedded quorin-export quorin-kit quorin-viewdata)
     run(options "${pkgConfig}" --cflags --libs ${entries})
     string(STRIP "${options}" options)
     separate_arguments(options UNIX_COMMAND "${options}")

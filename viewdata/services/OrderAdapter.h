@@ -7,8 +7,8 @@
 
 namespace quorin {
 
-// Makes orders. A host without an order service installs none; callers test GetInstance and come
-// back to it later.
+// Makes the orders, of a class of its own, that the action manager beside it takes. A host without
+// an order service installs none; callers test GetInstance and come back to it later.
 class TCustomOrderAdapter : public TService<TCustomOrderAdapter> {
 public:
     // Operations, in order

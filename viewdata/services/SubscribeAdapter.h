@@ -64,8 +64,8 @@ public:
                            TObject* Owner) = 0;
     virtual void Unsubscribe(TCustomSubItem* Item, TObject* Owner) = 0;
     // The item of `Key`, never nil: a key without data gives an item that waits. `DataType` is
-    // LiveDataType. With `Flag` the feed is asked to deliver the key, without it the call only
-    // reads what is there.
+    // LiveDataType of FieldNumbers.h. With `Flag` the feed is asked to deliver the key, without it
+    // the call only reads what is there.
     virtual TCustomSubItem* GetSubItem(StringView Key, StringView DataType, Boolean Flag) = 0;
 };
 

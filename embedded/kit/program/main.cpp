@@ -4,11 +4,19 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <string_view>
 
 // Holds the embedded services against their contracts, prints the table of checks and ends with 1
 // when one of them failed.
-int main() {
+int main(int argc, char** argv) {
     using namespace quorin;
+    if (argc > 1) {
+        const bool isHelp = std::string_view(argv[1]) == "--help";
+        (isHelp ? std::cout : std::cerr)
+            << "quorin-contract-kit: holds the embedded services against their contracts and\n"
+               "prints a line for each check. Takes no options. Ends with 1 when one failed.\n";
+        return isHelp ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     TKitHost host;
     TEmbeddedServices services(TEmbeddedOptions{.Host = host});
     if (!FeedKitUniverse(services.Market())) {

@@ -39,6 +39,6 @@ int main(int argc, char** argv) {
     TBoundGrid grid(std::move(owned));
     watch.SetExchangeAndCategory(u"SEHK", -1);
     TGridExportTable table(grid.Grid(), {});
-    ExportToCsv(argv[1], table);
+    WriteCsv(argv[1], table);
     std::cout << table.RowCount() << " row\n";
 }
