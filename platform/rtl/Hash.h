@@ -18,11 +18,20 @@ inline std::uint64_t MixBits(std::uint64_t word) {
 
 inline constexpr std::size_t UnitsOfWord = sizeof(std::uint64_t) / sizeof(Char);
 
+// GCC 12 warns of literals that are shorter than a word, which nobody reads words of.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Warray-bounds"
+#pragma GCC diagnostic ignored "-Wstringop-overread"
+#endif
 inline std::uint64_t WordAt(const Char* unit) {
     std::uint64_t word;
     std::memcpy(&word, unit, sizeof word);
     return word;
 }
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
 
 // The same units, compared as memory, four at a time: what a search through many texts wants.
 inline bool SameUnits(StringView left, StringView right) {

@@ -58,8 +58,8 @@ public:
     }
 
 private:
-    // Again where something else has been written into the field meanwhile: each code that nobody has
-    // asked for before stays in the feed's memory.
+    // Again where something else has been written into the field meanwhile: each code that nobody
+    // has asked for before stays in the feed's memory.
     void Type(TcxCustomEdit& edit, StringView text) {
         edit.SetFocus();
         for (Integer tries = 0; tries < 3; ++tries) {

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t MostForms = 50;
 constexpr Integer ActionsPerStep = 3;
 constexpr Integer PaintsPerStep = 3;
-constexpr Integer FaultRate = 10; // one in so many steps has services that misbehave
+constexpr Integer FaultRate = 10;        // one in so many steps has services that misbehave
 constexpr Integer FaultsPerStep = 1'000; // a search looks up more than a million cells
 constexpr Integer OrderRate = 4;
 constexpr Int64 StepNanos = 500'000'000;

@@ -42,8 +42,8 @@ public:
     Integer Happened(TFault fault) const { return FHappened[static_cast<std::size_t>(fault)]; }
     Integer HappenedInAll() const;
 
-    // Off, the services behave, and so they do after `most` calls inside look-ups and registrations;
-    // on from the start, without an end.
+    // Off, the services behave, and so they do after `most` calls inside look-ups and
+    // registrations; on from the start, without an end.
     void SetOn(bool on, Integer most = std::numeric_limits<Integer>::max()) {
         FOn = on;
         FCallsLeft = most;
