@@ -36,6 +36,9 @@ TVenue::TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
     TakeIncidents();
     FItems.SetFeed(this);
     FMarket.SetOrderMarket(this);
+    FItems.EachItem([this](TEmbeddedSubItem& item) {
+        if (item.GetItemIndex() != NoItemIndex && Find(item.GetKey()) != nullptr) Requested(item);
+    });
 }
 
 TVenue::~TVenue() {

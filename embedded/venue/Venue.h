@@ -32,8 +32,8 @@ class TVenue final : public TItemFeed, public TOrderMarket {
 public:
     // Becomes the feed of the items and the market that orders trade against until it dies, and
     // sets the market states of the start. The hours are the adapter's sessions, which must not
-    // change after that; symbols that come into the universe later have no market. Adapters must
-    // live longer.
+    // change after that; symbols that come into the universe later have no market. Items that were
+    // asked for before get a quote of this venue's. Adapters must live longer.
     TVenue(TEmbeddedSubscribeAdapter& items, TEmbeddedMarketAdapter& market,
            const TVenueOptions& options);
     TVenue(const TVenue&) = delete;

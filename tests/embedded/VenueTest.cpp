@@ -46,6 +46,18 @@ TEST(VenueTest, RequestsDoNotTouchTheMarket) {
     EXPECT_EQ(second->UpdateCount(), first->UpdateCount());
 }
 
+TEST(VenueTest, AnotherVenueGoesOnWithWhatWasAskedFor) {
+    TVenueMarket market;
+    auto venue = market.Open({.Seed = 3, .StartNanos = TimeOf(10, 0)});
+    market.AskForAll();
+    Play(market, *venue);
+    venue.reset();
+    const std::string before = market.Everything();
+    venue = market.Open({.Seed = 4, .StartNanos = TimeOf(10, 0)});
+    Play(market, *venue);
+    EXPECT_NE(market.Everything(), before);
+}
+
 TEST(VenueTest, CountsStepsAndTime) {
     TVenueMarket market;
     const auto venue = market.Open({.StepNanos = NanosPerSecond / 4, .UpdatesPerStep = 5});
