@@ -66,17 +66,20 @@ Qt::Alignment TViewModel::AlignmentOf(const TcxViewColumn& column) const {
     return Qt::AlignVCenter | (isText ? Qt::AlignLeft : Qt::AlignRight);
 }
 
+bool TViewModel::HasMarks(const TcxViewColumn& column) const {
+    return FForm != nullptr && FForm->HasMarks(column.Tag());
+}
+
 QVariant TViewModel::data(const QModelIndex& index, int role) const {
     TcxViewColumn* column = Column(index.column());
     if (column == nullptr) return {};
     switch (role) {
     case Qt::DisplayRole: return ToQt(FView->CellText(index.row(), *column));
     case Qt::TextAlignmentRole: return QVariant(AlignmentOf(*column));
-    case HasMarksRole: return FForm != nullptr && FForm->HasMarks(column->Tag());
+    case HasMarksRole: return HasMarks(*column);
     case MarkRole: {
-        const bool hasMarks = FForm != nullptr && FForm->HasMarks(column->Tag());
-        const auto mark =
-            hasMarks ? FForm->Mark(index.row(), column->Tag()) : std::optional<TPriceChangeState>();
+        const auto mark = HasMarks(*column) ? FForm->Mark(index.row(), column->Tag())
+                                            : std::optional<TPriceChangeState>();
         return mark.has_value() ? QVariant(static_cast<Integer>(*mark)) : QVariant();
     }
     case FlashRole:
@@ -92,7 +95,7 @@ QVariant TViewModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleDescriptionRole: return FOldSince.isEmpty() ? QVariant() : FOldSince;
     case Qt::AccessibleTextRole: {
         const QString text = ToQt(FView->CellText(index.row(), *column));
-        const QVariant mark = data(index, MarkRole);
+        const QVariant mark = data(index, HasMarks(*column) ? MarkRole : FlashRole);
         if (!mark.isValid()) return text;
         return QString(text + u' ' + MoveWord(static_cast<TPriceChangeState>(mark.toInt())));
     }

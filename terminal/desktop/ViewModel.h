@@ -53,6 +53,7 @@ public:
 
 private:
     int ViewColumnCount() const;
+    bool HasMarks(const TcxViewColumn& column) const;
     Qt::Alignment AlignmentOf(const TcxViewColumn& column) const;
 
     std::unique_ptr<TViewAccess> FView;

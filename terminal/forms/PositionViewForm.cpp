@@ -102,10 +102,7 @@ String Labelled(StringView key, StringView text) {
 
 } // namespace
 
-TPositionViewControl::TPositionViewControl(TComponent* AOwner)
-    : TPositionViewDataControl(AOwner), FColumns(Columns) {
-    EmptyDisplayText = NothingToShow;
-}
+TPositionViewControl::TPositionViewControl(TComponent* AOwner) : Inherited(Columns, AOwner) {}
 
 String TPositionViewControl::ChinaConnectCurrency() const {
     return FShowingChinaConnectAccountData ? FChinaConnectCurrency : String();
@@ -118,11 +115,8 @@ String TPositionViewControl::TotalsCurrency() const {
     return isKnown ? currency : FConvertCurrency;
 }
 
-TPositionViewForm::TPositionViewForm() {
-    auto control = CreateComponent<TPositionViewControl>();
-    FControl = control.get();
-    Bind(std::move(control));
-}
+TPositionViewForm::TPositionViewForm()
+    : FControl(BindPositions(CreateComponent<TPositionViewControl>())) {}
 
 bool TPositionViewForm::IsText(Integer attribute) const {
     return attribute == V::Side || attribute == V::PrincipalType || TListForm::IsText(attribute);
