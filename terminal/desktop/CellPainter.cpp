@@ -31,6 +31,10 @@ void TCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (isOld && !isSelected) color = QuietTextColor();
     painter->setPen(color);
     place = DrawBefore(*painter, place, index);
+    if (index.data(TViewModel::PartialRole).toBool()) {
+        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, PartialMark());
+        place.setLeft(place.left() + MarkWidth);
+    }
 
     const QVariant flash = isOld ? QVariant() : index.data(TViewModel::FlashRole);
     if (flash.isValid()) {

@@ -121,6 +121,10 @@ QString MoveMark(TPriceChangeState state) {
     return QStringLiteral("=");
 }
 
+QString PartialMark() {
+    return QStringLiteral("\u26A0");
+}
+
 QString MoveWord(TPriceChangeState state) {
     switch (state) {
     case pcsUp: return QStringLiteral("up");

@@ -29,6 +29,8 @@ QColor GroupColor(Integer group);
 
 // The mark of a move, which says without colour what the colour says.
 QString MoveMark(TPriceChangeState state);
+// The mark of a total that leaves something out.
+QString PartialMark();
 // What a person is told who cannot see the mark.
 QString MoveWord(TPriceChangeState state);
 

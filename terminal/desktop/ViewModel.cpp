@@ -66,6 +66,18 @@ Qt::Alignment TViewModel::AlignmentOf(const TcxViewColumn& column) const {
     return Qt::AlignVCenter | (isText ? Qt::AlignLeft : Qt::AlignRight);
 }
 
+StringView TViewModel::PartialReason(int row, const TcxViewColumn& column) const {
+    return FForm == nullptr ? StringView() : FForm->CellPartialReason(row, column.Tag());
+}
+
+// Why the cell is not quite what it should be.
+QVariant TViewModel::Description(int row, const TcxViewColumn& column) const {
+    QString text = ToQt(PartialReason(row, column));
+    if (!text.isEmpty() && !FOldSince.isEmpty()) text += u'\n';
+    text += FOldSince;
+    return text.isEmpty() ? QVariant() : text;
+}
+
 bool TViewModel::HasMarks(const TcxViewColumn& column) const {
     return FForm != nullptr && FForm->HasMarks(column.Tag());
 }
@@ -92,7 +104,8 @@ QVariant TViewModel::data(const QModelIndex& index, int role) const {
     }
     case OldRole: return !FOldSince.isEmpty();
     case Qt::ToolTipRole:
-    case Qt::AccessibleDescriptionRole: return FOldSince.isEmpty() ? QVariant() : FOldSince;
+    case Qt::AccessibleDescriptionRole: return Description(index.row(), *column);
+    case PartialRole: return !PartialReason(index.row(), *column).empty();
     case Qt::AccessibleTextRole: {
         const QString text = ToQt(FView->CellText(index.row(), *column));
         const QVariant mark = data(index, HasMarks(*column) ? MarkRole : FlashRole);

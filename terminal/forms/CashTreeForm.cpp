@@ -61,6 +61,11 @@ String TCashTreeForm::Title() {
                      : AccountTitle(Tree().Account(), Tree().Aggregated());
 }
 
+TTreeForm::TTotal TCashTreeForm::TotalOf(Pointer node, Integer tag) {
+    const auto* account = ObjectAs<TCustomAccount>(node);
+    return account == nullptr ? TTotal() : TTotal{&account->GetAccount(), tag};
+}
+
 String TCashTreeForm::ColumnText(Integer tag) {
     return Tree().GetResourceHeader(tag);
 }
