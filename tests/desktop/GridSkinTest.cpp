@@ -2,6 +2,7 @@
 #include "terminal/desktop/PositionPane.h"
 #include "terminal/desktop/PositionViewPane.h"
 #include "terminal/desktop/QtText.h"
+#include "terminal/desktop/Theme.h"
 #include "terminal/desktop/WatchPane.h"
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/services/FieldNumbers.h"
@@ -29,6 +30,7 @@ private slots:
     void FlashesWhatAPriceDrives_data();
     void FlashesWhatAPriceDrives();
     void ComparesWithTheSameRowAlone();
+    void WritesMovesInColourWhereItCanBeRead();
     void HoldsRowsUnderThePointer();
     void GreysAFeedThatStopped();
     void TellsWhoCannotSeeIt();
@@ -48,6 +50,7 @@ private:
 };
 
 void TGridSkinTest::init() {
+    ApplyTheme(*qApp, TTheme::Light);
     FSession = std::make_unique<TDesktopSession>(TDesktopOptions(), QUORIN_DATA_DIR);
     FPane = std::make_unique<TWatchPane>(FSession->Exchange(), FSession->Host().Orders());
     FPane->resize(1000, 500);
@@ -176,6 +179,27 @@ void TGridSkinTest::ComparesWithTheSameRowAlone() {
     QVERIFY(!draw(here, 4.0)); // was off the screen meanwhile
     QVERIFY(draw(here, 3.0));
     QCOMPARE(flashes.Find(0, 3)->State, pcsDown);
+}
+
+void TGridSkinTest::WritesMovesInColourWhereItCanBeRead() {
+    TGridSkin& grid = FPane->Grid();
+    Feed(0, 51.0);
+    FPane->Follow();
+    const auto isColoured = [&grid, this] {
+        const QModelIndex cell = grid.model()->index(0, Section(MarketAttribute::LastPrice));
+        const QImage image = grid.viewport()->grab(grid.visualRect(cell)).toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == MoveColor(pcsUp)) return true;
+            }
+        }
+        return false;
+    };
+    QVERIFY(!isColoured()); // flashes
+    grid.Model().Flashes() = TCellFlashes();
+    QVERIFY(isColoured());
+    grid.selectRow(0);
+    QVERIFY(!isColoured());
 }
 
 void TGridSkinTest::HoldsRowsUnderThePointer() {
