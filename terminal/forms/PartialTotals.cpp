@@ -1,5 +1,6 @@
 #include "terminal/forms/PartialTotals.h"
 
+#include "terminal/forms/AccountColumns.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/account/AccountAttributes.h"
 #include "viewdata/frame/AccountLookups.h"
@@ -15,17 +16,6 @@ namespace A = AccountAttribute;
 
 constexpr Integer MostNamed = 5;
 const String Whole;
-
-bool IsAmount(Integer attribute) {
-    switch (attribute) {
-    case A::AccountCode:
-    case A::AccountTag:
-    case A::HolderName:
-    case A::Currency:
-    case A::CurrencyRatio: return false;
-    default: return true;
-    }
-}
 
 bool FollowsPrices(Integer attribute) {
     switch (attribute) {
@@ -113,7 +103,7 @@ TPartialTotals::TReasons TPartialTotals::Find(const String& account, bool isSum)
 }
 
 const String& TPartialTotals::Reason(const String& account, Integer attribute, bool isSum) {
-    if (account.empty() || !IsAmount(attribute)) return Whole;
+    if (account.empty() || !IsAmountFigure(attribute)) return Whole;
     const TReasons* known = FAccounts.Find(account);
     if (known == nullptr || known->IsSum != isSum) {
         FAccounts.AddOrSetValue(account, Find(account, isSum));
