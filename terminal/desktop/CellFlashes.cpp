@@ -20,6 +20,15 @@ void TCellFlashes::Flash(Integer record, Integer attribute, TPriceChangeState st
     FFlashes.insert(KeyOf(record, attribute), {state, FClock.elapsed()});
 }
 
+void TCellFlashes::Compare(Integer record, Integer attribute, std::size_t identity, Double number) {
+    TDrawn& drawn = FDrawn[KeyOf(record, attribute)];
+    const bool isSame = drawn.Identity == identity && drawn.Frame == FFrame - 1;
+    if (isSame && number != drawn.Number) {
+        Flash(record, attribute, number > drawn.Number ? pcsUp : pcsDown);
+    }
+    drawn = {identity, number, FFrame};
+}
+
 const TCellFlashes::TFlash* TCellFlashes::Find(Integer record, Integer attribute) const {
     const auto found = FFlashes.constFind(KeyOf(record, attribute));
     return found == FFlashes.constEnd() ? nullptr : &*found;

@@ -24,6 +24,11 @@ public:
     bool IsEmpty() const { return FFlashes.isEmpty(); }
     // No move leaves the flash that there is.
     void Flash(Integer record, Integer attribute, TPriceChangeState state);
+    // Begins a frame: numbers that the one before did not compare count for nothing.
+    void BeginFrame() { ++FFrame; }
+    // Flashes the cell if its number differs from the one that the frame before had there under the
+    // same identity.
+    void Compare(Integer record, Integer attribute, std::size_t identity, Double number);
     // Nil for a cell without one; good until the next call of the others.
     const TFlash* Find(Integer record, Integer attribute) const;
     // From 1 at the move down to 0.
@@ -32,6 +37,15 @@ public:
     bool Fade();
 
 private:
+    // A number that was drawn.
+    struct TDrawn {
+        std::size_t Identity = 0;
+        Double Number = 0.0;
+        Int64 Frame = 0;
+    };
+
+    QHash<quint64, TDrawn> FDrawn;
+    Int64 FFrame = 1;
     QHash<quint64, TFlash> FFlashes;
     QElapsedTimer FClock;
     Int64 FStep = 0;

@@ -10,7 +10,6 @@ namespace quorin {
 namespace {
 
 constexpr int MarkWidth = 16;
-constexpr Double StrongestFlash = 0.35; // of the colour, so that text on it can be read
 
 } // namespace
 
@@ -31,15 +30,16 @@ void TCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (isOld && !isSelected) color = QuietTextColor();
     painter->setPen(color);
     place = DrawBefore(*painter, place, index);
+    if (index.data(TViewModel::PartialRole).toBool()) {
+        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, PartialMark());
+        place.setLeft(place.left() + MarkWidth);
+    }
 
     const QVariant flash = isOld ? QVariant() : index.data(TViewModel::FlashRole);
     if (flash.isValid()) {
         const auto state = static_cast<TPriceChangeState>(flash.toInt());
-        QColor back = MoveColor(state);
         const Double strength = index.data(TViewModel::FlashStrengthRole).toDouble();
-        back.setAlphaF(static_cast<float>(strength * StrongestFlash));
-        painter->fillRect(cell.rect, back);
-        painter->setPen(MoveColor(state));
+        painter->fillRect(cell.rect, FlashColor(state, strength));
         if (strength > 0.0) {
             painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, MoveMark(state));
         }
@@ -51,8 +51,11 @@ void TCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
         const QVariant mark = index.data(TViewModel::MarkRole);
         if (mark.isValid()) {
             const auto state = static_cast<TPriceChangeState>(mark.toInt());
-            if (!isOld && MoveColor(state).isValid()) color = MoveColor(state);
-            painter->setPen(MoveColor(state).isValid() ? color : QuietTextColor());
+            // Its colour can be read on a row that neither flashes nor is chosen.
+            const bool isPlain = !isSelected && !flash.isValid();
+            const bool hasMoved = MoveColor(state).isValid();
+            if (isPlain && !isOld && hasMoved) color = MoveColor(state);
+            painter->setPen(isPlain && !hasMoved ? QuietTextColor() : color);
             painter->drawText(markPlace, Qt::AlignRight | Qt::AlignVCenter, MoveMark(state));
         }
     }

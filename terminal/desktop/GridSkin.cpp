@@ -51,13 +51,19 @@ void TGridSkin::FollowRows() {
 // Once for a frame, of what is on screen.
 void TGridSkin::TakeMoves() {
     if (FForm == nullptr) return;
+    TCellFlashes& flashes = Model().Flashes();
+    flashes.BeginFrame();
     const Integer end = FView.TopRow() + FView.VisibleRowCount();
     for (Integer row = FView.TopRow(); row < end; ++row) {
         const Integer record = FView.RecordIndex(row);
+        const std::size_t identity = FForm->RowIdentity(row);
         for (int section = 0; section < Model().columnCount(); ++section) {
             const Integer attribute = Model().Column(section)->Tag();
             const auto move = FForm->TakeMove(row, attribute);
-            if (move.has_value()) Model().Flashes().Flash(record, attribute, *move);
+            if (move.has_value()) flashes.Flash(record, attribute, *move);
+            const auto number =
+                move.has_value() ? std::optional<Double>() : FForm->MovingNumber(row, attribute);
+            if (number.has_value()) flashes.Compare(record, attribute, identity, *number);
         }
     }
 }

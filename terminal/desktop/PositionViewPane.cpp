@@ -1,6 +1,7 @@
 #include "terminal/desktop/PositionViewPane.h"
 
 #include "terminal/desktop/QtText.h"
+#include "terminal/desktop/Theme.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/frame/ServiceTexts.h"
 
@@ -11,7 +12,6 @@ namespace quorin {
 
 namespace {
 constexpr int SummaryMargin = 6;
-const QString PartialMark = QStringLiteral("  \u26A0");
 } // namespace
 
 TPositionViewPane::TPositionViewPane(StringView account, TOrderDialog& dialog, QWidget* parent)
@@ -51,7 +51,7 @@ void TPositionViewPane::ShowSummary() {
     const QString reason = ToQt(FForm->PartialReason());
     QStringList lines;
     for (const String& line : FForm->Summary()) lines << ToQt(line);
-    if (!reason.isEmpty() && !lines.isEmpty()) lines.back() += PartialMark;
+    if (!reason.isEmpty() && !lines.isEmpty()) lines.back() += QStringLiteral("  ") + PartialMark();
     const QString summary = lines.join(u'\n');
     FSummary->setToolTip(reason);
     FSummary->setAccessibleDescription(reason);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr const char* StyleName = "Fusion";
 constexpr int FontPixels = 13;
+constexpr Double StrongestFlash = 0.35; // of the colour
 // The first that is there writes Latin text and figures, the others what it lacks. All have figures
 // of equal width.
 constexpr const char* Families[] = {
@@ -61,6 +63,15 @@ QPalette PaletteOf(const TColors& colors) {
     return palette;
 }
 
+bool HasEvenFigures(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    const qreal width = metrics.horizontalAdvance(u'0');
+    for (char16_t figure = u'1'; figure <= u'9'; ++figure) {
+        if (metrics.horizontalAdvance(figure) != width) return false;
+    }
+    return true;
+}
+
 QFont TerminalFont() {
     const QStringList installed = QFontDatabase::families();
     QStringList families;
@@ -70,6 +81,9 @@ QFont TerminalFont() {
     QFont font;
     if (!families.isEmpty()) font.setFamilies(families);
     font.setPixelSize(FontPixels);
+    if (!HasEvenFigures(font)) {
+        font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families() + families);
+    }
     return font;
 }
 
@@ -93,6 +107,12 @@ QColor MoveColor(TPriceChangeState state) {
     case pcsNone: break;
     }
     return {};
+}
+
+QColor FlashColor(TPriceChangeState state, Double strength) {
+    QColor color = MoveColor(state);
+    color.setAlphaF(static_cast<float>(strength * StrongestFlash));
+    return color;
 }
 
 QColor QuietTextColor() {
@@ -119,6 +139,10 @@ QString MoveMark(TPriceChangeState state) {
     case pcsNone: break;
     }
     return QStringLiteral("=");
+}
+
+QString PartialMark() {
+    return QStringLiteral("\u26A0");
 }
 
 QString MoveWord(TPriceChangeState state) {

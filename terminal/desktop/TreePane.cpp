@@ -9,6 +9,7 @@ namespace quorin {
 namespace {
 
 constexpr int UsualRows = 14;
+constexpr Int64 PartialInterval = 1000; // milliseconds
 
 } // namespace
 
@@ -35,7 +36,18 @@ TTreePane::~TTreePane() {
 void TTreePane::Follow() {
     FBar->Follow(Shows());
     FTree->Follow();
+    FollowPartial();
     if (FLanguage.TakeChange()) FTree->setAccessibleName(Caption());
+}
+
+// Now and then, of figures that have changed: every position of the accounts is looked at.
+void TTreePane::FollowPartial() {
+    const bool isEarly = FSincePartial.isValid() && FSincePartial.elapsed() < PartialInterval;
+    if (FTree->PaintCount() == FPartialPaints || isEarly) return;
+    FPartialPaints = FTree->PaintCount();
+    FSincePartial.start();
+    FForm->ForgetPartial();
+    FTree->viewport()->update();
 }
 
 void TTreePane::SetChoice(StringView choice) {

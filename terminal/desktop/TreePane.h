@@ -4,6 +4,8 @@
 #include "terminal/desktop/Pane.h"
 #include "terminal/desktop/TreeSkin.h"
 
+#include <QElapsedTimer>
+
 #include <memory>
 
 namespace quorin {
@@ -37,10 +39,14 @@ protected:
     virtual void Show(StringView account) { FForm->ShowAccount(account); }
 
 private:
+    void FollowPartial();
+
     std::unique_ptr<TTreeForm> FForm;
     TAccountBar* FBar;
     TTreeSkin* FTree;
     TShownLanguage FLanguage;
+    QElapsedTimer FSincePartial; // since totals were looked through for what they leave out
+    Int64 FPartialPaints = 0;    // of the tree, at that time
 };
 
 } // namespace quorin

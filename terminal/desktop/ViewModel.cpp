@@ -66,17 +66,32 @@ Qt::Alignment TViewModel::AlignmentOf(const TcxViewColumn& column) const {
     return Qt::AlignVCenter | (isText ? Qt::AlignLeft : Qt::AlignRight);
 }
 
+StringView TViewModel::PartialReason(int row, const TcxViewColumn& column) const {
+    return FForm == nullptr ? StringView() : FForm->CellPartialReason(row, column.Tag());
+}
+
+// Why the cell is not quite what it should be.
+QVariant TViewModel::Description(int row, const TcxViewColumn& column) const {
+    QString text = ToQt(PartialReason(row, column));
+    if (!text.isEmpty() && !FOldSince.isEmpty()) text += u'\n';
+    text += FOldSince;
+    return text.isEmpty() ? QVariant() : text;
+}
+
+bool TViewModel::HasMarks(const TcxViewColumn& column) const {
+    return FForm != nullptr && FForm->HasMarks(column.Tag());
+}
+
 QVariant TViewModel::data(const QModelIndex& index, int role) const {
     TcxViewColumn* column = Column(index.column());
     if (column == nullptr) return {};
     switch (role) {
     case Qt::DisplayRole: return ToQt(FView->CellText(index.row(), *column));
     case Qt::TextAlignmentRole: return QVariant(AlignmentOf(*column));
-    case HasMarksRole: return FForm != nullptr && FForm->HasMarks(column->Tag());
+    case HasMarksRole: return HasMarks(*column);
     case MarkRole: {
-        const bool hasMarks = FForm != nullptr && FForm->HasMarks(column->Tag());
-        const auto mark =
-            hasMarks ? FForm->Mark(index.row(), column->Tag()) : std::optional<TPriceChangeState>();
+        const auto mark = HasMarks(*column) ? FForm->Mark(index.row(), column->Tag())
+                                            : std::optional<TPriceChangeState>();
         return mark.has_value() ? QVariant(static_cast<Integer>(*mark)) : QVariant();
     }
     case FlashRole:
@@ -89,10 +104,11 @@ QVariant TViewModel::data(const QModelIndex& index, int role) const {
     }
     case OldRole: return !FOldSince.isEmpty();
     case Qt::ToolTipRole:
-    case Qt::AccessibleDescriptionRole: return FOldSince.isEmpty() ? QVariant() : FOldSince;
+    case Qt::AccessibleDescriptionRole: return Description(index.row(), *column);
+    case PartialRole: return !PartialReason(index.row(), *column).empty();
     case Qt::AccessibleTextRole: {
         const QString text = ToQt(FView->CellText(index.row(), *column));
-        const QVariant mark = data(index, MarkRole);
+        const QVariant mark = data(index, HasMarks(*column) ? MarkRole : FlashRole);
         if (!mark.isValid()) return text;
         return QString(text + u' ' + MoveWord(static_cast<TPriceChangeState>(mark.toInt())));
     }

@@ -27,6 +27,8 @@ public:
     static constexpr int FlashStrengthRole = Qt::UserRole + 4;
     // Whether what the cell shows has become old.
     static constexpr int OldRole = Qt::UserRole + 5;
+    // Whether the cell is a total that leaves something out.
+    static constexpr int PartialRole = Qt::UserRole + 6;
 
     // `form` knows which columns are text and which have marks; nil where all are text. It and what
     // `view` gives access to must live longer.
@@ -53,6 +55,9 @@ public:
 
 private:
     int ViewColumnCount() const;
+    StringView PartialReason(int row, const TcxViewColumn& column) const;
+    QVariant Description(int row, const TcxViewColumn& column) const;
+    bool HasMarks(const TcxViewColumn& column) const;
     Qt::Alignment AlignmentOf(const TcxViewColumn& column) const;
 
     std::unique_ptr<TViewAccess> FView;

@@ -42,6 +42,7 @@ constexpr TFormColumn Columns[] = {
     {A::Value9028, K::Res_NetAssets, 136, u"NetAssets", false},
 };
 
+constexpr Integer TextFigures[] = {A::AccountCode, A::AccountTag, A::HolderName, A::Currency};
 constexpr Integer CustomColumnWidth = 144; // pixels
 
 const TFormColumn* FindNamed(Integer attribute) {
@@ -69,6 +70,16 @@ std::vector<TFormColumn> AccountColumns(std::span<const Integer> attributes) {
         }
     }
     return columns;
+}
+
+bool IsTextFigure(Integer attribute) {
+    return std::find(std::begin(TextFigures), std::end(TextFigures), attribute) !=
+           std::end(TextFigures);
+}
+
+bool IsAmountFigure(Integer attribute) {
+    return !IsTextFigure(attribute) && attribute != A::CurrencyRatio &&
+           attribute < FirstCustomColumn;
 }
 
 bool IsAccountColumn(Integer attribute) {

@@ -51,6 +51,13 @@ String TAccountTreeForm::Title() {
     return title;
 }
 
+TTreeForm::TTotal TAccountTreeForm::TotalOf(Pointer node, Integer tag) {
+    const auto* figure = ObjectAs<TAccountDataNode>(node);
+    const bool isConnect = !Tree().FilterCurr().empty() && IsChinaConnectOn();
+    if (figure == nullptr || tag != AccountTreeColumn::Value || isConnect) return {};
+    return {&Tree().Account(), figure->Attribute()};
+}
+
 String TAccountTreeForm::ColumnText(Integer tag) {
     const TColumnInfo* column = FindColumn(FLayoutColumns.List(), tag);
     return column == nullptr ? String() : InterfaceText(column->ResourceKey());

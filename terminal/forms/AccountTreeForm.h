@@ -22,6 +22,8 @@ class TAccountTreeForm : public TTreeForm {
     String Title() override;
 
 protected:
+    // The rows of the figures.
+    TTotal TotalOf(Pointer node, Integer tag) override;
     String ColumnText(Integer tag) override;
     // A figure is named also while the account is not known.
     String NodeText(Pointer node, Integer tag) override;

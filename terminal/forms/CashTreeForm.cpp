@@ -6,9 +6,6 @@
 #include "viewdata/services/AccountAdapter.h"
 #include "viewdata/services/CurrencyAdapter.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace quorin {
 
 namespace {
@@ -18,7 +15,6 @@ namespace A = AccountAttribute;
 constexpr Integer Figures[] = {A::AccountCode, A::HolderName, A::Currency,
                                A::Cash,        A::HeldCash,   A::AvailableCash,
                                A::MarketValue, A::TotalPL,    A::Value9028};
-constexpr Integer TextFigures[] = {A::AccountCode, A::AccountTag, A::HolderName, A::Currency};
 
 } // namespace
 
@@ -52,13 +48,17 @@ void TCashTreeForm::ShowOne() {
 }
 
 bool TCashTreeForm::IsText(Integer attribute) const {
-    return std::find(std::begin(TextFigures), std::end(TextFigures), attribute) !=
-           std::end(TextFigures);
+    return IsTextFigure(attribute);
 }
 
 String TCashTreeForm::Title() {
     return FShowsAll ? InterfaceText(TerminalKey::Res_AllAccounts)
                      : AccountTitle(Tree().Account(), Tree().Aggregated());
+}
+
+TTreeForm::TTotal TCashTreeForm::TotalOf(Pointer node, Integer tag) {
+    const auto* account = ObjectAs<TCustomAccount>(node);
+    return account == nullptr ? TTotal() : TTotal{&account->GetAccount(), tag};
 }
 
 String TCashTreeForm::ColumnText(Integer tag) {

@@ -30,6 +30,8 @@ class TCashTreeForm : public TTreeForm {
     String Title() override;
 
 protected:
+    // The rows of the accounts.
+    TTotal TotalOf(Pointer node, Integer tag) override;
     String ColumnText(Integer tag) override;
 
 private:

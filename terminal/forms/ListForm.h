@@ -69,6 +69,12 @@ class TListForm : public TShownForm {
     }
     Variant Value(Integer row, Integer attribute) override;
     String Text(Integer row, Integer attribute) override;
+    // For cells that do not tell of moves, but have a number to compare with the one that was drawn
+    // last; nothing for others and while there is no such number.
+    virtual std::optional<Double> MovingNumber(Integer, Integer) { return {}; }
+    // Differs where the row's numbers are no longer those of the same thing.
+    virtual std::size_t RowIdentity(Integer) { return 0; }
+
     // Those shown, unless a descendant knows more.
     std::vector<Integer> Attributes() override;
     bool IsText(Integer attribute) const override;

@@ -29,15 +29,8 @@ constexpr TFormColumn Columns[] = {
 
 } // namespace
 
-TPositionControl::TPositionControl(TComponent* AOwner)
-    : TCustomPositionDataControl(AOwner), FColumns(Columns) {
-    EmptyDisplayText = NothingToShow;
-}
+TPositionControl::TPositionControl(TComponent* AOwner) : Inherited(Columns, AOwner) {}
 
-TPositionForm::TPositionForm() {
-    auto control = CreateComponent<TPositionControl>();
-    FControl = control.get();
-    Bind(std::move(control));
-}
+TPositionForm::TPositionForm() : FControl(BindPositions(CreateComponent<TPositionControl>())) {}
 
 } // namespace quorin

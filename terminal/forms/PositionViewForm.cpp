@@ -1,6 +1,7 @@
 #include "terminal/forms/PositionViewForm.h"
 
 #include "platform/rtl/Numbers.h"
+#include "terminal/forms/PartialTotals.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/frame/ServiceTexts.h"
 #include "viewdata/positionview/PositionViewAttributes.h"
@@ -86,7 +87,6 @@ constexpr Integer All[] = {
 };
 
 constexpr Integer MoneyDecimals = 2;
-constexpr Integer MostNamed = 5; // symbols in a reason
 
 String MoneyText(Double amount, StringView currency) {
     return FormatDecimals(amount, MoneyDecimals, /*grouping=*/true) + u' ' + String(currency);
@@ -102,10 +102,7 @@ String Labelled(StringView key, StringView text) {
 
 } // namespace
 
-TPositionViewControl::TPositionViewControl(TComponent* AOwner)
-    : TPositionViewDataControl(AOwner), FColumns(Columns) {
-    EmptyDisplayText = NothingToShow;
-}
+TPositionViewControl::TPositionViewControl(TComponent* AOwner) : Inherited(Columns, AOwner) {}
 
 String TPositionViewControl::ChinaConnectCurrency() const {
     return FShowingChinaConnectAccountData ? FChinaConnectCurrency : String();
@@ -118,11 +115,8 @@ String TPositionViewControl::TotalsCurrency() const {
     return isKnown ? currency : FConvertCurrency;
 }
 
-TPositionViewForm::TPositionViewForm() {
-    auto control = CreateComponent<TPositionViewControl>();
-    FControl = control.get();
-    Bind(std::move(control));
-}
+TPositionViewForm::TPositionViewForm()
+    : FControl(BindPositions(CreateComponent<TPositionViewControl>())) {}
 
 bool TPositionViewForm::IsText(Integer attribute) const {
     return attribute == V::Side || attribute == V::PrincipalType || TListForm::IsText(attribute);
@@ -154,18 +148,13 @@ String TPositionViewForm::PartialReason() {
         Double number = 0.0;
         return !value.TryToDouble(number) || number == 0.0;
     };
-    String symbols;
-    Integer count = 0;
+    TFewNames symbols;
     for (Integer row = 0; row < RowCount(); ++row) {
         if (isNothing(Value(row, V::NetQuantity))) continue;
-        if (!isNothing(Value(row, A::ConvertedMarketValue))) continue;
-        if (++count > MostNamed) continue;
-        if (count > 1) symbols += u", ";
-        symbols += Symbol(row);
+        if (isNothing(Value(row, A::ConvertedMarketValue))) symbols.Add(Symbol(row));
     }
-    if (count == 0) return {};
-    if (count > MostNamed) symbols += u", \u2026";
-    return FormatText(InterfaceText(TerminalKey::Res_RowsWithoutPrice), {symbols});
+    if (symbols.IsEmpty()) return {};
+    return FormatText(InterfaceText(TerminalKey::Res_RowsWithoutPrice), {symbols.Text()});
 }
 
 std::vector<String> TPositionViewForm::HolderLines() {

@@ -1,32 +1,26 @@
 #pragma once
 
 #include "terminal/forms/AccountView.h"
-#include "terminal/forms/ListForm.h"
+#include "terminal/forms/PositionListForm.h"
 #include "viewdata/positionview/PositionViewDataControl.h"
 
 namespace quorin {
 
 // The main position list of the terminal: of one account, or of a master with all below it.
-class TPositionViewControl : public TPositionViewDataControl {
-    QUORIN_CLASS(TPositionViewControl, TPositionViewDataControl)
+class TPositionViewControl : public TTerminalPositionControl<TPositionViewDataControl> {
+    QUORIN_CLASS(TPositionViewControl, TTerminalPositionControl<TPositionViewDataControl>)
 
     explicit TPositionViewControl(TComponent* AOwner = nullptr);
 
-    const TColumnList* GetColList() override { return FColumns.List(); }
-    // The group that copies of a row name; empty for none.
-    void SetGroupID(StringView groupID) { GroupID = groupID; }
     const String& Account() const { return FAccount; }
     // The currency of the China Connect totals while they are shown; empty for all others.
     String ChinaConnectCurrency() const;
     // The currency that the totals come in.
     String TotalsCurrency() const;
-
-private:
-    TFormColumns FColumns;
 };
 
-class TPositionViewForm : public TListForm, public TAccountView {
-    QUORIN_CLASS(TPositionViewForm, TListForm)
+class TPositionViewForm : public TPositionListForm, public TAccountView {
+    QUORIN_CLASS(TPositionViewForm, TPositionListForm)
 
     TPositionViewForm();
 

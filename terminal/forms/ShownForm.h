@@ -44,6 +44,8 @@ class TShownForm : public TObject {
 
     // Why the totals below the rows leave something out; empty while they are whole.
     virtual String PartialReason() { return {}; }
+    // Why the total in a cell does; good until the next call of it.
+    virtual StringView CellPartialReason(Integer, Integer) { return {}; }
 
     // What is shown and how, in a few words, and what stands below the rows; both may be empty.
     virtual String Title() { return {}; }

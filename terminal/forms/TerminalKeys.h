@@ -200,6 +200,7 @@ inline constexpr StringView Res_CancelButton = u"Res_CancelButton";
 inline constexpr StringView Res_RowsWait = u"Res_RowsWait";
 inline constexpr StringView Res_NoDeliverySince = u"Res_NoDeliverySince";
 inline constexpr StringView Res_RowsWithoutPrice = u"Res_RowsWithoutPrice";
+inline constexpr StringView Res_CurrenciesWithoutRatio = u"Res_CurrenciesWithoutRatio";
 // Files.
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey

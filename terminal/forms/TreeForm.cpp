@@ -35,6 +35,7 @@ TFormView TTreeForm::FormView() {
 }
 
 void TTreeForm::LanguageChanged(Pointer, Pointer) {
+    FPartial.Forget();
     for (Integer index = 0; index < FView->GetColumnCount(); ++index) {
         TcxTreeListColumn& column = *FView->GetColumn(index);
         column.SetCaption(ColumnText(column.Tag()));
@@ -49,6 +50,13 @@ Variant TTreeForm::Value(Integer row, Integer attribute) {
 String TTreeForm::Text(Integer row, Integer attribute) {
     const Pointer node = FView->Row(row).Node;
     return node != nullptr ? NodeText(node, attribute) : String();
+}
+
+StringView TTreeForm::CellPartialReason(Integer row, Integer tag) {
+    const TTotal total = TotalOf(FView->Row(row).Node, tag);
+    if (total.Account == nullptr) return {};
+    const bool isSum = Aggregated() && *total.Account == FTree->Account();
+    return FPartial.Reason(*total.Account, total.Attribute, isSum);
 }
 
 std::vector<Integer> TTreeForm::Attributes() {

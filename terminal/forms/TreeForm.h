@@ -3,6 +3,7 @@
 #include "platform/widgets/TreeListView.h"
 #include "terminal/forms/AccountColumns.h"
 #include "terminal/forms/AccountView.h"
+#include "terminal/forms/PartialTotals.h"
 #include "viewdata/account/AccountDataControl.h"
 #include "viewdata/frame/TreeDataSource.h"
 
@@ -31,6 +32,10 @@ class TTreeForm : public TShownForm, public TAccountView {
     String Text(Integer row, Integer attribute) override;
     std::vector<Integer> Attributes() override;
     bool TakeRepaint() override { return FView->TakeRepaint(); }
+    // Found once and told until ForgetPartial, which a skin calls now and then. Not of China
+    // Connect figures.
+    StringView CellPartialReason(Integer row, Integer tag) override;
+    void ForgetPartial() { FPartial.Forget(); }
 
     void SetAggregate() override { FTree->SetAggregate(); }
     Boolean Aggregated() const override { return FTree->Aggregated(); }
@@ -49,6 +54,12 @@ protected:
     void SetColumns(std::span<const TFormColumn> columns);
     void SetAccount(StringView account) override { FTree->SetAccount(account); }
 
+    // A cell that shows a total, and of which account; nil for any other cell.
+    struct TTotal {
+        const String* Account = nullptr;
+        Integer Attribute = NoAttribute;
+    };
+    virtual TTotal TotalOf(Pointer node, Integer tag) = 0;
     virtual String ColumnText(Integer tag) = 0;
     // What the view's columns are, the one that names the row first: those of the control, unless
     // it has made rows of them.
@@ -66,6 +77,7 @@ private:
     std::unique_ptr<TFormColumns> FColumns;         // outlive the source
     std::unique_ptr<TCustomTreeDataSource> FSource;
     std::unique_ptr<TcxVirtualTreeList> FView;
+    TPartialTotals FPartial;
 };
 
 // A control of the view layer with the terminal's custom columns.

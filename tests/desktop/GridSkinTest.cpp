@@ -1,5 +1,8 @@
 #include "terminal/desktop/DesktopSession.h"
+#include "terminal/desktop/PositionPane.h"
+#include "terminal/desktop/PositionViewPane.h"
 #include "terminal/desktop/QtText.h"
+#include "terminal/desktop/Theme.h"
 #include "terminal/desktop/WatchPane.h"
 #include "viewdata/market/MarketAttributes.h"
 #include "viewdata/services/FieldNumbers.h"
@@ -24,21 +27,30 @@ private slots:
 
     void FlashesTheLargestMoveSinceThePaint_data();
     void FlashesTheLargestMoveSinceThePaint();
+    void FlashesWhatAPriceDrives_data();
+    void FlashesWhatAPriceDrives();
+    void ComparesWithTheSameRowAlone();
+    void WritesMovesInColourWhereItCanBeRead();
     void HoldsRowsUnderThePointer();
     void GreysAFeedThatStopped();
     void TellsWhoCannotSeeIt();
 
 private:
     // One delivery.
-    void Feed(Integer row, Double price);
+    void Feed(Integer row, Double price) { Feed(FPane->Form().Symbol(row), price); }
+    void Feed(StringView symbol, Double price);
     void Point(QEvent::Type type);
-    int Section(Integer attribute);
+    int Section(Integer attribute) { return Section(FPane->Grid(), attribute); }
+    static int Section(TGridSkin& grid, Integer attribute);
+    // The state of a cell's flash; -1 without one.
+    static int Flash(TGridSkin& grid, Integer row, Integer attribute);
 
     std::unique_ptr<TDesktopSession> FSession;
     std::unique_ptr<TWatchPane> FPane;
 };
 
 void TGridSkinTest::init() {
+    ApplyTheme(*qApp, TTheme::Light);
     FSession = std::make_unique<TDesktopSession>(TDesktopOptions(), QUORIN_DATA_DIR);
     FPane = std::make_unique<TWatchPane>(FSession->Exchange(), FSession->Host().Orders());
     FPane->resize(1000, 500);
@@ -55,9 +67,9 @@ void TGridSkinTest::cleanup() {
     FSession.reset();
 }
 
-void TGridSkinTest::Feed(Integer row, Double price) {
+void TGridSkinTest::Feed(StringView symbol, Double price) {
     TEmbeddedSubscribeAdapter& items = FSession->Services().Items();
-    TEmbeddedSubItem& item = items.Item(FPane->Form().Symbol(row));
+    TEmbeddedSubItem& item = items.Item(symbol);
     item.SetField(Field::LastPrice, price);
     items.Touch(item);
     FSession->Services().Deliver();
@@ -68,10 +80,16 @@ void TGridSkinTest::Point(QEvent::Type type) {
     QApplication::sendEvent(FPane->Grid().viewport(), &event);
 }
 
-int TGridSkinTest::Section(Integer attribute) {
+int TGridSkinTest::Section(TGridSkin& grid, Integer attribute) {
     for (int section = 0;; ++section) {
-        if (FPane->Grid().Model().Column(section)->Tag() == attribute) return section;
+        if (grid.Model().Column(section)->Tag() == attribute) return section;
     }
+}
+
+int TGridSkinTest::Flash(TGridSkin& grid, Integer row, Integer attribute) {
+    const QVariant flash =
+        grid.Model().index(row, Section(grid, attribute)).data(TViewModel::FlashRole);
+    return flash.isValid() ? flash.toInt() : -1;
 }
 
 void TGridSkinTest::FlashesTheLargestMoveSinceThePaint_data() {
@@ -95,6 +113,93 @@ void TGridSkinTest::FlashesTheLargestMoveSinceThePaint() {
     const QVariant flash = cell.data(TViewModel::FlashRole);
     QTEST(flash.isValid() ? flash.toInt() : -1, "state");
     QVERIFY(!model.index(1, cell.column()).data(TViewModel::FlashRole).isValid());
+}
+
+void TGridSkinTest::FlashesWhatAPriceDrives_data() {
+    QTest::addColumn<QString>("choice"); // of the position view; empty for the position list
+    QTest::addColumn<double>("change");
+    QTest::addColumn<int>("state");
+    for (const char* choice : {"", "M88001", "M88001+"}) {
+        QTest::addRow("up '%s'", choice) << choice << 1.0 << static_cast<int>(pcsUp);
+        QTest::addRow("down '%s'", choice) << choice << -1.0 << static_cast<int>(pcsDown);
+        QTest::addRow("the same '%s'", choice) << choice << 0.0 << -1;
+    }
+}
+
+void TGridSkinTest::FlashesWhatAPriceDrives() {
+    QFETCH(QString, choice);
+    QFETCH(double, change);
+    QFETCH(int, state);
+    std::unique_ptr<TActionPane> pane;
+    if (choice.isEmpty()) {
+        pane = std::make_unique<TPositionPane>(FSession->Host().Orders());
+    } else {
+        pane = std::make_unique<TPositionViewPane>(u"M88001", FSession->Host().Orders());
+        pane->SetChoice(FromQt(choice));
+    }
+    pane->resize(1400, 500);
+    pane->show();
+    QVERIFY(QTest::qWaitForWindowExposed(pane.get()));
+    TGridSkin& grid = pane->Grid();
+    auto& form = static_cast<TListForm&>(*pane->Shown());
+    QVERIFY(form.RowCount() > 1);
+    const String symbol = form.Symbol(0);
+    Feed(symbol, 50.0);
+    pane->Follow();
+    grid.Model().Flashes() = TCellFlashes(); // of what came before
+    Feed(symbol, 50.0);
+    pane->Follow();
+    Feed(symbol, 50.0 + change);
+    pane->Follow();
+    QCOMPARE(Flash(grid, 0, PositionAttribute::LastPrice), state);
+    QCOMPARE(Flash(grid, 0, PositionAttribute::SymbolCode), -1);
+    QCOMPARE(Flash(grid, 1, PositionAttribute::LastPrice), -1);
+    const bool isLong = form.Value(0, PositionAttribute::MarketValue).ToDouble() > 0.0;
+    const int against = static_cast<int>(state == static_cast<int>(pcsUp) ? pcsDown : pcsUp);
+    QCOMPARE(Flash(grid, 0, PositionAttribute::MarketValue),
+             isLong || state == -1 ? state : against);
+    const QModelIndex cell = grid.Model().index(0, Section(grid, PositionAttribute::LastPrice));
+    const QString told = cell.data(Qt::AccessibleTextRole).toString();
+    QCOMPARE(told.endsWith(" up") || told.endsWith(" down"), state != -1);
+}
+
+void TGridSkinTest::ComparesWithTheSameRowAlone() {
+    constexpr std::size_t here = 1;
+    constexpr std::size_t elsewhere = 2;
+    TCellFlashes flashes;
+    const auto draw = [&flashes](std::size_t identity, double number) {
+        flashes.BeginFrame();
+        flashes.Compare(0, 3, identity, number);
+        return flashes.Find(0, 3) != nullptr;
+    };
+    QVERIFY(!draw(here, 1.0));      // the first time
+    QVERIFY(!draw(elsewhere, 2.0)); // the rows have moved
+    QVERIFY(!draw(here, 3.0));      // and back
+    flashes.BeginFrame();
+    QVERIFY(!draw(here, 4.0)); // was off the screen meanwhile
+    QVERIFY(draw(here, 3.0));
+    QCOMPARE(flashes.Find(0, 3)->State, pcsDown);
+}
+
+void TGridSkinTest::WritesMovesInColourWhereItCanBeRead() {
+    TGridSkin& grid = FPane->Grid();
+    Feed(0, 51.0);
+    FPane->Follow();
+    const auto isColoured = [&grid, this] {
+        const QModelIndex cell = grid.model()->index(0, Section(MarketAttribute::LastPrice));
+        const QImage image = grid.viewport()->grab(grid.visualRect(cell)).toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == MoveColor(pcsUp)) return true;
+            }
+        }
+        return false;
+    };
+    QVERIFY(!isColoured()); // flashes
+    grid.Model().Flashes() = TCellFlashes();
+    QVERIFY(isColoured());
+    grid.selectRow(0);
+    QVERIFY(!isColoured());
 }
 
 void TGridSkinTest::HoldsRowsUnderThePointer() {

@@ -168,6 +168,15 @@ void TPanesTest::ChoosesAccountsAndSums() {
     Step();
     QVERIFY(!static_cast<TTreeForm*>(pane.Shown())->Aggregated()); // and stays apart
 
+    Services().Positions().FeedPosition(u"M88001", u"UNPRICED", {.Quantity = 100.0});
+    static_cast<TTreeForm*>(pane.Shown())->ForgetPartial();
+    const auto said = [&pane](int column, int role) {
+        return pane.Tree().model()->index(1, column).data(role); // the market value
+    };
+    QVERIFY(said(1, TViewModel::PartialRole).toBool() && !said(0, TViewModel::PartialRole).toBool());
+    QVERIFY(said(1, Qt::ToolTipRole).toString().contains("UNPRICED"));
+    QVERIFY(said(1, Qt::AccessibleDescriptionRole).toString().contains("UNPRICED"));
+
     const int rows = pane.Tree().model()->rowCount();
     auto& tree = static_cast<TTreeForm*>(pane.Shown())->View();
     Integer parent = 0;
