@@ -2,7 +2,10 @@
 
 #include "platform/widgets/ExportLinks.h"
 #include "terminal/desktop/QtText.h"
-#include "terminal/forms/MarketWatchForm.h"
+#include "terminal/forms/Favourites.h"
+#include "terminal/forms/MarketListForm.h"
+#include "terminal/forms/PositionForm.h"
+#include "terminal/forms/PositionViewForm.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/frame/ServiceTexts.h"
@@ -31,6 +34,13 @@ constexpr StringView ExportName = u"export";
 TcxGridTableView* GridOf(TShownForm& form) {
     TcxGrid* place = form.FormView().Grid;
     return place == nullptr ? nullptr : place->ActiveView();
+}
+
+// The lists whose rows are symbols that one may want to watch.
+bool HasSymbols(TShownForm& form) {
+    return ObjectAs<TMarketListForm>(&form) != nullptr ||
+           ObjectAs<TPositionForm>(&form) != nullptr ||
+           ObjectAs<TPositionViewForm>(&form) != nullptr;
 }
 
 template <class OnGrid, class OnTree>
@@ -74,7 +84,7 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     Add(Res_ExportCsv, QStringLiteral("Ctrl+E"), &TGridActions::SaveCsv);
     Add(Res_ExportXls, QStringLiteral("Ctrl+Alt+X"), &TGridActions::SaveXls);
     Add(Res_ExportXlsx, QStringLiteral("Ctrl+Shift+E"), &TGridActions::SaveXlsx);
-    if (dynamic_cast<TMarketWatchForm*>(&form) != nullptr) {
+    if (HasSymbols(form)) {
         Add(Res_FavouriteToggle, QStringLiteral("Ctrl+D"), &TGridActions::ToggleFavourite);
     }
     Add(Res_ColumnMenu, QStringLiteral("Ctrl+Shift+M"), &TGridActions::OpenMenu);
@@ -268,18 +278,9 @@ void TGridActions::SaveXlsx() {
     Save(FView, FForm, &TEditorManager::ExportGridToXLSX, &TEditorManager::ExportTreeToXLSX);
 }
 
-// By its symbol, never by the row's number.
 void TGridActions::ToggleFavourite() {
     auto* list = dynamic_cast<TListForm*>(&FForm);
-    if (list == nullptr || !FView.currentIndex().isValid()) return;
-    const String symbol = list->ShownKey(FView.currentIndex().row());
-    if (symbol.empty()) return;
-    TCustomMarketAdapter& market = *TCustomMarketAdapter::GetInstance();
-    if (market.IsFavorite(symbol)) {
-        market.RemoveFavorite(symbol);
-    } else {
-        market.AddFavorite(symbol);
-    }
+    if (list != nullptr) quorin::ToggleFavourite(*list, FView.currentIndex().row());
 }
 
 } // namespace quorin
