@@ -43,22 +43,6 @@ bool HasSymbols(TShownForm& form) {
            ObjectAs<TPositionViewForm>(&form) != nullptr;
 }
 
-template <class OnGrid, class OnTree>
-void Save(QWidget& window, TShownForm& form, OnGrid onGrid, OnTree onTree) {
-    const QPointer<QWidget> parent = &window;
-    TEditorManager& editors = *TEditorManager::GetInstance();
-    const TFormView view = form.FormView();
-    try {
-        if (view.Grid != nullptr) {
-            (editors.*onGrid)(*view.Grid, ExportName, {});
-        } else {
-            (editors.*onTree)(*view.Tree, ExportName, {});
-        }
-    } catch (const EExportError& error) {
-        QMessageBox::warning(parent, QStringLiteral("quorin"), QString::fromUtf8(error.what()));
-    }
-}
-
 } // namespace
 
 TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
@@ -201,7 +185,8 @@ void TGridActions::Hide() {
 }
 
 void TGridActions::Choose() {
-    const QPointer<TGridActions> guard = this;
+    if (FIsBusy) return;
+    const QScopedValueRollback busy(FIsBusy, true);
     const TFormView view = FForm.FormView();
     TEditorManager& editors = *TEditorManager::GetInstance();
     if (view.Grid != nullptr) {
@@ -209,10 +194,12 @@ void TGridActions::Choose() {
     } else {
         editors.TreeCustomColumn(*view.Tree, view.ReservedColumns, {});
     }
-    if (guard) FKeeper.Note();
+    FKeeper.Note();
 }
 
 void TGridActions::Filter() {
+    if (FIsBusy) return;
+    const QScopedValueRollback busy(FIsBusy, true);
     auto* column = dynamic_cast<TcxGridColumn*>(Column());
     if (column != nullptr) TEditorManager::GetInstance()->GridCustomFilter(*GridOf(FForm), *column);
 }
@@ -266,16 +253,33 @@ void TGridActions::CopyWithCaptions() {
     QApplication::clipboard()->setText(CopyText(true));
 }
 
+template <class OnGrid, class OnTree>
+void TGridActions::Save(OnGrid onGrid, OnTree onTree) {
+    if (FIsBusy) return;
+    const QScopedValueRollback busy(FIsBusy, true);
+    TEditorManager& editors = *TEditorManager::GetInstance();
+    const TFormView view = FForm.FormView();
+    try {
+        if (view.Grid != nullptr) {
+            (editors.*onGrid)(*view.Grid, ExportName, {});
+        } else {
+            (editors.*onTree)(*view.Tree, ExportName, {});
+        }
+    } catch (const EExportError& error) {
+        QMessageBox::warning(&FView, QStringLiteral("quorin"), QString::fromUtf8(error.what()));
+    }
+}
+
 void TGridActions::SaveCsv() {
-    Save(FView, FForm, &TEditorManager::ExportGridToCSV, &TEditorManager::ExportTreeToCSV);
+    Save(&TEditorManager::ExportGridToCSV, &TEditorManager::ExportTreeToCSV);
 }
 
 void TGridActions::SaveXls() {
-    Save(FView, FForm, &TEditorManager::ExportGridToXLS, &TEditorManager::ExportTreeToXLS);
+    Save(&TEditorManager::ExportGridToXLS, &TEditorManager::ExportTreeToXLS);
 }
 
 void TGridActions::SaveXlsx() {
-    Save(FView, FForm, &TEditorManager::ExportGridToXLSX, &TEditorManager::ExportTreeToXLSX);
+    Save(&TEditorManager::ExportGridToXLSX, &TEditorManager::ExportTreeToXLSX);
 }
 
 void TGridActions::ToggleFavourite() {

@@ -204,6 +204,8 @@ inline constexpr StringView Res_RowsWait = u"Res_RowsWait";
 inline constexpr StringView Res_NoDeliverySince = u"Res_NoDeliverySince";
 inline constexpr StringView Res_RowsWithoutPrice = u"Res_RowsWithoutPrice";
 // Files.
+inline constexpr StringView Res_Saving = u"Res_Saving";
+inline constexpr StringView Res_SavingEnd = u"Res_SavingEnd";
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey
 
