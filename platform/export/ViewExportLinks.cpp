@@ -2,6 +2,7 @@
 
 #include "platform/export/Exporters.h"
 #include "platform/export/ViewTables.h"
+#include "platform/rtl/ScopedValue.h"
 #include "platform/rtl/Utf.h"
 
 namespace quorin {
@@ -25,48 +26,75 @@ TCsvOptions CsvOptions(StringView separator, const TcxCsvExportOptions& options)
 
 } // namespace
 
+// One export from its beginning to its end. One that begins inside another is not told of.
+class TViewExportLinks::TRun {
+public:
+    TRun(TViewExportLinks& links, TExportProgressEvent handler)
+        : FLinks(links), FHandler(handler), FIsTold(!handler && !links.FIsSaving),
+          FSaving(links.FIsSaving, true) {}
+    TRun(const TRun&) = delete;
+    TRun& operator=(const TRun&) = delete;
+    ~TRun() {
+        if (FIsTold && FLinks.FEnded) FLinks.FEnded();
+    }
+
+    TExportProgressEvent Progress() const { return FIsTold ? FLinks.FProgress : FHandler; }
+
+private:
+    TViewExportLinks& FLinks;
+    const TExportProgressEvent FHandler;
+    const bool FIsTold;
+    const TScopedValue<bool> FSaving;
+};
+
 void TViewExportLinks::ExportGridToCSV(const String& fileName, TcxGrid& grid, Boolean expand,
                                        Boolean saveAll, StringView separator, StringView fileExt,
                                        TExportProgressEvent handler, TcxExportEncoding,
                                        const TcxCsvExportOptions& options) {
+    const TRun run(*this, handler);
     TGridExportTable table(grid, {expand, saveAll});
-    WriteCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
+    WriteCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), run.Progress());
 }
 
 void TViewExportLinks::ExportGridToExcel(const String& fileName, TcxGrid& grid, Boolean expand,
                                          Boolean saveAll, Boolean useNativeFormat,
                                          StringView fileExt, TExportProgressEvent handler) {
+    const TRun run(*this, handler);
     TGridExportTable table(grid, {expand, saveAll, useNativeFormat});
-    WriteXls(Target(fileName, fileExt), table, handler);
+    WriteXls(Target(fileName, fileExt), table, run.Progress());
 }
 
 void TViewExportLinks::ExportGridToXLSX(const String& fileName, TcxGrid& grid, Boolean expand,
                                         Boolean saveAll, Boolean useNativeFormat,
                                         StringView fileExt, TExportProgressEvent handler) {
+    const TRun run(*this, handler);
     TGridExportTable table(grid, {expand, saveAll, useNativeFormat});
-    WriteXlsx(Target(fileName, fileExt), table, handler);
+    WriteXlsx(Target(fileName, fileExt), table, run.Progress());
 }
 
 void TViewExportLinks::cxExportTLToCSV(const String& fileName, TcxVirtualTreeList& tree,
                                        Boolean expand, Boolean saveAll, StringView separator,
                                        StringView fileExt, TExportProgressEvent handler,
                                        TcxExportEncoding, const TcxCsvExportOptions& options) {
+    const TRun run(*this, handler);
     TTreeExportTable table(tree, {expand, saveAll});
-    WriteCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), handler);
+    WriteCsv(Target(fileName, fileExt), table, CsvOptions(separator, options), run.Progress());
 }
 
 void TViewExportLinks::cxExportTLToExcel(const String& fileName, TcxVirtualTreeList& tree,
                                          Boolean expand, Boolean saveAll, Boolean useNativeFormat,
                                          StringView fileExt, TExportProgressEvent handler) {
+    const TRun run(*this, handler);
     TTreeExportTable table(tree, {expand, saveAll, useNativeFormat});
-    WriteXls(Target(fileName, fileExt), table, handler);
+    WriteXls(Target(fileName, fileExt), table, run.Progress());
 }
 
 void TViewExportLinks::cxExportTLToXLSX(const String& fileName, TcxVirtualTreeList& tree,
                                         Boolean expand, Boolean saveAll, Boolean useNativeFormat,
                                         StringView fileExt, TExportProgressEvent handler) {
+    const TRun run(*this, handler);
     TTreeExportTable table(tree, {expand, saveAll, useNativeFormat});
-    WriteXlsx(Target(fileName, fileExt), table, handler);
+    WriteXlsx(Target(fileName, fileExt), table, run.Progress());
 }
 
 } // namespace quorin

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/export/ViewExportLinks.h"
 #include "platform/widgets/SaveDialog.h"
+#include "terminal/desktop/SaveProgress.h"
 #include "terminal/forms/FormsHost.h"
 
 class QWidget;
@@ -10,7 +10,7 @@ namespace quorin {
 
 // The window as a host: messages and questions are boxes before it. A key that was down before a
 // box came does nothing in it until it is let go. While it lives, save dialogs come here and views
-// are saved by the exporters of the program.
+// are saved by the exporters of the program, which say how far they are.
 class TDesktopHost : public TFormsHost, public TSaveDialogHost {
 public:
     TDesktopHost();
@@ -19,7 +19,13 @@ public:
     ~TDesktopHost() override;
 
     // The window that messages stand before; nil to begin with.
-    void SetWindow(QWidget* window) { FWindow = window; }
+    void SetWindow(QWidget* window) {
+        FWindow = window;
+        FSaveProgress.SetWindow(window);
+    }
+    TSaveProgress& SaveProgress() { return FSaveProgress; }
+    // An export runs: what it reads must hold still.
+    bool IsSaving() const { return FLinks.IsSaving(); }
 
     void ShowMessage(StringView text) override;
     // The column chooser and the filter of a column as well.
@@ -32,6 +38,7 @@ protected:
 
 private:
     TViewExportLinks FLinks;
+    TSaveProgress FSaveProgress{FLinks};
     QWidget* FWindow = nullptr;
 };
 

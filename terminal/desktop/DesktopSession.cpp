@@ -55,9 +55,9 @@ TDesktopSession::TDesktopSession(const TDesktopOptions& options,
     FServices.Market().SetSpreadTablesAtOnce(true); // prices by their ticks from the first frame on
 }
 
-// A question that is open lets the timers run.
+// A question that is open lets the timers run, and so does an export, which wants one moment.
 void TDesktopSession::Step() {
-    if (FIsStepping) return;
+    if (FIsStepping || FHost.IsSaving()) return;
     const QScopedValueRollback stepping(FIsStepping, true);
     FMarket.Step();
     FHost.Messages().SetTime(FMarket.TimeNanos());

@@ -18,7 +18,7 @@ public:
     TDesktopHost& Host() { return FHost; }
     TEmbeddedServices& Services() { return FServices; }
     const String& Exchange() const { return FExchange; }
-    // Goes on to the next delivery; nothing inside a delivery.
+    // Goes on to the next delivery; nothing inside a delivery, and while a view is being saved.
     void Step();
     Integer Deliveries() const { return FDeliveries; }
     // Price updates of all deliveries so far.

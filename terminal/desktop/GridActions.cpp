@@ -2,7 +2,10 @@
 
 #include "platform/widgets/ExportLinks.h"
 #include "terminal/desktop/QtText.h"
-#include "terminal/forms/MarketWatchForm.h"
+#include "terminal/forms/Favourites.h"
+#include "terminal/forms/MarketListForm.h"
+#include "terminal/forms/PositionForm.h"
+#include "terminal/forms/PositionViewForm.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/frame/ServiceTexts.h"
@@ -33,20 +36,11 @@ TcxGridTableView* GridOf(TShownForm& form) {
     return place == nullptr ? nullptr : place->ActiveView();
 }
 
-template <class OnGrid, class OnTree>
-void Save(QWidget& window, TShownForm& form, OnGrid onGrid, OnTree onTree) {
-    const QPointer<QWidget> parent = &window;
-    TEditorManager& editors = *TEditorManager::GetInstance();
-    const TFormView view = form.FormView();
-    try {
-        if (view.Grid != nullptr) {
-            (editors.*onGrid)(*view.Grid, ExportName, {});
-        } else {
-            (editors.*onTree)(*view.Tree, ExportName, {});
-        }
-    } catch (const EExportError& error) {
-        QMessageBox::warning(parent, QStringLiteral("quorin"), QString::fromUtf8(error.what()));
-    }
+// The lists whose rows are symbols that one may want to watch.
+bool HasSymbols(TShownForm& form) {
+    return ObjectAs<TMarketListForm>(&form) != nullptr ||
+           ObjectAs<TPositionForm>(&form) != nullptr ||
+           ObjectAs<TPositionViewForm>(&form) != nullptr;
 }
 
 } // namespace
@@ -74,7 +68,7 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     Add(Res_ExportCsv, QStringLiteral("Ctrl+E"), &TGridActions::SaveCsv);
     Add(Res_ExportXls, QStringLiteral("Ctrl+Alt+X"), &TGridActions::SaveXls);
     Add(Res_ExportXlsx, QStringLiteral("Ctrl+Shift+E"), &TGridActions::SaveXlsx);
-    if (dynamic_cast<TMarketWatchForm*>(&form) != nullptr) {
+    if (HasSymbols(form)) {
         Add(Res_FavouriteToggle, QStringLiteral("Ctrl+D"), &TGridActions::ToggleFavourite);
     }
     Add(Res_ColumnMenu, QStringLiteral("Ctrl+Shift+M"), &TGridActions::OpenMenu);
@@ -191,7 +185,8 @@ void TGridActions::Hide() {
 }
 
 void TGridActions::Choose() {
-    const QPointer<TGridActions> guard = this;
+    if (FIsBusy) return;
+    const QScopedValueRollback busy(FIsBusy, true);
     const TFormView view = FForm.FormView();
     TEditorManager& editors = *TEditorManager::GetInstance();
     if (view.Grid != nullptr) {
@@ -199,10 +194,12 @@ void TGridActions::Choose() {
     } else {
         editors.TreeCustomColumn(*view.Tree, view.ReservedColumns, {});
     }
-    if (guard) FKeeper.Note();
+    FKeeper.Note();
 }
 
 void TGridActions::Filter() {
+    if (FIsBusy) return;
+    const QScopedValueRollback busy(FIsBusy, true);
     auto* column = dynamic_cast<TcxGridColumn*>(Column());
     if (column != nullptr) TEditorManager::GetInstance()->GridCustomFilter(*GridOf(FForm), *column);
 }
@@ -256,30 +253,38 @@ void TGridActions::CopyWithCaptions() {
     QApplication::clipboard()->setText(CopyText(true));
 }
 
+template <class OnGrid, class OnTree>
+void TGridActions::Save(OnGrid onGrid, OnTree onTree) {
+    if (FIsBusy) return;
+    const QScopedValueRollback busy(FIsBusy, true);
+    TEditorManager& editors = *TEditorManager::GetInstance();
+    const TFormView view = FForm.FormView();
+    try {
+        if (view.Grid != nullptr) {
+            (editors.*onGrid)(*view.Grid, ExportName, {});
+        } else {
+            (editors.*onTree)(*view.Tree, ExportName, {});
+        }
+    } catch (const EExportError& error) {
+        QMessageBox::warning(&FView, QStringLiteral("quorin"), QString::fromUtf8(error.what()));
+    }
+}
+
 void TGridActions::SaveCsv() {
-    Save(FView, FForm, &TEditorManager::ExportGridToCSV, &TEditorManager::ExportTreeToCSV);
+    Save(&TEditorManager::ExportGridToCSV, &TEditorManager::ExportTreeToCSV);
 }
 
 void TGridActions::SaveXls() {
-    Save(FView, FForm, &TEditorManager::ExportGridToXLS, &TEditorManager::ExportTreeToXLS);
+    Save(&TEditorManager::ExportGridToXLS, &TEditorManager::ExportTreeToXLS);
 }
 
 void TGridActions::SaveXlsx() {
-    Save(FView, FForm, &TEditorManager::ExportGridToXLSX, &TEditorManager::ExportTreeToXLSX);
+    Save(&TEditorManager::ExportGridToXLSX, &TEditorManager::ExportTreeToXLSX);
 }
 
-// By its symbol, never by the row's number.
 void TGridActions::ToggleFavourite() {
     auto* list = dynamic_cast<TListForm*>(&FForm);
-    if (list == nullptr || !FView.currentIndex().isValid()) return;
-    const String symbol = list->ShownKey(FView.currentIndex().row());
-    if (symbol.empty()) return;
-    TCustomMarketAdapter& market = *TCustomMarketAdapter::GetInstance();
-    if (market.IsFavorite(symbol)) {
-        market.RemoveFavorite(symbol);
-    } else {
-        market.AddFavorite(symbol);
-    }
+    if (list != nullptr) quorin::ToggleFavourite(*list, FView.currentIndex().row());
 }
 
 } // namespace quorin

@@ -27,6 +27,8 @@ public:
     TFindBar& FindBar() { return *FFindBar; }
     // In the order of the menu.
     const QList<QAction*>& Actions() const { return FActions; }
+    // A dialog of an action is open, or an export runs: the view must stay until then.
+    bool IsBusy() const { return FIsBusy; }
     // Once per frame: the texts follow the language.
     void Follow();
     // The chosen rows with their visible columns, as the view shows them, apart by tabs.
@@ -60,6 +62,8 @@ private:
     void FindPrevious() { FFindBar->Move(-1); }
     void Copy();
     void CopyWithCaptions();
+    template <class OnGrid, class OnTree>
+    void Save(OnGrid onGrid, OnTree onTree);
     void SaveCsv();
     void SaveXls();
     void SaveXlsx();
@@ -74,6 +78,7 @@ private:
     QTimer FNoteTimer;             // one step for a width that is being dragged
     TAppLanguage FShownLanguage = TAppLanguage::None;
     int FMenuSection = -1;
+    bool FIsBusy = false;
     bool FIsMoving = false; // a caption goes back to where Qt had it
 };
 

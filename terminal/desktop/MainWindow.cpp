@@ -37,7 +37,7 @@ const QString TMainWindow::StateKey = QStringLiteral("window.state");
 TMainWindow::TMainWindow(TDesktopSession& session, const TDesktopOptions& options,
                          TWorkspace& workspace)
     : FSession(session), FWorkspace(workspace), FSettings(session.Services().Config(), workspace),
-      FStatus(new TStatusLine(session, this)) {
+      FFavourites(workspace), FStatus(new TStatusLine(session, this)) {
     setWindowTitle(QLatin1String(ProgramTitle) + u' ' + ToQt(session.Exchange()));
     setDockNestingEnabled(true);
     setDockOptions(dockOptions() | AllowTabbedDocks | AllowNestedDocks);
@@ -181,6 +181,7 @@ void TMainWindow::Store() {
         FWorkspace.Set(StateKey, ToBase64(saveState()));
     }
     FSettings.Store();
+    FFavourites.Store();
     FWorkspace.Store();
 }
 

@@ -82,6 +82,7 @@ private:
     TDesktopSession& FSession;
     TWorkspace& FWorkspace;
     TStoredSettings FSettings;
+    TStoredFavourites FFavourites;
     std::vector<TPaneDock*> FDocks; // in order of opening
     TStatusLine* FStatus;
     TAppLanguage FShownLanguage = TAppLanguage::None;

@@ -83,7 +83,7 @@ void TPaneDock::FollowGroup() {
 }
 
 void TPaneDock::Follow() {
-    if (FWantsToClose && !FPane->IsAsking()) {
+    if (FWantsToClose && !IsAsking()) {
         FWantsToClose = false;
         emit Ended(this);
         return;
@@ -103,7 +103,7 @@ void TPaneDock::Follow() {
 }
 
 void TPaneDock::CloseForm() {
-    if (FPane->IsAsking()) {
+    if (IsAsking()) {
         FWantsToClose = true;
     } else {
         emit Ended(this);

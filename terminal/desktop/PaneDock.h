@@ -26,7 +26,7 @@ public:
     TGridActions* Actions() { return FActions; }
     void Follow();
     // The person, or the program, wants the form gone: it goes at once, or when its question has
-    // been answered.
+    // been answered, or its export is done.
     void CloseForm();
 
 signals:
@@ -39,6 +39,7 @@ protected:
 private:
     QToolButton* MakeButton(const QString& text);
     void FollowGroup();
+    bool IsAsking() const { return FPane->IsAsking() || (FActions && FActions->IsBusy()); }
 
     TPane* FPane;
     QPointer<TGridActions> FActions; // the view's

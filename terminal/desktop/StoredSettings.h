@@ -22,4 +22,18 @@ private:
     std::vector<String> FFirst; // without the workspace, in the order of the table
 };
 
+// The favourites in the person's order, kept in the workspace once they are others than those that
+// the program began with.
+class TStoredFavourites {
+public:
+    // Puts the stored ones in force. `workspace` must live longer.
+    explicit TStoredFavourites(TWorkspace& workspace);
+
+    void Store();
+
+private:
+    TWorkspace& FWorkspace;
+    QString FFirst; // without the workspace
+};
+
 } // namespace quorin

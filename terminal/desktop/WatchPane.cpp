@@ -2,10 +2,12 @@
 
 #include "platform/rtl/Numbers.h"
 #include "terminal/desktop/QtText.h"
+#include "terminal/desktop/RowDrag.h"
 #include "terminal/forms/TerminalKeys.h"
 #include "terminal/forms/VenueMarket.h"
 #include "viewdata/market/MarketTexts.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QSignalBlocker>
@@ -64,7 +66,36 @@ TWatchPane::TWatchPane(StringView exchange, TOrderDialog& dialog, QWidget* paren
             [this] { FForm->ShowMarket(FForm->Exchange(), FCategories->currentData().toInt()); });
     connect(&Grid(), &QAbstractItemView::clicked, this,
             [this](const QModelIndex& index) { ShareSymbol(FForm->Symbol(index.row())); });
+    FMoveUp = AddListAction(QKeySequence(QStringLiteral("Ctrl+Shift+Up")), &TWatchPane::MoveUp);
+    FMoveDown =
+        AddListAction(QKeySequence(QStringLiteral("Ctrl+Shift+Down")), &TWatchPane::MoveDown);
+    FAddFavourite =
+        AddListAction(QKeySequence(QStringLiteral("Ctrl+Alt+F")), &TWatchPane::AddFavourite);
+    auto* drag = new TRowDrag(*FForm, Grid(), [this] { return FForm->CanMoveFavourites(); });
+    connect(drag, &TRowDrag::Moved, this, [this](const QString& row, const QString& before) {
+        FForm->MoveFavourite(FromQt(row), FromQt(before));
+    });
     FillBoxes();
+}
+
+QAction* TWatchPane::AddListAction(const QKeySequence& key, void (TWatchPane::*act)()) {
+    auto* action = new QAction(this);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, act);
+    Grid().addAction(action);
+    return action;
+}
+
+// By the rows as they were drawn.
+void TWatchPane::MoveFocused(Integer step) {
+    const Integer row = FForm->View().FocusedRow();
+    const String moved = FForm->ShownKey(row);
+    const Integer before = step < 0 ? row - 1 : row + 2;
+    const bool isBehindAll = before == FForm->RowCount();
+    const String next = FForm->ShownKey(before);
+    if (moved.empty() || (next.empty() && !isBehindAll)) return;
+    FForm->MoveFavourite(moved, next);
 }
 
 void TWatchPane::FillBoxes() {
@@ -78,6 +109,9 @@ void TWatchPane::FillBoxes() {
     FCategories->setCurrentIndex(std::max(FCategories->findData(FForm->Category()), 0));
     FCategories->setAccessibleName(ToQt(InterfaceText(TerminalKey::Res_Category)));
     FCategories->setVisible(FCategories->count() > 2); // one beside all is no choice
+    FMoveUp->setText(ToQt(InterfaceText(TerminalKey::Res_FavouriteUp)));
+    FMoveDown->setText(ToQt(InterfaceText(TerminalKey::Res_FavouriteDown)));
+    FAddFavourite->setText(ToQt(InterfaceText(TerminalKey::Res_FavouriteAdd)));
 }
 
 void TWatchPane::Follow() {

@@ -3,12 +3,14 @@
 #include "terminal/desktop/ActionPane.h"
 #include "terminal/forms/MarketWatchForm.h"
 
+class QAction;
 class QComboBox;
 
 namespace quorin {
 
 // The market watch on the screen: an exchange with its categories, or the favourites, with the
-// quick orders of the row with the focus.
+// quick orders of the row with the focus. Rows of the favourites are moved by drag, or by
+// Ctrl+Shift+Up and Ctrl+Shift+Down.
 class TWatchPane : public TActionPane {
     Q_OBJECT
 
@@ -31,10 +33,18 @@ protected:
 
 private:
     void FillBoxes();
+    QAction* AddListAction(const QKeySequence& key, void (TWatchPane::*act)());
+    void MoveUp() { MoveFocused(-1); }
+    void MoveDown() { MoveFocused(1); }
+    void MoveFocused(Integer step);
+    void AddFavourite() { FForm->Control().AddFavoritePrice(); }
 
     TMarketWatchForm* FForm; // the base's
     QComboBox* FExchanges;
     QComboBox* FCategories;
+    QAction* FMoveUp;
+    QAction* FMoveDown;
+    QAction* FAddFavourite;
     TAppLanguage FFilledLanguage = TAppLanguage::None; // of the texts in the boxes
 };
 

@@ -1,5 +1,7 @@
 #include "terminal/forms/MarketWatchForm.h"
 
+#include "terminal/forms/Favourites.h"
+
 #include <algorithm>
 
 namespace quorin {
@@ -37,6 +39,29 @@ std::vector<Integer> TMarketWatchForm::CategoriesOf(StringView exchange) {
         if (category >= 0 && !isKnown) categories.push_back(category);
     }
     return categories;
+}
+
+bool TMarketWatchForm::CanMoveFavourites() {
+    return FExchange == FavoriteExchange && View().GetSortedItemCount() == 0 &&
+           View().RowCount() == FControl->Symbols().Count();
+}
+
+// The row moves now; what the services tell with the next delivery is the same order.
+Boolean TMarketWatchForm::MoveFavourite(StringView symbol, StringView before) {
+    const String moved(symbol); // may be the list's own text
+    const String next(before);
+    TList<String> order = Favourites();
+    const Integer place = order.IndexOf(moved);
+    if (!CanMoveFavourites() || place < 0 || moved == next) return false;
+    order.Delete(place);
+    const Integer target = next.empty() ? order.Count() : order.IndexOf(next);
+    if (target < 0 || target == place) return false;
+    order.Insert(target, moved);
+    FControl->MoveRecord(FControl->RowOf(moved), target);
+    FControl->ClearAllFavoritePrice();
+    AddFavourites(order);
+    View().SetFocusedRow(FControl->RowOf(moved));
+    return true;
 }
 
 void TMarketWatchForm::ShowSymbols(const TList<String>& symbols) {

@@ -99,8 +99,11 @@ void TOrderDialog::Copy(Integer number, const TCopyOrderRecord& record) {
     }
 }
 
+// Order entry is a ticket, where one is open.
 void TOrderDialog::AddFavorite() {
-    const String symbol = FEntry.Values().Symbol;
+    const TTicketForm* ticket = TTicketForm::ForCopies({});
+    const String symbol =
+        ticket == nullptr || ticket->Symbol().empty() ? FEntry.Values().Symbol : ticket->Symbol();
     if (symbol.empty()) {
         FHost.ShowMessage(InterfaceText(TerminalKey::Res_NoSymbolToAdd));
         return;

@@ -195,6 +195,9 @@ inline constexpr StringView Res_FindNext = u"Res_FindNext";
 inline constexpr StringView Res_FindPrevious = u"Res_FindPrevious";
 inline constexpr StringView Res_ColumnMenu = u"Res_ColumnMenu";
 inline constexpr StringView Res_FavouriteToggle = u"Res_FavouriteToggle";
+inline constexpr StringView Res_FavouriteAdd = u"Res_FavouriteAdd";
+inline constexpr StringView Res_FavouriteUp = u"Res_FavouriteUp";
+inline constexpr StringView Res_FavouriteDown = u"Res_FavouriteDown";
 inline constexpr StringView Res_CancelButton = u"Res_CancelButton";
 // Grids.
 inline constexpr StringView Res_RowsWait = u"Res_RowsWait";
@@ -202,6 +205,8 @@ inline constexpr StringView Res_NoDeliverySince = u"Res_NoDeliverySince";
 inline constexpr StringView Res_RowsWithoutPrice = u"Res_RowsWithoutPrice";
 inline constexpr StringView Res_CurrenciesWithoutRatio = u"Res_CurrenciesWithoutRatio";
 // Files.
+inline constexpr StringView Res_Saving = u"Res_Saving";
+inline constexpr StringView Res_SavingEnd = u"Res_SavingEnd";
 inline constexpr StringView Res_OverwriteQuestion = u"Res_OverwriteQuestion";
 } // namespace TerminalKey
 

@@ -8,10 +8,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -34,6 +38,7 @@ private slots:
     void CopiesWhatShows();
     void Finds();
     void SavesAFile();
+    void BreaksALongExportOff();
 
 private:
     TcxGridTableView& View() { return FPane->Form().View(); }
@@ -77,9 +82,10 @@ void TGridActionsTest::Press(int key, Qt::KeyboardModifiers modifiers) {
 
 template <class Dialog>
 void TGridActionsTest::Answer(const std::function<void(Dialog&)>& answer) {
-    QTimer::singleShot(0, this, [this, answer] {
+    constexpr int wait = 2; // milliseconds
+    QTimer::singleShot(wait, this, [this, answer] {
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) return;
+        if (dialog == nullptr) return Answer<Dialog>(answer);
         FWasAnswered = true;
         answer(*dialog);
     });
@@ -164,6 +170,61 @@ void TGridActionsTest::SavesAFile() {
     QFile file(name);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll().trimmed().count('\n'), View().RowCount()); // and the captions
+}
+
+void TGridActionsTest::BreaksALongExportOff() {
+    constexpr int symbols = 5000;
+    FSession->Host().SaveProgress().SetPatience(0);
+    TEmbeddedMarketAdapter& market = FSession->Services().Market();
+    market.AddExchange({.Code = u"BIG", .Currency = u"HKD"});
+    market.AddSeries({.Code = u"ALL", .Exchange = u"BIG"});
+    for (int number = 0; number < symbols; ++number) {
+        market.AddSymbol(
+            {.Symbol = FromQt(QString::number(number)), .Exchange = u"BIG", .Series = u"ALL"});
+    }
+    FPane->Form().ShowMarket(u"BIG");
+    FPane->Follow();
+    QCOMPARE(View().RowCount(), symbols);
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("watch.xlsx");
+    const auto content = [&name] {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QFile old(name);
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("the old file");
+    old.close();
+
+    for (const bool isCancelled : {true, false}) {
+        bool wasShown = false;
+        bool hasHeldStill = true;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) return;
+            wasShown = true;
+            const Integer before = FSession->Deliveries();
+            FSession->Step();
+            hasHeldStill &= FSession->Deliveries() == before && FActions->IsBusy();
+            if (isCancelled) QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        watch.start(1);
+        Answer<QFileDialog>([&](QFileDialog& dialog) {
+            dialog.selectFile(name);
+            Answer<QMessageBox>([](QMessageBox& box) { box.buttons().front()->click(); });
+            static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+        });
+        Press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(wasShown);
+        QVERIFY(hasHeldStill);
+        QVERIFY(!FActions->IsBusy());
+        QCOMPARE(content() == "the old file", isCancelled);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("watch.xlsx"));
+    }
+    QVERIFY(content().startsWith("PK"));
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+    FSession->Step();
 }
 
 } // namespace quorin

@@ -27,6 +27,7 @@ private slots:
     void LinksFormsOfAGroup();
     void SwitchesLanguageInMidEdit();
     void FindsFormsAndLayoutsAgain();
+    void KeepsTheOrderOfFavourites();
     void SharesAWorkspace();
     void TakesWhatItCanOfAWorkspace_data();
     void TakesWhatItCanOfAWorkspace();
@@ -138,6 +139,83 @@ void TMainWindowTest::FindsFormsAndLayoutsAgain() {
     QCOMPARE(watches[1]->Grid().columnWidth(1), 222);
     QCOMPARE(watches[1]->Form().View().GetSortedItem(0), watches[1]->Form().View().GetColumn(1));
     QVERIFY(watches[0]->Grid().columnWidth(1) != 222);
+}
+
+void TMainWindowTest::KeepsTheOrderOfFavourites() {
+    const auto order = [this] {
+        QStringList symbols;
+        for (Integer row = 0; row < FWindow->Watch()->Form().RowCount(); ++row) {
+            symbols << ToQt(FWindow->Watch()->Form().Symbol(row));
+        }
+        return symbols;
+    };
+    const auto frame = [this] {
+        FSession->Step();
+        FWindow->Frame();
+        QApplication::processEvents();
+    };
+    FWindow->Watch()->SetChoice(FavoriteExchange);
+    frame();
+    TGridSkin& grid = FWindow->Watch()->Grid();
+    QStringList wanted = order();
+    QVERIFY(wanted.size() > 3);
+
+    grid.setFocus();
+    grid.setCurrentIndex(grid.model()->index(0, 0));
+    frame();
+    const auto keys = Qt::ControlModifier | Qt::ShiftModifier;
+    QTest::keyClick(&grid, Qt::Key_Up, keys); // is the first already
+    QTest::keyClick(&grid, Qt::Key_Down, keys);
+    frame();
+    wanted.move(0, 1);
+    QCOMPARE(order(), wanted);
+    QCOMPARE(grid.currentIndex().row(), 1);
+
+    const auto drag = [&grid](int from, int y, bool isCancelled) {
+        QTest::mousePress(grid.viewport(), Qt::LeftButton, {},
+                          grid.visualRect(grid.model()->index(from, 0)).center());
+        for (const int place : {y / 2, y}) {
+            QMouseEvent move(QEvent::MouseMove, QPointF(9, place),
+                             grid.viewport()->mapToGlobal(QPointF(9, place)), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(grid.viewport(), &move);
+        }
+        if (isCancelled) QTest::keyClick(&grid, Qt::Key_Escape);
+        QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, {9, y});
+    };
+    const int height = grid.rowHeight(0);
+    drag(0, 3 * height - 2, true);
+    drag(0, 3 * height - 2, false); // to the lower edge of the third row
+    frame();
+    wanted.move(0, 2);
+    QCOMPARE(order(), wanted);
+    drag(0, height * static_cast<int>(wanted.size()) + 40, false);
+    frame();
+    wanted.move(0, wanted.size() - 1);
+    QCOMPARE(order(), wanted);
+    FWindow->Watch()->Form().View().GetColumn(0)->SetSortOrder(soDescending);
+    frame();
+    const QStringList sorted = order();
+    drag(0, 3 * height - 2, false);
+    frame();
+    QCOMPARE(order(), sorted);
+    FWindow->Watch()->Form().View().ClearSorting();
+    Stop(true);
+    Start();
+    QCOMPARE(order(), wanted);
+
+    TGridSkin& restarted = FWindow->Watch()->Grid();
+    restarted.setFocus();
+    restarted.setCurrentIndex(restarted.model()->index(0, 0));
+    frame();
+    TCustomMarketAdapter::GetInstance()->RemoveFavorite(FromQt(wanted.takeFirst()));
+    QTest::keyClick(&restarted, Qt::Key_Down, keys); // the row is gone, and was not drawn so yet
+    frame();
+    QCOMPARE(order(), wanted);
+    FWindow->Watch()->Form().List().ClearAllFavoritePrice();
+    Stop(true);
+    Start();
+    QCOMPARE(order(), QStringList());
 }
 
 // The other terminal opened a form meanwhile and kept its layout.
