@@ -6,8 +6,7 @@ namespace quorin {
 
 // Draws a cell by the roles of TViewModel: its text, its mark in a place of its own behind it, so
 // that figures stay in line, a flash below the text with an arrow of its own where there is no
-// mark, a sign before totals that leave something
-// out, and old cells in grey.
+// mark, a sign before totals that leave something out, and old cells in grey.
 class TCellPainter : public QStyledItemDelegate {
     Q_OBJECT
 

@@ -58,13 +58,16 @@ public:
     }
 
 private:
-    // Again where something else has been written into the field meanwhile: each code that nobody
-    // has asked for before stays in the feed's memory.
+    // Key by key, and again where something else has come into the field meanwhile: each code that
+    // nobody has asked for before stays in the feed's memory, so that the day types no others.
     void Type(TcxCustomEdit& edit, StringView text) {
         edit.SetFocus();
         for (Integer tries = 0; tries < 3; ++tries) {
             edit.SelectAll();
-            edit.TypeText(text);
+            for (std::size_t typed = 1; typed <= text.size(); ++typed) {
+                edit.TypeText(text.substr(typed - 1, 1));
+                if (!StringView(edit.Text()).starts_with(text.substr(0, typed))) break;
+            }
             if (edit.Text() == text) break;
         }
         if (Day.Random.OneIn(4)) return; // stays in mid-edit
