@@ -1,6 +1,7 @@
 #include "platform/widgets/RowOrder.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -159,10 +160,12 @@ TcxRowOrder::TRow TcxRowOrder::RowFor(Integer record) const {
 
 bool TcxRowOrder::IsBefore(const TRow& left, const TRow& right) const {
     if (left.Lead != right.Lead) return left.Lead < right.Lead;
-    return IsTieBefore(left.Record, right.Record);
+    return IsTieBefore(left.Lead, left.Record, right.Record);
 }
 
-bool TcxRowOrder::IsTieBefore(Integer left, Integer right) const {
+// Numbers that are equal need no look at their keys where no other column follows.
+bool TcxRowOrder::IsTieBefore(Double lead, Integer left, Integer right) const {
+    if (FDescending.size() == 1 && std::isfinite(lead)) return left < right;
     const int order = TcxSortKey::CompareRows(FKeys, FDescending, left, right);
     return order != 0 ? order < 0 : left < right;
 }
@@ -188,7 +191,9 @@ void TcxRowOrder::PutIn(Integer record) {
     const auto [first, last] = std::equal_range(chunk.Leads.begin(), chunk.Leads.end(), row.Lead);
     const auto ties = chunk.Records.begin() + (first - chunk.Leads.begin());
     const auto end = ties + (last - first);
-    const auto isBefore = [this](Integer left, Integer right) { return IsTieBefore(left, right); };
+    const auto isBefore = [&](Integer left, Integer right) {
+        return IsTieBefore(row.Lead, left, right);
+    };
     const auto behind = std::lower_bound(ties, end, record, isBefore);
     chunk.Leads.insert(first + (behind - ties), row.Lead);
     chunk.Records.insert(behind, record);

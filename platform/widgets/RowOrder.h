@@ -61,7 +61,7 @@ private:
 
     TRow RowFor(Integer record) const;
     bool IsBefore(const TRow& left, const TRow& right) const;
-    bool IsTieBefore(Integer left, Integer right) const;
+    bool IsTieBefore(Double lead, Integer left, Integer right) const;
     bool ReadKeys(Integer record, TcxRowSource& source);
     void Reread(Integer record, TcxRowSource& source);
     void PutBack();
