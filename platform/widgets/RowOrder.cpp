@@ -1,5 +1,7 @@
 #include "platform/widgets/RowOrder.h"
 
+#include "platform/rtl/Prefetch.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -50,10 +52,18 @@ void TcxRowOrder::Build(Integer records, std::vector<bool> descending, TcxRowSou
 
 // All of them go before the first comes back: an order with a stale key in it can't be searched.
 void TcxRowOrder::Update(std::span<const Integer> records, TcxRowSource& source) {
+    for (const Integer record : records) Fetch(record);
     for (const Integer record : records) {
         if (HasRecord(record)) Reread(record, source);
     }
     PutBack();
+}
+
+// The records of a long list lie far apart in memory.
+void TcxRowOrder::Fetch(Integer record) const {
+    if (!HasRecord(record)) return;
+    FetchSoon(&FChunkOf[At(record)]);
+    FetchSoon(FKeys.data() + At(record) * FDescending.size());
 }
 
 void TcxRowOrder::UpdateAll(TcxRowSource& source) {

@@ -63,6 +63,7 @@ private:
     bool IsBefore(const TRow& left, const TRow& right) const;
     bool IsTieBefore(Double lead, Integer left, Integer right) const;
     bool ReadKeys(Integer record, TcxRowSource& source);
+    void Fetch(Integer record) const;
     void Reread(Integer record, TcxRowSource& source);
     void PutBack();
     void TakeOut(Integer record);
