@@ -170,10 +170,13 @@ void TEmbeddedSubscribeAdapter::Deliver() {
     if (FDepth == 0) SweepReceivers();
 }
 
-// Who hears of an item will ask for it by its key.
+// Who hears of an item will ask for it by its key, and for what is known of its symbol.
 void TEmbeddedSubscribeAdapter::FetchAhead(const TList<TEmbeddedSubItem*>& items) const {
     for (const TEmbeddedSubItem* item : items) {
-        if (!item->FFollowers.empty()) FByKey.FetchCell(HashText(item->FKey));
+        if (item->FFollowers.empty()) continue;
+        FByKey.FetchCell(HashText(item->FKey));
+        FetchSoon(item->FFollowers.data());
+        FetchSoon(item->FRecord);
     }
 }
 

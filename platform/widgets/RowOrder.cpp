@@ -1,6 +1,10 @@
 #include "platform/widgets/RowOrder.h"
 
+#include "platform/rtl/Prefetch.h"
+
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace quorin {
@@ -17,26 +21,30 @@ void TcxRowOrder::Build(Integer records, std::vector<bool> descending, TcxRowSou
     FChunkOf.assign(At(records), NotShown);
     FChunks.clear();
     FOrder.clear();
+    FEnds.clear();
     FFree.clear();
     FTaken.clear();
     FCount = 0;
-    std::vector<Integer> shown;
+    std::vector<TRow> shown;
     for (Integer record = 0; record < records; ++record) {
         ReadKeys(record, source);
-        if (source.Passes(record)) shown.push_back(record);
+        if (source.Passes(record)) shown.push_back(RowFor(record));
     }
     if (!FDescending.empty()) {
         std::sort(shown.begin(), shown.end(),
-                  [this](Integer left, Integer right) { return IsBefore(left, right); });
+                  [this](const TRow& left, const TRow& right) { return IsBefore(left, right); });
     }
     constexpr std::size_t rowsAtFirst = MostRows / 2; // room to grow
     for (std::size_t first = 0; first < shown.size(); first += rowsAtFirst) {
         const std::size_t end = std::min(first + rowsAtFirst, shown.size());
-        const std::uint32_t chunk = NewChunk(FOrder.size());
-        auto& rows = FChunks[chunk].Records;
-        rows.assign(shown.begin() + static_cast<std::ptrdiff_t>(first),
-                    shown.begin() + static_cast<std::ptrdiff_t>(end));
-        for (const Integer record : rows) FChunkOf[At(record)] = chunk;
+        const std::uint32_t number = NewChunk(FOrder.size());
+        TChunk& chunk = FChunks[number];
+        for (std::size_t row = first; row < end; ++row) {
+            chunk.Records.push_back(shown[row].Record);
+            chunk.Leads.push_back(shown[row].Lead);
+            FChunkOf[At(shown[row].Record)] = number;
+        }
+        FEnds.back() = chunk.Leads.back();
     }
     FCount = static_cast<Integer>(shown.size());
     FIsNumbered = false;
@@ -44,10 +52,18 @@ void TcxRowOrder::Build(Integer records, std::vector<bool> descending, TcxRowSou
 
 // All of them go before the first comes back: an order with a stale key in it can't be searched.
 void TcxRowOrder::Update(std::span<const Integer> records, TcxRowSource& source) {
+    for (const Integer record : records) Fetch(record);
     for (const Integer record : records) {
         if (HasRecord(record)) Reread(record, source);
     }
     PutBack();
+}
+
+// The records of a long list lie far apart in memory.
+void TcxRowOrder::Fetch(Integer record) const {
+    if (!HasRecord(record)) return;
+    FetchSoon(&FChunkOf[At(record)]);
+    FetchSoon(FKeys.data() + At(record) * FDescending.size());
 }
 
 void TcxRowOrder::UpdateAll(TcxRowSource& source) {
@@ -147,56 +163,91 @@ bool TcxRowOrder::ReadKeys(Integer record, TcxRowSource& source) {
     return isOther;
 }
 
-bool TcxRowOrder::IsBefore(Integer left, Integer right) const {
+TcxRowOrder::TRow TcxRowOrder::RowFor(Integer record) const {
+    if (FDescending.empty()) return {static_cast<Double>(record), record};
+    return {FKeys[At(record) * FDescending.size()].Lead(FDescending.front()), record};
+}
+
+bool TcxRowOrder::IsBefore(const TRow& left, const TRow& right) const {
+    if (left.Lead != right.Lead) return left.Lead < right.Lead;
+    return IsTieBefore(left.Lead, left.Record, right.Record);
+}
+
+// Numbers that are equal need no look at their keys where no other column follows.
+bool TcxRowOrder::IsTieBefore(Double lead, Integer left, Integer right) const {
+    if (FDescending.size() == 1 && std::isfinite(lead)) return left < right;
     const int order = TcxSortKey::CompareRows(FKeys, FDescending, left, right);
     return order != 0 ? order < 0 : left < right;
 }
 
 void TcxRowOrder::TakeOut(Integer record) {
-    const std::uint32_t chunk = std::exchange(FChunkOf[At(record)], NotShown);
-    if (chunk == NotShown) return;
-    auto& rows = FChunks[chunk].Records;
-    rows.erase(std::find(rows.begin(), rows.end(), record));
+    const std::uint32_t number = std::exchange(FChunkOf[At(record)], NotShown);
+    if (number == NotShown) return;
+    TChunk& chunk = FChunks[number];
+    const auto row = std::find(chunk.Records.begin(), chunk.Records.end(), record);
+    chunk.Leads.erase(chunk.Leads.begin() + (row - chunk.Records.begin()));
+    chunk.Records.erase(row);
     --FCount;
     FIsNumbered = false;
-    if (rows.empty()) Drop(chunk);
+    if (chunk.Records.empty()) Drop(number);
 }
 
 void TcxRowOrder::PutIn(Integer record) {
+    const TRow row = RowFor(record);
     if (FOrder.empty()) NewChunk(0);
-    const std::uint32_t chunk = FOrder[std::min(PlaceFor(record), FOrder.size() - 1)];
-    auto& rows = FChunks[chunk].Records;
-    const auto isBefore = [this](Integer left, Integer right) { return IsBefore(left, right); };
-    rows.insert(std::lower_bound(rows.begin(), rows.end(), record, isBefore), record);
-    FChunkOf[At(record)] = chunk;
+    const std::size_t place = std::min(PlaceFor(row), FOrder.size() - 1);
+    const std::uint32_t number = FOrder[place];
+    TChunk& chunk = FChunks[number];
+    const auto [first, last] = std::equal_range(chunk.Leads.begin(), chunk.Leads.end(), row.Lead);
+    const auto ties = chunk.Records.begin() + (first - chunk.Leads.begin());
+    const auto end = ties + (last - first);
+    const auto isBefore = [&](Integer left, Integer right) {
+        return IsTieBefore(row.Lead, left, right);
+    };
+    const auto behind = std::lower_bound(ties, end, record, isBefore);
+    chunk.Leads.insert(first + (behind - ties), row.Lead);
+    chunk.Records.insert(behind, record);
+    FEnds[place] = std::max(FEnds[place], row.Lead);
+    FChunkOf[At(record)] = number;
     ++FCount;
     FIsNumbered = false;
-    if (rows.size() > MostRows) Split(chunk);
+    if (chunk.Records.size() > MostRows) Split(number);
 }
 
-// The first chunk that ends behind the record.
-std::size_t TcxRowOrder::PlaceFor(Integer record) const {
-    const auto endsBefore = [this](std::uint32_t chunk, Integer other) {
-        return IsBefore(FChunks[chunk].Records.back(), other);
+// The first chunk that ends behind the row. An end that has been taken out still counts for those
+// that differ from it.
+std::size_t TcxRowOrder::PlaceFor(const TRow& row) const {
+    const auto endsBefore = [this](std::uint32_t number, const TRow& other) {
+        const TChunk& chunk = FChunks[number];
+        return !chunk.Records.empty() &&
+               IsBefore({chunk.Leads.back(), chunk.Records.back()}, other);
     };
-    if (FChunks[FOrder.front()].Records.empty()) return 0;
-    const auto found = std::lower_bound(FOrder.begin(), FOrder.end(), record, endsBefore);
+    const auto [first, last] = std::equal_range(FEnds.begin(), FEnds.end(), row.Lead);
+    const auto ties = FOrder.begin() + (first - FEnds.begin());
+    const auto found = std::lower_bound(ties, ties + (last - first), row, endsBefore);
     return static_cast<std::size_t>(found - FOrder.begin());
 }
 
 void TcxRowOrder::Split(std::uint32_t chunk) {
     Renumber();
-    const std::uint32_t second = NewChunk(FChunks[chunk].Place + 1);
-    auto& rows = FChunks[chunk].Records;
-    auto& rest = FChunks[second].Records;
-    const auto middle = rows.begin() + static_cast<std::ptrdiff_t>(rows.size() / 2);
-    rest.assign(middle, rows.end());
-    rows.erase(middle, rows.end());
-    for (const Integer record : rest) FChunkOf[At(record)] = second;
+    const std::size_t place = FChunks[chunk].Place;
+    const std::uint32_t second = NewChunk(place + 1);
+    TChunk& whole = FChunks[chunk];
+    TChunk& rest = FChunks[second];
+    const auto middle = static_cast<std::ptrdiff_t>(whole.Records.size() / 2);
+    rest.Records.assign(whole.Records.begin() + middle, whole.Records.end());
+    rest.Leads.assign(whole.Leads.begin() + middle, whole.Leads.end());
+    whole.Records.erase(whole.Records.begin() + middle, whole.Records.end());
+    whole.Leads.erase(whole.Leads.begin() + middle, whole.Leads.end());
+    FEnds[place + 1] = FEnds[place];
+    FEnds[place] = whole.Leads.back();
+    for (const Integer record : rest.Records) FChunkOf[At(record)] = second;
 }
 
 void TcxRowOrder::Drop(std::uint32_t chunk) {
-    FOrder.erase(std::find(FOrder.begin(), FOrder.end(), chunk));
+    const auto place = std::find(FOrder.begin(), FOrder.end(), chunk);
+    FEnds.erase(FEnds.begin() + (place - FOrder.begin()));
+    FOrder.erase(place);
     FFree.push_back(chunk);
 }
 
@@ -206,11 +257,14 @@ std::uint32_t TcxRowOrder::NewChunk(std::size_t place) {
         chunk = static_cast<std::uint32_t>(FChunks.size());
         FChunks.emplace_back();
         FChunks.back().Records.reserve(MostRows + 1);
+        FChunks.back().Leads.reserve(MostRows + 1);
     } else {
         chunk = FFree.back();
         FFree.pop_back();
     }
-    FOrder.insert(FOrder.begin() + static_cast<std::ptrdiff_t>(place), chunk);
+    const auto offset = static_cast<std::ptrdiff_t>(place);
+    FOrder.insert(FOrder.begin() + offset, chunk);
+    FEnds.insert(FEnds.begin() + offset, -std::numeric_limits<Double>::infinity());
     FIsNumbered = false;
     return chunk;
 }

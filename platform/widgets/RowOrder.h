@@ -45,20 +45,30 @@ private:
     static constexpr std::uint32_t NotShown = 0xFFFFFFFF;
     static constexpr std::size_t MostRows = 256; // of a chunk
 
+    // What one row brings to a comparison. Most are settled by the number that leads, without a
+    // look at keys that are far away in memory.
+    struct TRow {
+        Double Lead; // TcxSortKey::Lead of the first sort column; the record where there is none
+        Integer Record;
+    };
     // A run of the order. Runs keep their number for life; their places change.
     struct TChunk {
         std::vector<Integer> Records;
+        std::vector<Double> Leads; // of the records
         std::size_t Place = 0;
         Integer FirstRow = 0;
     };
 
-    bool IsBefore(Integer left, Integer right) const;
+    TRow RowFor(Integer record) const;
+    bool IsBefore(const TRow& left, const TRow& right) const;
+    bool IsTieBefore(Double lead, Integer left, Integer right) const;
     bool ReadKeys(Integer record, TcxRowSource& source);
+    void Fetch(Integer record) const;
     void Reread(Integer record, TcxRowSource& source);
     void PutBack();
     void TakeOut(Integer record);
     void PutIn(Integer record);
-    std::size_t PlaceFor(Integer record) const;
+    std::size_t PlaceFor(const TRow& row) const;
     void Split(std::uint32_t chunk);
     void Drop(std::uint32_t chunk);
     std::uint32_t NewChunk(std::size_t place);
@@ -75,6 +85,7 @@ private:
     std::vector<std::uint32_t> FChunkOf;
     mutable std::vector<TChunk> FChunks;
     std::vector<std::uint32_t> FOrder; // numbers of chunks, place by place
+    std::vector<Double> FEnds; // of those, not below any lead in one nor above any in the next
     std::vector<std::uint32_t> FFree;
     std::vector<Integer> FTaken; // out of the order, on their way to new places
     Integer FCount = 0;

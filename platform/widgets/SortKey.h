@@ -2,6 +2,7 @@
 
 #include "platform/rtl/Variant.h"
 
+#include <limits>
 #include <vector>
 
 namespace quorin {
@@ -21,6 +22,14 @@ public:
     // first column that tells them apart counts.
     static int CompareRows(const std::vector<TcxSortKey>& keys, const std::vector<bool>& descending,
                            Integer left, Integer right);
+
+    // A number that puts most keys of a column in their order by itself: where those of two keys
+    // differ, the lower one stands first; where they are equal, Compare knows. Never not a number.
+    Double Lead(bool descending) const {
+        constexpr Double last = std::numeric_limits<Double>::infinity();
+        if (FRank == TRank::Number) return descending ? -FNumber : FNumber;
+        return FRank == TRank::Text && descending ? -last : last;
+    }
 
     friend bool operator==(const TcxSortKey&, const TcxSortKey&) = default;
 
