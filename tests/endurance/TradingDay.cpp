@@ -9,6 +9,7 @@
 #include "viewdata/services/ConfigKeys.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace quorin {
@@ -23,6 +24,7 @@ constexpr Integer FaultsPerStep = 1'000; // a search looks up more than a millio
 constexpr Integer OrderRate = 4;
 constexpr Int64 StepNanos = 500'000'000;
 constexpr Integer StepsBeforeForms = 300;
+constexpr std::size_t FollowersAtFirst = 8; // of an item, on an average day at a time
 constexpr Int64 Morning = (9 * 3600 + 1800) * Int64{1'000'000'000}; // every exchange trades
 constexpr Int64 Evening = (16 * 3600 + 1800) * Int64{1'000'000'000};
 
@@ -47,6 +49,7 @@ TTradingDay::TTape::TTape(TEmbeddedServices& services) : FServices(services) {
     for (const TMarketExchange* exchange : FServices.Market().Universe().Exchanges()) {
         for (const auto* record : *FServices.Market().Universe().FindRecords(exchange->Code, {})) {
             TCustomSubItem* item = items.GetSubItem(record->GetSymbol(), LiveDataType, true);
+            MakeRoom(items, *item);
             items.Subscribe(item, MakeEvent<&TTape::Changed>(this), this);
             ++FRegistrations;
             // Its margin is asked for now, so that the day does not grow by that.
@@ -58,6 +61,19 @@ TTradingDay::TTape::TTape(TEmbeddedServices& services) : FServices(services) {
 TTradingDay::TTape::~TTape() {
     FServices.Items().EachItem(
         [this](TEmbeddedSubItem& item) { FServices.Items().Unsubscribe(&item, this); });
+}
+
+// An item keeps the memory of its followers for the next ones.
+void TTradingDay::TTape::MakeRoom(TEmbeddedSubscribeAdapter& items, TCustomSubItem& item) {
+    std::array<TObject, FollowersAtFirst> followers;
+    for (TObject& follower : followers) {
+        items.Subscribe(&item, MakeEvent<&TTape::Changed>(this), &follower);
+        item.AddRealtimeListener(MakeEvent<&TTape::Told>(this), &follower);
+    }
+    for (TObject& follower : followers) {
+        items.Unsubscribe(&item, &follower);
+        item.RemoveRealtimeListener(&follower);
+    }
 }
 
 void TTradingDay::TTape::Changed(Pointer sender, Pointer) {
@@ -284,18 +300,19 @@ std::size_t TTradingDay::CloseAndWeigh() {
     for (const std::string& line : FMoney->Check()) FFindings.Add(line);
     FFaults->Plan().Sweep();
     RequireRegistrations(FTape->Registrations());
-    const std::size_t held = LiveBytes() - BytesOfOrders() - BytesOfItems();
+    const std::size_t held = LiveBytes() - BytesOfRecords() - BytesOfItems();
     OpenStaying();
     return held;
 }
 
 // By what a copy takes.
-std::size_t TTradingDay::BytesOfOrders() {
+std::size_t TTradingDay::BytesOfRecords() {
     const std::size_t before = LiveBytes();
     const std::deque<TDeskOrder> orders = FServices.Desk().Orders();
     std::deque<TOrderAuditEntry> audit;
     const TOrderAudit& kept = FServices.Desk().Audit();
     for (Integer index = 0; index < kept.Count(); ++index) audit.push_back(kept[index]);
+    const TMessageLog messages = FHost.Messages();
     return LiveBytes() - before;
 }
 

@@ -47,7 +47,7 @@ public:
     // Something that the user does, prices, a look at the screen, and checks.
     void Step();
     // Closes every form, checks what must hold then and answers the bytes that are held, without
-    // what the day has to keep of its orders. Goes on with a form of every kind.
+    // what the day has to keep of its orders and messages. Goes on with a form of every kind.
     std::size_t CloseAndWeigh();
     const TDayFigures& Figures();
 
@@ -61,7 +61,9 @@ private:
         Integer Registrations() const { return FRegistrations; }
 
     private:
+        void MakeRoom(TEmbeddedSubscribeAdapter& items, TCustomSubItem& item);
         void Changed(Pointer sender, Pointer);
+        void Told(TObject*) {}
         TEmbeddedServices& FServices;
         std::int64_t FUpdates = 0;
         Integer FRegistrations = 0;
@@ -86,7 +88,7 @@ private:
     void MakeReady();
     void RestoreSettings();
     void CheckForm(TOpenForm& open);
-    std::size_t BytesOfOrders();
+    std::size_t BytesOfRecords();
     std::size_t BytesOfItems();
     void RequireRegistrations(Integer expected);
     void OpenStaying();
