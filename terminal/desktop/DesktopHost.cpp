@@ -30,10 +30,11 @@ QPointer<QMessageBox> MakeBox(QWidget* window, QMessageBox::Icon icon, StringVie
 void ChooseColumns(const TCustomColumnRecord& asked, QWidget* window) {
     const QPointer<TColumnChooser> dialog = new TColumnChooser(asked, window);
     const TFreshKeys fresh;
-    if (dialog->exec() == QDialog::Accepted && dialog && asked.Callback) {
-        TCustomColumnRecord choice = dialog->Choice();
-        asked.Callback(nullptr, Pointer(&choice));
-    }
+    const auto apply = [&asked](TCustomColumnRecord choice) {
+        if (asked.Callback) asked.Callback(nullptr, Pointer(&choice));
+    };
+    QObject::connect(dialog, &TColumnChooser::Changed, dialog, [&] { apply(dialog->Choice()); });
+    if (dialog->exec() != QDialog::Accepted) apply(asked);
     delete dialog;
 }
 

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QClipboard>
+#include <QHash>
 #include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
@@ -58,6 +59,7 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     if (GridOf(form) != nullptr) {
         Add(Res_FilterColumn, QStringLiteral("Ctrl+Shift+F"), &TGridActions::Filter);
         Add(Res_FilterClear, QStringLiteral("Ctrl+Shift+X"), &TGridActions::ClearFilter);
+        Add(Res_FilterClearAll, QStringLiteral("Ctrl+Alt+C"), &TGridActions::ClearFilters);
     }
     Add(Res_LayoutUndo, QKeySequence::Undo, &TGridActions::Undo);
     Add(Res_FindText, QKeySequence::Find, &TGridActions::Find);
@@ -85,6 +87,8 @@ TGridActions::TGridActions(QAbstractItemView& view, TShownForm& form)
     QHeaderView& header = Header();
     header.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&header, &QWidget::customContextMenuRequested, this, &TGridActions::ShowMenu);
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&view, &QWidget::customContextMenuRequested, this, &TGridActions::ShowRowMenu);
     const auto noteSoon = [this] { FNoteTimer.start(); };
     connect(&header, &QHeaderView::sectionResized, this, noteSoon);
     connect(&header, &QHeaderView::sortIndicatorChanged, this, noteSoon);
@@ -100,6 +104,11 @@ void TGridActions::Add(StringView key, const QKeySequence& keys, void (TGridActi
     FActions.push_back(action);
     FKeys.push_back(key);
     FView.addAction(action);
+}
+
+QAction* TGridActions::Action(StringView key) const {
+    const auto found = std::find(FKeys.begin(), FKeys.end(), key);
+    return found == FKeys.end() ? nullptr : FActions[found - FKeys.begin()];
 }
 
 void TGridActions::Follow() {
@@ -159,6 +168,43 @@ void TGridActions::OpenMenu() {
     ShowMenu({Header().sectionViewportPosition(section) + 1, Header().height() / 2});
 }
 
+QList<QAction*> TGridActions::RowActions() const {
+    using namespace TerminalKey;
+    QList<QAction*> actions;
+    if (FView.parentWidget() != nullptr) actions = FView.parentWidget()->actions();
+    for (QAction* action : FView.actions()) {
+        if (!FActions.contains(action)) actions.push_back(action);
+    }
+    for (const StringView key : {Res_FavouriteToggle, Res_CopyRow, Res_CopyWithCaptions}) {
+        if (QAction* action = Action(key)) actions.push_back(action);
+    }
+    return actions;
+}
+
+// What tells the row with the focus from others; empty in a tree.
+String TGridActions::RowKey() const {
+    const auto* list = dynamic_cast<const TListForm*>(&FForm);
+    return list == nullptr ? String() : list->ShownKey(FView.currentIndex().row());
+}
+
+// What is chosen happens to the row that the menu was opened for, or to none.
+void TGridActions::ShowRowMenu(const QPoint& place) {
+    const QModelIndex index = FView.indexAt(place);
+    if (index.isValid()) FView.setCurrentIndex(index);
+    const QPointer<TGridActions> guard = this;
+    const String row = RowKey();
+    QMenu menu;
+    QHash<QAction*, QAction*> meant;
+    for (QAction* action : RowActions()) {
+        if (action->text().isEmpty()) continue;
+        QAction* entry = menu.addAction(action->text());
+        entry->setShortcut(action->shortcut());
+        meant.insert(entry, action);
+    }
+    QAction* chosen = meant.value(menu.exec(FView.viewport()->mapToGlobal(place)));
+    if (guard && chosen != nullptr && RowKey() == row) chosen->trigger();
+}
+
 void TGridActions::ClearSorting() {
     if (TcxGridTableView* grid = GridOf(FForm)) {
         grid->ClearSorting();
@@ -202,12 +248,21 @@ void TGridActions::Filter() {
     const QScopedValueRollback busy(FIsBusy, true);
     auto* column = dynamic_cast<TcxGridColumn*>(Column());
     if (column != nullptr) TEditorManager::GetInstance()->GridCustomFilter(*GridOf(FForm), *column);
+    FKeeper.Note();
 }
 
 void TGridActions::ClearFilter() {
     TcxDataFilterCriteria& filter = GridOf(FForm)->Filter();
+    filter.Root().RemoveItemByItemLink(Column());
+    filter.Refresh();
+    FKeeper.Note();
+}
+
+void TGridActions::ClearFilters() {
+    TcxDataFilterCriteria& filter = GridOf(FForm)->Filter();
     filter.Root().Clear();
     filter.Refresh();
+    FKeeper.Note();
 }
 
 void TGridActions::Fit() {

@@ -15,6 +15,7 @@ namespace quorin {
 // What people do with a list or a tree on the screen: sort, choose columns, filter, find, copy and
 // save it, and take a change of its layout back. Each is an action of the view with a key of its
 // own, which works while the view has the focus, and stands in the menu of the view's captions.
+// The menu of the rows has those that are about a row, with those of the form around the view.
 class TGridActions : public QObject {
     Q_OBJECT
 
@@ -27,6 +28,8 @@ public:
     TFindBar& FindBar() { return *FFindBar; }
     // In the order of the menu.
     const QList<QAction*>& Actions() const { return FActions; }
+    // The one whose text has the key; nil where the view has none.
+    QAction* Action(StringView key) const;
     // A dialog of an action is open, or an export runs: the view must stay until then.
     bool IsBusy() const { return FIsBusy; }
     // Once per frame: the texts follow the language.
@@ -44,6 +47,9 @@ private:
     QHeaderView& Header() const;
     void ShowMenu(const QPoint& place);
     void OpenMenu();
+    void ShowRowMenu(const QPoint& place);
+    QList<QAction*> RowActions() const;
+    String RowKey() const;
     TcxViewColumn* ColumnAt(int section);
     void MoveColumn(int section, int from, int to);
     void ClearSorting();
@@ -55,6 +61,7 @@ private:
     void Choose();
     void Filter();
     void ClearFilter();
+    void ClearFilters();
     void Fit();
     void Undo() { FKeeper.Undo(); }
     void Find() { FFindBar->Open(); }

@@ -9,10 +9,42 @@ namespace {
 constexpr Char PartEnd = u'\n'; // between columns and sorting
 constexpr std::size_t MostSteps = 100;
 
+bool IsSame(const TcxFilterCriteriaItemList& left, const TcxFilterCriteriaItemList& right);
+
+bool IsSame(TcxFilterCriteriaElement* left, TcxFilterCriteriaElement* right) {
+    const auto* lists = ObjectAs<TcxFilterCriteriaItemList>(left);
+    const auto* otherLists = ObjectAs<TcxFilterCriteriaItemList>(right);
+    if (lists != nullptr && otherLists != nullptr) return IsSame(*lists, *otherLists);
+    const auto* item = ObjectAs<TcxFilterCriteriaItem>(left);
+    const auto* other = ObjectAs<TcxFilterCriteriaItem>(right);
+    return item != nullptr && other != nullptr && item->ItemLink() == other->ItemLink() &&
+           item->OperatorKind() == other->OperatorKind() && item->Value() == other->Value() &&
+           item->DisplayValue() == other->DisplayValue();
+}
+
+bool IsSame(const TcxFilterCriteriaItemList& left, const TcxFilterCriteriaItemList& right) {
+    if (left.GetCount() != right.GetCount()) return false;
+    if (left.BoolOperatorKind() != right.BoolOperatorKind()) return false;
+    for (Integer index = 0; index < left.GetCount(); ++index) {
+        if (!IsSame(left.GetItem(index), right.GetItem(index))) return false;
+    }
+    return true;
+}
+
 } // namespace
 
 TLayoutKeeper::TLayoutKeeper(const TFormView& view, QObject* parent)
-    : QObject(parent), FView(view), FKnown(Layout()) {}
+    : QObject(parent), FView(view), FKnown(Now()) {}
+
+TLayoutKeeper::TState TLayoutKeeper::Now() const {
+    TState state{Layout(), nullptr};
+    if (FView.Grid != nullptr) {
+        auto filter = std::make_shared<TcxFilterCriteriaItemList>();
+        filter->Assign(FView.Grid->ActiveView()->Filter().Root());
+        state.Filter = std::move(filter);
+    }
+    return state;
+}
 
 String TLayoutKeeper::Layout() const {
     TEditorManager& editors = *TEditorManager::GetInstance();
@@ -38,18 +70,27 @@ void TLayoutKeeper::Apply(StringView layout) {
         editors.SetTreeColumnLayout(*FView.Tree, columns, FView.DefaultColumns);
         editors.SetTreeSortLayout(*FView.Tree, sorting);
     }
-    FKnown = Layout();
-    emit Changed();
+}
+
+// The columns that the criteria are about are the form's own and go with it alone.
+void TLayoutKeeper::ApplyFilter(const TcxFilterCriteriaItemList& filter) {
+    TcxDataFilterCriteria& criteria = FView.Grid->ActiveView()->Filter();
+    if (IsSame(criteria.Root(), filter)) return;
+    criteria.Root().Assign(filter);
+    criteria.Refresh();
 }
 
 void TLayoutKeeper::Restore(StringView layout) {
     FSteps.clear();
     Apply(layout);
+    FKnown = Now();
+    emit Changed();
 }
 
 void TLayoutKeeper::Note() {
-    String now = Layout();
-    if (now == FKnown) return;
+    TState now = Now();
+    const bool isSameFilter = now.Filter == nullptr || IsSame(*now.Filter, *FKnown.Filter);
+    if (now.Layout == FKnown.Layout && isSameFilter) return;
     if (FSteps.size() == MostSteps) FSteps.erase(FSteps.begin());
     FSteps.push_back(std::move(FKnown));
     FKnown = std::move(now);
@@ -59,9 +100,12 @@ void TLayoutKeeper::Note() {
 bool TLayoutKeeper::Undo() {
     Note();
     if (FSteps.empty()) return false;
-    const String before = std::move(FSteps.back());
+    const TState before = std::move(FSteps.back());
     FSteps.pop_back();
-    Apply(before);
+    if (before.Layout != FKnown.Layout) Apply(before.Layout);
+    if (before.Filter != nullptr) ApplyFilter(*before.Filter);
+    FKnown = Now();
+    emit Changed();
     return true;
 }
 

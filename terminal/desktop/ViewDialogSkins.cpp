@@ -54,7 +54,8 @@ QDialogButtonBox* MakeButtons(QDialog& dialog) {
 } // namespace
 
 TColumnChooser::TColumnChooser(const TCustomColumnRecord& asked, QWidget* parent)
-    : QDialog(parent), FList(new QListWidget(this)) {
+    : QDialog(parent), FList(new QListWidget(this)),
+      FColumns(static_cast<int>(asked.AllColumns.size())) {
     setWindowTitle(ToQt(InterfaceText(TerminalKey::Res_ChooseColumns)));
     FList->setAccessibleName(windowTitle());
     FList->setDragDropMode(QAbstractItemView::InternalMove);
@@ -70,6 +71,14 @@ TColumnChooser::TColumnChooser(const TCustomColumnRecord& asked, QWidget* parent
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(FList);
     layout->addWidget(MakeButtons(*this));
+    connect(FList, &QListWidget::itemChanged, this, &TColumnChooser::TellChange);
+    connect(FList->model(), &QAbstractItemModel::rowsMoved, this, &TColumnChooser::TellChange);
+    connect(FList->model(), &QAbstractItemModel::rowsRemoved, this, &TColumnChooser::TellChange);
+}
+
+// A drag may put an entry in before it takes the old one out.
+void TColumnChooser::TellChange() {
+    if (FList->count() == FColumns) emit Changed();
 }
 
 TCustomColumnRecord TColumnChooser::Choice() const {

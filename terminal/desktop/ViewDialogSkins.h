@@ -11,6 +11,7 @@ class QListWidget;
 namespace quorin {
 
 // The column chooser: columns to tick and to drag into their order; reserved ones stay ticked.
+// Tells of each change at once.
 class TColumnChooser : public QDialog {
     Q_OBJECT
 
@@ -21,8 +22,14 @@ public:
     // What stands in the list.
     TCustomColumnRecord Choice() const;
 
+signals:
+    void Changed();
+
 private:
+    void TellChange();
+
     QListWidget* FList;
+    int FColumns;
 };
 
 // The filter of one column: an operator and a text.

@@ -179,6 +179,7 @@ inline constexpr StringView Res_StatusAge = u"Res_StatusAge";
 inline constexpr StringView Res_ChooseColumns = u"Res_ChooseColumns";
 inline constexpr StringView Res_FilterColumn = u"Res_FilterColumn";
 inline constexpr StringView Res_FilterClear = u"Res_FilterClear";
+inline constexpr StringView Res_FilterClearAll = u"Res_FilterClearAll";
 inline constexpr StringView Res_SortAscending = u"Res_SortAscending";
 inline constexpr StringView Res_SortDescending = u"Res_SortDescending";
 inline constexpr StringView Res_SortNone = u"Res_SortNone";

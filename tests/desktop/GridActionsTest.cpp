@@ -3,16 +3,19 @@
 #include "terminal/desktop/QtText.h"
 #include "terminal/desktop/ViewDialogSkins.h"
 #include "terminal/desktop/WatchPane.h"
+#include "terminal/forms/TerminalKeys.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -35,6 +38,7 @@ private slots:
     void ChoosesColumnsAndTakesThemBack();
     void MovesColumns();
     void Filters();
+    void HasAMenuOfARow();
     void CopiesWhatShows();
     void Finds();
     void SavesAFile();
@@ -94,15 +98,21 @@ void TGridActionsTest::Answer(const std::function<void(Dialog&)>& answer) {
 void TGridActionsTest::ChoosesColumnsAndTakesThemBack() {
     const String before = FActions->Keeper().Layout();
     const int columns = FPane->Grid().model()->columnCount();
-    Answer<TColumnChooser>([](TColumnChooser& dialog) {
-        int last = dialog.List().count() - 1;
-        while (dialog.List().item(last)->checkState() != Qt::Checked) --last;
-        dialog.List().item(last)->setCheckState(Qt::Unchecked);
-        dialog.accept();
-    });
-    Press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
-    QVERIFY(FWasAnswered);
-    QCOMPARE(FPane->Grid().model()->columnCount(), columns - 1);
+    for (const bool isKept : {false, true}) {
+        int shownAtOnce = 0;
+        Answer<TColumnChooser>([&](TColumnChooser& dialog) {
+            int last = dialog.List().count() - 1;
+            while (dialog.List().item(last)->checkState() != Qt::Checked) --last;
+            dialog.List().item(last)->setCheckState(Qt::Unchecked);
+            FPane->Follow();
+            shownAtOnce = FPane->Grid().model()->columnCount();
+            isKept ? dialog.accept() : dialog.reject();
+        });
+        Press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(FWasAnswered);
+        QCOMPARE(shownAtOnce, columns - 1);
+        QCOMPARE(FPane->Grid().model()->columnCount(), isKept ? columns - 1 : columns);
+    }
     Press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(FPane->Grid().model()->columnCount(), columns);
     QCOMPARE(FActions->Keeper().Layout(), before);
@@ -135,6 +145,34 @@ void TGridActionsTest::Filters() {
     QCOMPARE(FPane->Form().Symbol(0), symbol);
     Press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(View().RowCount(), rows);
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(View().RowCount(), 1);
+    FPane->Grid().setCurrentIndex(FPane->Grid().model()->index(0, 1));
+    Press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier); // a column without a filter
+    QCOMPARE(View().RowCount(), 1);
+    Press(Qt::Key_C, Qt::ControlModifier | Qt::AltModifier);
+    QCOMPARE(View().RowCount(), rows);
+}
+
+void TGridActionsTest::HasAMenuOfARow() {
+    const int row = 3;
+    const QString copy = FActions->Action(TerminalKey::Res_CopyRow)->text();
+    QTimer::singleShot(0, this, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return;
+        for (QAction* action : menu->actions()) {
+            if (action->text() == copy) menu->setActiveAction(action);
+        }
+        FWasAnswered = true;
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTableView& grid = FPane->Grid();
+    const QPoint place = grid.visualRect(grid.model()->index(row, 1)).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, grid.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(grid.viewport(), &event);
+    QVERIFY(FWasAnswered);
+    QCOMPARE(grid.currentIndex().row(), row);
+    QVERIFY(QApplication::clipboard()->text().startsWith(ToQt(FPane->Form().Symbol(row))));
 }
 
 void TGridActionsTest::CopiesWhatShows() {
