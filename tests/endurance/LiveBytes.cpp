@@ -1,25 +1,25 @@
 #include "tests/endurance/LiveBytes.h"
 
-#include <malloc.h>
-
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace {
 
 std::size_t Live = 0;
 
-void* Taken(std::size_t size) noexcept {
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory != nullptr) Live += malloc_usable_size(memory);
-    return memory;
-}
+constexpr std::size_t UsualAlignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
-void* TakenAligned(std::size_t size, std::align_val_t alignment) noexcept {
-    const auto step = static_cast<std::size_t>(alignment);
-    void* memory = std::aligned_alloc(step, (size + step - 1) / step * step);
-    if (memory != nullptr) Live += malloc_usable_size(memory);
-    return memory;
+// The size that was asked for stands before the memory: what malloc rounds it up to hangs on what
+// was there before.
+void* Taken(std::size_t size, std::size_t alignment = UsualAlignment) noexcept {
+    const std::size_t whole = (size + 2 * alignment - 1) / alignment * alignment;
+    auto* memory = static_cast<std::byte*>(std::aligned_alloc(alignment, whole));
+    if (memory == nullptr) return nullptr;
+    std::memcpy(memory, &size, sizeof size);
+    Live += size;
+    return memory + alignment;
 }
 
 void* OrThrow(void* memory) {
@@ -27,9 +27,13 @@ void* OrThrow(void* memory) {
     return memory;
 }
 
-void GiveBack(void* memory) noexcept {
-    if (memory != nullptr) Live -= malloc_usable_size(memory);
-    std::free(memory);
+void GiveBack(void* memory, std::size_t alignment = UsualAlignment) noexcept {
+    if (memory == nullptr) return;
+    std::byte* whole = static_cast<std::byte*>(memory) - alignment;
+    std::size_t size = 0;
+    std::memcpy(&size, whole, sizeof size);
+    Live -= size;
+    std::free(whole);
 }
 
 } // namespace
@@ -42,13 +46,13 @@ void* operator new[](std::size_t size) {
     return OrThrow(Taken(size));
 }
 void* operator new(std::size_t size, std::align_val_t alignment) {
-    return OrThrow(TakenAligned(size, alignment));
+    return OrThrow(Taken(size, static_cast<std::size_t>(alignment)));
 }
-void operator delete(void* memory, std::align_val_t) noexcept {
-    GiveBack(memory);
+void operator delete(void* memory, std::align_val_t alignment) noexcept {
+    GiveBack(memory, static_cast<std::size_t>(alignment));
 }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-    GiveBack(memory);
+void operator delete(void* memory, std::size_t, std::align_val_t alignment) noexcept {
+    GiveBack(memory, static_cast<std::size_t>(alignment));
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return Taken(size);

@@ -305,13 +305,24 @@ std::size_t TTradingDay::CloseAndWeigh() {
     return held;
 }
 
-// By what a copy takes.
+// By what a copy takes that grows as they have grown.
 std::size_t TTradingDay::BytesOfRecords() {
+    const auto makeRoom = [](String& copy, const String& kept) { copy.reserve(kept.capacity()); };
     const std::size_t before = LiveBytes();
-    const std::deque<TDeskOrder> orders = FServices.Desk().Orders();
+    std::deque<TDeskOrder> orders;
+    for (const TDeskOrder& kept : FServices.Desk().Orders()) {
+        TOrderValues& values = orders.emplace_back(kept).Values;
+        makeRoom(values.Account, kept.Values.Account);
+        makeRoom(values.Symbol, kept.Values.Symbol);
+    }
     std::deque<TOrderAuditEntry> audit;
-    const TOrderAudit& kept = FServices.Desk().Audit();
-    for (Integer index = 0; index < kept.Count(); ++index) audit.push_back(kept[index]);
+    for (Integer index = 0; index < FServices.Desk().Audit().Count(); ++index) {
+        const TOrderAuditEntry& kept = FServices.Desk().Audit()[index];
+        TOrderAuditEntry& copy = audit.emplace_back(kept);
+        makeRoom(copy.Account, kept.Account);
+        makeRoom(copy.Symbol, kept.Symbol);
+        makeRoom(copy.Text, kept.Text);
+    }
     const TMessageLog messages = FHost.Messages();
     return LiveBytes() - before;
 }
