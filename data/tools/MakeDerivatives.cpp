@@ -106,7 +106,6 @@ struct TMetalMonth {
 
 struct TMetal {
     const char* Code;
-    const char* Series;
     TName Name;
     int ContractSize;
     const char* Tick;
@@ -114,72 +113,29 @@ struct TMetal {
 };
 
 const TMetal Metals[] = {
-    {"cu",
-     "CU",
-     {"Copper", "滬銅", "沪铜"},
-     5,
-     "10",
-     {{{Dec26, 86420}, {Jan27, 86450}, {Feb27, 86480}}}},
-    {"al",
-     "AL",
+    {"CU", {"Copper", "滬銅", "沪铜"}, 5, "10", {{{Dec26, 86420}, {Jan27, 86450}, {Feb27, 86480}}}},
+    {"AL",
      {"Aluminium", "滬鋁", "沪铝"},
      5,
      "5",
      {{{Dec26, 21540}, {Jan27, 21565}, {Feb27, 21590}}}},
-    {"zn",
-     "ZN",
-     {"Zinc", "滬鋅", "沪锌"},
-     5,
-     "5",
-     {{{Dec26, 22385}, {Jan27, 22410}, {Feb27, 22435}}}},
-    {"pb",
-     "PB",
-     {"Lead", "滬鉛", "沪铅"},
-     5,
-     "5",
-     {{{Dec26, 17180}, {Jan27, 17205}, {Feb27, 17220}}}},
-    {"ni",
-     "NI",
+    {"ZN", {"Zinc", "滬鋅", "沪锌"}, 5, "5", {{{Dec26, 22385}, {Jan27, 22410}, {Feb27, 22435}}}},
+    {"PB", {"Lead", "滬鉛", "沪铅"}, 5, "5", {{{Dec26, 17180}, {Jan27, 17205}, {Feb27, 17220}}}},
+    {"NI",
      {"Nickel", "滬鎳", "沪镍"},
      1,
      "10",
      {{{Dec26, 117240}, {Jan27, 117480}, {Feb27, 117700}}}},
-    {"sn",
-     "SN",
-     {"Tin", "滬錫", "沪锡"},
-     1,
-     "10",
-     {{{Dec26, 292350}, {Jan27, 292700}, {Feb27, 293010}}}},
-    {"au",
-     "AU",
+    {"SN", {"Tin", "滬錫", "沪锡"}, 1, "10", {{{Dec26, 292350}, {Jan27, 292700}, {Feb27, 293010}}}},
+    {"AU",
      {"Gold", "滬金", "沪金"},
      1000,
      "0.02",
      {{{Dec26, 936.48}, {Feb27, 939.62}, {Apr27, 942.30}}}},
-    {"ag",
-     "AG",
-     {"Silver", "滬銀", "沪银"},
-     15,
-     "1",
-     {{{Dec26, 11872}, {Feb27, 11915}, {Apr27, 11958}}}},
-    {"rb",
-     "RB",
-     {"Rebar", "螺紋", "螺纹"},
-     10,
-     "1",
-     {{{Dec26, 3046}, {Jan27, 3072}, {May27, 3118}}}},
-    {"hc",
-     "HC",
-     {"Hot coil", "熱卷", "热卷"},
-     10,
-     "1",
-     {{{Dec26, 3261}, {Jan27, 3274}, {May27, 3289}}}},
-    {"ru",
-     "RU",
-     {"Rubber", "橡膠", "橡胶"},
-     10,
-     "5",
-     {{{Jan27, 15320}, {Mar27, 15345}, {May27, 15410}}}},
+    {"AG", {"Silver", "滬銀", "沪银"}, 15, "1", {{{Dec26, 11872}, {Feb27, 11915}, {Apr27, 11958}}}},
+    {"RB", {"Rebar", "螺紋", "螺纹"}, 10, "1", {{{Dec26, 3046}, {Jan27, 3072}, {May27, 3118}}}},
+    {"HC", {"Hot coil", "熱卷", "热卷"}, 10, "1", {{{Dec26, 3261}, {Jan27, 3274}, {May27, 3289}}}},
+    {"RU", {"Rubber", "橡膠", "橡胶"}, 10, "5", {{{Jan27, 15320}, {Mar27, 15345}, {May27, 15410}}}},
 };
 
 struct TRow {
@@ -363,7 +319,7 @@ void PrintMetal(const TMetal& metal) {
         row.Name = {metal.Name.English + " " + month.Digits, metal.Name.Traditional + month.Digits,
                     metal.Name.Simplified + month.Digits};
         row.Exchange = "SHFE";
-        row.Series = std::string("SHFE.") + metal.Series;
+        row.Series = std::string("SHFE.") + metal.Code;
         row.Type = Futures;
         row.Currency = "CNY";
         row.TickTable = std::string("SHFE-") + metal.Tick;

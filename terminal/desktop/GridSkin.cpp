@@ -21,13 +21,18 @@ constexpr Int64 CountInterval = 250; // milliseconds from one count of waiting r
 
 TGridSkin::TGridSkin(TcxGridTableView& view, TListForm* form, QWidget* parent)
     : TViewSkin(std::make_unique<TGridAccess>(view), form, parent), FView(view), FForm(form),
-      FWaiting(new QLabel(viewport())) {
+      FWaiting(new QLabel(viewport())), FNothing(new QLabel(viewport())) {
     setItemDelegate(new TCellPainter(this));
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     FWaiting->setAutoFillBackground(true);
     FWaiting->setBackgroundRole(QPalette::ToolTipBase);
     FWaiting->setAttribute(Qt::WA_TransparentForMouseEvents);
     FWaiting->hide();
+    FNothing->setAlignment(Qt::AlignCenter);
+    FNothing->setWordWrap(true);
+    FNothing->setForegroundRole(QPalette::PlaceholderText);
+    FNothing->setAttribute(Qt::WA_TransparentForMouseEvents);
+    FNothing->hide();
     connect(this, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex& index) { emit RowChosen(index.row()); });
 }
@@ -35,6 +40,7 @@ TGridSkin::TGridSkin(TcxGridTableView& view, TListForm* form, QWidget* parent)
 void TGridSkin::Follow() {
     TViewSkin::Follow();
     FollowWaiting();
+    FollowNothing();
 }
 
 void TGridSkin::FollowRows() {
@@ -66,6 +72,16 @@ void TGridSkin::TakeMoves() {
             if (number.has_value()) flashes.Compare(record, attribute, identity, *number);
         }
     }
+}
+
+void TGridSkin::FollowNothing() {
+    FNothing->setVisible(FView.RowCount() == 0);
+    if (FNothing->isHidden()) return;
+    const bool isFiltered = FView.Filter().Active() && FView.Filter().Root().GetCount() > 0;
+    const QString text = ToQt(InterfaceText(isFiltered ? TerminalKey::Res_NothingPasses
+                                                       : TerminalKey::Res_NothingToShow));
+    if (FNothing->text() != text) FNothing->setText(text);
+    FNothing->resize(viewport()->size());
 }
 
 void TGridSkin::FollowWaiting() {

@@ -9,7 +9,8 @@ class QLabel;
 
 namespace quorin {
 
-// A headless grid on the screen. Its rows flash as they move and stand still under the pointer;
+// A headless grid on the screen, which says so where it has no rows. They flash as they move and
+// stand still under the pointer;
 // where it is scrolled to goes to the headless grid, which knows the rows on screen by it.
 class TGridSkin : public TViewSkin {
     Q_OBJECT
@@ -37,10 +38,12 @@ private:
     void TellRowsOnScreen();
     void TakeMoves();
     void FollowWaiting();
+    void FollowNothing();
 
     TcxGridTableView& FView;
     TListForm* FForm;
     QLabel* FWaiting;
+    QLabel* FNothing; // in place of rows
     QElapsedTimer FSinceCounted;
 };
 

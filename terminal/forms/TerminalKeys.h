@@ -202,6 +202,8 @@ inline constexpr StringView Res_FavouriteDown = u"Res_FavouriteDown";
 inline constexpr StringView Res_CancelButton = u"Res_CancelButton";
 // Grids.
 inline constexpr StringView Res_RowsWait = u"Res_RowsWait";
+inline constexpr StringView Res_NothingToShow = u"Res_NothingToShow";
+inline constexpr StringView Res_NothingPasses = u"Res_NothingPasses";
 inline constexpr StringView Res_NoDeliverySince = u"Res_NoDeliverySince";
 inline constexpr StringView Res_RowsWithoutPrice = u"Res_RowsWithoutPrice";
 inline constexpr StringView Res_CurrenciesWithoutRatio = u"Res_CurrenciesWithoutRatio";

@@ -4,6 +4,7 @@
 #include "terminal/desktop/ViewDialogSkins.h"
 #include "terminal/desktop/WatchPane.h"
 #include "terminal/forms/TerminalKeys.h"
+#include "viewdata/frame/ServiceTexts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,6 +14,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -46,6 +48,8 @@ private slots:
 
 private:
     TcxGridTableView& View() { return FPane->Form().View(); }
+    void FilterBy(const QString& text);
+    bool Says(StringView key) const;
     void Press(int key, Qt::KeyboardModifiers modifiers);
     // Answers the next dialog of that kind.
     template <class Dialog>
@@ -131,16 +135,33 @@ void TGridActionsTest::MovesColumns() {
     QCOMPARE(View().GetColumn(0), moved);
 }
 
-void TGridActionsTest::Filters() {
-    const Integer rows = View().RowCount();
-    const String symbol = FPane->Form().Symbol(2);
-    Answer<TFilterDialog>([&symbol](TFilterDialog& dialog) {
+void TGridActionsTest::FilterBy(const QString& text) {
+    Answer<TFilterDialog>([text](TFilterDialog& dialog) {
         dialog.Operators().setCurrentIndex(dialog.Operators().findData(FilterOperator::Equal));
-        dialog.Text().setText(ToQt(symbol));
+        dialog.Text().setText(text);
         dialog.accept();
     });
     Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     QVERIFY(FWasAnswered);
+}
+
+bool TGridActionsTest::Says(StringView key) const {
+    for (const QLabel* label : FPane->Grid().findChildren<QLabel*>()) {
+        if (label->isVisible() && label->text() == ToQt(InterfaceText(key))) return true;
+    }
+    return false;
+}
+
+void TGridActionsTest::Filters() {
+    const Integer rows = View().RowCount();
+    const String symbol = FPane->Form().Symbol(2);
+    FilterBy(QStringLiteral("none"));
+    QCOMPARE(View().RowCount(), 0);
+    QVERIFY(Says(TerminalKey::Res_NothingPasses));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(!Says(TerminalKey::Res_NothingPasses));
+    FPane->Grid().setCurrentIndex(FPane->Grid().model()->index(0, 0));
+    FilterBy(ToQt(symbol));
     QCOMPARE(View().RowCount(), 1);
     QCOMPARE(FPane->Form().Symbol(0), symbol);
     Press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);

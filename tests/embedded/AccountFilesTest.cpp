@@ -328,13 +328,14 @@ TEST_F(ShippedAccountsTest, PositionsOfAllSides) {
     const auto side = [&](StringView account, StringView symbol) {
         return positions.GetPosition(account, symbol)->GetSide();
     };
-    EXPECT_EQ(side(u"M88001", u"cu2612"), TPositionSide::Short);
-    EXPECT_EQ(side(u"M88001-01", u"cu2612"), TPositionSide::Long);
+    EXPECT_EQ(side(u"M88001", u"CU2612"), TPositionSide::Short);
+    EXPECT_EQ(side(u"M88001-01", u"CU2612"), TPositionSide::Long);
     bool hasNetShort = false;
     for (const auto& row : FFiles.Positions) {
         const bool isSided = row.Figures.Side != TPositionSide::Net;
-        const bool isMetal = row.Symbol[0] >= u'a' && row.Symbol[0] <= u'z';
-        EXPECT_EQ(isSided, isMetal) << ToUtf8(row.Symbol);
+        const String& symbol = row.Symbol; // of a metal: two letters, year and month
+        const bool isMetal = symbol.size() == 6 && symbol[0] > u'9' && symbol[2] <= u'9';
+        EXPECT_EQ(isSided, isMetal) << ToUtf8(symbol);
         hasNetShort |= !isSided && row.Figures.Quantity < 0.0;
     }
     EXPECT_TRUE(hasNetShort);

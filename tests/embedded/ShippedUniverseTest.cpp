@@ -1,5 +1,6 @@
 #include "embedded/UniverseFile.h"
 #include "platform/rtl/Numbers.h"
+#include "platform/rtl/Text.h"
 #include "platform/rtl/Utf.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +55,7 @@ TEST_F(ShippedUniverseTest, IsSound) {
             ASSERT_NE(Market.FindSeries(record->GetSeries()), nullptr);
             EXPECT_NE(Market.FindCategory(Market.FindSeries(record->GetSeries())->GetCategoryID()),
                       nullptr);
+            EXPECT_EQ(record->GetSymbol(), UpperCase(record->GetSymbol())) << "as it is typed";
             const bool isDerivative = record->GetProductType() != StockProductType;
             EXPECT_EQ(item->HasField(Field::ContractSize), isDerivative);
             EXPECT_EQ(item->HasField(Field::LastTradingDay), isDerivative);
@@ -64,7 +66,7 @@ TEST_F(ShippedUniverseTest, IsSound) {
     }
     EXPECT_EQ(Market.GetSymbolName(u"00700", TAppLanguage::English), u"Tencent Holdings");
     EXPECT_EQ(Market.GetSymbolName(u"00700", TAppLanguage::TraditionalChinese), u"騰訊控股");
-    EXPECT_EQ(Market.GetSymbolName(u"cu2612", TAppLanguage::SimplifiedChinese), u"沪铜2612");
+    EXPECT_EQ(Market.GetSymbolName(u"CU2612", TAppLanguage::SimplifiedChinese), u"沪铜2612");
     EXPECT_NE(Market.GetFavoriteMarketData(0), nullptr);
     for (const TMarketExchange* exchange : Market.Universe().Exchanges()) {
         EXPECT_EQ(exchange->IsSided, exchange->Code == u"SHFE") << ToUtf8(exchange->Code);
