@@ -31,11 +31,15 @@ TEmbeddedSubItem& TEmbeddedSubscribeAdapter::Item(StringView key) {
 }
 
 TEmbeddedSubItem* TEmbeddedSubscribeAdapter::FindItem(StringView key) const {
+    const auto isIt = [key](const TEmbeddedSubItem* item) { return SameUnits(item->FKey, key); };
     if (IsLast(key)) return FLastItem;
-    TEmbeddedSubItem* found = FByKey.Find(
-        HashText(key), [key](const TEmbeddedSubItem* item) { return SameUnits(item->FKey, key); });
-    if (found != nullptr) FLastItem = found;
-    return found;
+    TRecent& recent = FRecent[PlaceOf(key.data())];
+    const bool isRecent = recent.Item != nullptr && recent.Key == key.data();
+    if (isRecent && isIt(recent.Item)) return FLastItem = recent.Item;
+    TEmbeddedSubItem* found = FByKey.Find(HashText(key), isIt);
+    if (found == nullptr) return nullptr;
+    recent = {key.data(), found};
+    return FLastItem = found;
 }
 
 TCustomSubItem* TEmbeddedSubscribeAdapter::GetSubItem(StringView Key, StringView, Boolean Flag) {

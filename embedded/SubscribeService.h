@@ -5,6 +5,8 @@
 #include "platform/rtl/TDictionary.h"
 #include "platform/rtl/TList.h"
 
+#include <array>
+#include <cstdint>
 #include <deque>
 #include <memory>
 
@@ -106,9 +108,21 @@ private:
     void Leave(TBatchReceiver& receiver);
     void SweepReceivers();
 
+    // Found for the text at an address, where the next look-up most likely has its key.
+    struct TRecent {
+        const Char* Key = nullptr;
+        TEmbeddedSubItem* Item = nullptr;
+    };
+    static constexpr int RecentBits = 6;
+    static std::size_t PlaceOf(const Char* key) {
+        constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;
+        return reinterpret_cast<std::uintptr_t>(key) * spread >> (64 - RecentBits);
+    }
+
     std::deque<TEmbeddedSubItem> FItems;
     TKeyIndex<TEmbeddedSubItem*, nullptr> FByKey;
     mutable TEmbeddedSubItem* FLastItem = nullptr; // of the last look-up
+    mutable std::array<TRecent, std::size_t{1} << RecentBits> FRecent;
     TList<TEmbeddedSubItem*> FTouched;
     TList<TEmbeddedSubItem*> FRequests;
     TList<TEmbeddedSubItem*> FPrefixRequests;

@@ -182,6 +182,30 @@ constexpr Double MostUnits = 1e12;
 constexpr Double MiddleMargin = 0.01;
 constexpr Double UnitsOfOne[] = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
 
+constexpr unsigned PairCount = 100;
+constexpr auto Pairs = [] {
+    std::array<Char, 2 * PairCount> pairs{};
+    for (unsigned pair = 0; pair < PairCount; ++pair) {
+        pairs[2 * pair] = static_cast<Char>(u'0' + pair / 10);
+        pairs[2 * pair + 1] = static_cast<Char>(u'0' + pair % 10);
+    }
+    return pairs;
+}();
+
+// Writes the last two digits of `units` before `first` and takes them off.
+Char* PutPair(Char* first, std::uint64_t& units) {
+    const Char* pair = Pairs.data() + 2 * (units % PairCount);
+    units /= PairCount;
+    *--first = pair[1];
+    *--first = pair[0];
+    return first;
+}
+Char* PutDigit(Char* first, std::uint64_t& units) {
+    *--first = static_cast<Char>(u'0' + units % 10);
+    units /= 10;
+    return first;
+}
+
 // False, and nothing done, where the digits decide.
 bool AppendNearestUnits(String& target, Double value, const TLayout& layout) {
     if (layout.MostDecimals >= static_cast<int>(std::size(UnitsOfOne))) return false;
@@ -199,14 +223,15 @@ bool AppendNearestUnits(String& target, Double value, const TLayout& layout) {
     int decimals = layout.MostDecimals;
     for (; decimals > layout.LeastDecimals && units % 10 == 0; --decimals) units /= 10;
     if (decimals > 0) {
-        for (int left = decimals; left > 0; --left, units /= 10) {
-            *--first = static_cast<Char>(u'0' + units % 10);
-        }
+        for (; decimals > 1; decimals -= 2) first = PutPair(first, units);
+        if (decimals > 0) first = PutDigit(first, units);
         *--first = u'.';
     }
-    for (int written = 0; units > 0 || written < layout.WholeDigits; ++written, units /= 10) {
+    int written = 0;
+    for (; !layout.Grouping && units >= PairCount; written += 2) first = PutPair(first, units);
+    for (; units > 0 || written < layout.WholeDigits; ++written) {
         if (layout.Grouping && written > 0 && written % GroupSize == 0) *--first = u',';
-        *--first = static_cast<Char>(u'0' + units % 10);
+        first = PutDigit(first, units);
     }
     if (isNegative) *--first = u'-';
     target.append(first, static_cast<std::size_t>(text.data() + text.size() - first));
