@@ -1,43 +1,17 @@
 #include "viewdata/market/MarketTradeSideDetector.h"
 #include "embedded/SubscribeService.h"
-#include "platform/rtl/Numbers.h"
 #include "platform/rtl/Utf.h"
+#include "tests/viewdata/TradeSideModel.h"
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <vector>
 
 namespace quorin {
 namespace {
 
 constexpr StringView Symbol = u"00700";
-constexpr std::size_t LineCount = 5;
-
-// What one update of the feed says. Lines are parted by ",", the last one is the newest.
-struct TUpdate {
-    String Lines;
-    String Bid = u"9";
-    String Ask = u"11";
-    Integer Status = ItemStatus::Ready;
-};
-
-std::vector<String> FiveLines(const String& lines) {
-    std::vector<String> five(1);
-    for (const Char c : lines) {
-        if (c == u',')
-            five.emplace_back();
-        else
-            five.back() += c;
-    }
-    while (five.size() < LineCount) five.insert(five.begin(), String());
-    return five;
-}
-
-String TradeText(const String& time, const String& qty, Double price, const String& side) {
-    if (time.empty()) return side.empty() ? u"-" : u"- " + side;
-    const String text = time + u" " + qty + u" " + DoubleToText(price);
-    return side.empty() ? text : text + u" " + side;
-}
 
 struct TDetectorTest : testing::Test {
     TEmbeddedSubscribeAdapter Adapter;
@@ -336,6 +310,65 @@ TEST_F(TDetectorTest, ReleasingTheSharedDetectorLeavesNothingBehind) {
     EXPECT_EQ(Adapter.RegistrationCount(), 0);
     TMarketTradeSideDetector::ReleaseInstance();
     EXPECT_EQ(TMarketTradeSideDetector::GetInstance()->GetSymbolMarketTrade(Symbol), nullptr);
+}
+
+class TRandomTape {
+public:
+    explicit TRandomTape(unsigned seed) : FRandom(seed) {}
+    bool OneIn(int count) { return Number(count) == 0; }
+    int Number(int below) { return static_cast<int>(FRandom() % static_cast<unsigned>(below)); }
+    TUpdate Next() {
+        for (int trades = OneIn(6) ? Number(9) : Number(3); trades > 0; --trades) {
+            FLines.push_back(OneIn(3) && !FLines.empty() ? FLines.back() : Line());
+        }
+        TUpdate update{u"", Quote(98), Quote(101)};
+        const std::size_t shown = std::min(FLines.size(), LineCount);
+        for (std::size_t index = FLines.size() - shown; index < FLines.size(); ++index) {
+            if (index > FLines.size() - shown) update.Lines += u',';
+            if (!OneIn(40)) update.Lines += FLines[index];
+        }
+        if (OneIn(12)) update.Status = ItemStatus::Waiting;
+        return update;
+    }
+
+private:
+    String Quote(int from) { return OneIn(8) ? String(u"n/a") : IntegerToText(from + Number(3)); }
+    String Line() {
+        static const StringView times[] = {u"09:30", u"09:31:05", u"10:00:00", u"11:15"};
+        static const StringView gaps[] = {u" ", u"  ", u""};
+        String line = String(times[Number(4)]) + String(gaps[Number(3)]);
+        line += IntegerToText(1 + Number(3)) + u" " + IntegerToText(97 + Number(8));
+        if (OneIn(25)) line += u"x";
+        if (OneIn(25)) line += u" ";
+        if (OneIn(25)) line.insert(0, u" ");
+        if (OneIn(40)) line = u"?";
+        return line;
+    }
+
+    std::mt19937 FRandom; // the same numbers everywhere
+    std::vector<String> FLines;
+};
+
+TEST_F(TDetectorTest, AgreesWithThePlainModelOnRandomTapes) {
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        TRandomTape tape(seed);
+        TPlainModel model;
+        Item().SetField(Field::Exchange, u"SEHK");
+        Restart();
+        for (int step = 0; step < 60; ++step) {
+            const TUpdate update = tape.Next();
+            Write(update);
+            State().SymbolUpdate(&Item());
+            model.Take(update);
+            ASSERT_EQ(Trades(), model.Trades())
+                << "seed " << seed << ", step " << step << ": " << ToUtf8(update.Lines);
+            if (!tape.OneIn(30)) continue;
+            Detector->RemoveSymbol(Symbol);
+            Detector->AddSymbol(Symbol);
+            model.Clear();
+            model.Take(update);
+        }
+    }
 }
 
 } // namespace
