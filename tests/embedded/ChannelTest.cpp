@@ -56,6 +56,17 @@ protected:
     TChannelReceiver FOther;
 };
 
+TEST_F(ChannelTest, AChannelCallbackOfTheGroupCallbackWaits) {
+    Manager().RegisterGroupCallback(u"G", FInGroup.Event(), &FInGroup);
+    FInGroup.ActInside([&] {
+        Manager().RegisterChannelCallback(Channel::CurrentSymbol, FOther.Event(), &FOther);
+    });
+    Publish(u"A", u"G");
+    EXPECT_EQ(FOther.Take(), u"");
+    Publish(u"B", u"G");
+    EXPECT_EQ(FOther.Take(), u"group G symbol=B");
+}
+
 TEST_F(ChannelTest, WhoHearsWhat) {
     Manager().RegisterGroupCallback(u"G", FInGroup.Event(), &FInGroup);
     Manager().RegisterChannelCallback(Channel::CurrentSymbol, FOnChannel.Event(), &FOnChannel);

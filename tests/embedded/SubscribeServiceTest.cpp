@@ -118,7 +118,9 @@ TEST_F(SubscribeServiceTest, RealtimeListenersComeAfterTheBatch) {
     for (const StringView key : {u"A", u"B"}) {
         Item(key).AddRealtimeListener(X.Realtime(), &X);
         Item(key).AddRealtimeListener(Y.Realtime(), &Y);
+        Item(key).AddRealtimeListener(Y.Realtime(), &Y); // counts once
     }
+    EXPECT_EQ(Adapter.RegistrationCount(), 4);
     Adapter.Subscribe(&Item(u"A"), Y.Batch(), &Y);
     Touch(u"BA");
     EXPECT_EQ(Deliver(), "y:BA x!B y!B x!A y!A ");
