@@ -251,6 +251,15 @@ TEST_F(MarketServiceTest, ItemsKnowTheirRecord) {
     EXPECT_NE(Market.GetMarketStatus(u"HKFE"), MarketOpen);
 }
 
+TEST_F(MarketServiceTest, AFavoriteHasItsRecordOnceThatIsLoaded) {
+    EXPECT_TRUE(Market.AddFavorite(u"B"));
+    EXPECT_TRUE(Market.AddFavorite(Option.Symbol));
+    EXPECT_EQ(Market.GetFavoriteMarketData(1), nullptr);
+    Market.AddSymbol(Option);
+    EXPECT_EQ(Market.GetFavoriteMarketData(0), nullptr);
+    EXPECT_EQ(Market.GetFavoriteMarketData(1), Market.FindMarketData(Option.Symbol));
+}
+
 TEST_F(MarketServiceTest, TickTablesArriveLater) {
     TListener listener(Market);
     Deliver(listener);
