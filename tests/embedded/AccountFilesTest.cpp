@@ -4,41 +4,17 @@
 #include "platform/rtl/Numbers.h"
 
 #include "tests/support/ServicesFixture.h"
+#include "tests/support/TempFile.h"
 #include "viewdata/services/ChinaConnect.h"
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <unistd.h>
 
 namespace quorin {
 namespace {
 
 using TFiles = std::map<std::string, std::string>;
-
-// A folder of this test's own that goes with it.
-class TTempFolder {
-public:
-    explicit TTempFolder(const TFiles& files)
-        : FPath(std::filesystem::temp_directory_path() /
-                ("quorin-accounts-" + std::to_string(getpid()))) {
-        std::filesystem::create_directories(FPath);
-        for (const auto& [name, content] : files) {
-            std::ofstream(FPath / name, std::ios::binary) << content;
-        }
-    }
-    TTempFolder(const TTempFolder&) = delete;
-    TTempFolder& operator=(const TTempFolder&) = delete;
-    ~TTempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(FPath, ignored);
-    }
-    const std::filesystem::path& Path() const { return FPath; }
-
-private:
-    std::filesystem::path FPath;
-};
 
 const TFiles GoodFiles = {
     {"accounts.csv", "account,type,master,name\nM,9,,Master\nS,1,M,\"Sub, first\"\nT,10,,\n"},
@@ -58,7 +34,8 @@ class AccountFilesTest : public TServicesFixture {
 protected:
     // The reason without the folder; empty when all was loaded.
     std::string Load(const TFiles& files) {
-        const TTempFolder folder(files);
+        const TTempFolder folder;
+        for (const auto& [name, content] : files) folder.Write(name, content);
         try {
             Services().LoadAccounts(folder.Path());
         } catch (const EDataError& error) {
@@ -242,7 +219,9 @@ TEST(AccountSwitches, EachClosesWhatItNames) {
     switches.SingleCurrency = true;
     switches.NoChinaConnect = true;
     TEmbeddedServices services({.Host = host, .Switches = switches});
-    services.LoadAccounts(TTempFolder(GoodFiles).Path());
+    const TTempFolder folder;
+    for (const auto& [name, content] : GoodFiles) folder.Write(name, content);
+    services.LoadAccounts(folder.Path());
     EXPECT_FALSE(TCustomLoginCtrl::GetInstance()->IsLogin());
     EXPECT_FALSE(TCustomAccountAdapter::GetInstance()->IsAccountReady());
     EXPECT_FALSE(TCustomCurrencyAdapter::GetInstance()->IsMultiCurrency());

@@ -95,35 +95,6 @@ TEST_F(ChannelTest, WhoHearsWhat) {
     }
 }
 
-TEST_F(ChannelTest, ValuesAreKeptApart) {
-    Publish(u"A", u"G");
-    Publish(u"B", u"H");
-    Publish(u"C", u"");
-    Manager().RegisterGroupCallback(u"G", FInGroup.Event(), &FInGroup);
-    Manager().SetGroupValue(u"G", Channel::CurrentAccount, u"ACC");
-
-    EXPECT_EQ(Manager().GetGroupValue(u"G", Channel::CurrentSymbol), u"A");
-    EXPECT_EQ(Manager().GetGroupValue(u"H", Channel::CurrentSymbol), u"B");
-    EXPECT_EQ(Manager().GetChannelValue(Channel::CurrentSymbol), u"C");
-    EXPECT_EQ(Manager().GetGroupValue(u"G", Channel::CurrentAccount), u"ACC");
-    EXPECT_EQ(Manager().GetGroupValue(u"K", Channel::CurrentSymbol), u"");
-    EXPECT_EQ(Manager().GetChannelValue(Channel::CurrentAccount), u"");
-    EXPECT_EQ(FInGroup.Take(), u"") << "a seeded value is not told of";
-}
-
-TEST_F(ChannelTest, ValueIsStoredBeforeItIsToldOf) {
-    String inGroup;
-    String onChannel;
-    Manager().RegisterGroupCallback(u"G", FInGroup.Event(), &FInGroup);
-    Manager().RegisterChannelCallback(Channel::CurrentSymbol, FOnChannel.Event(), &FOnChannel);
-    FInGroup.ActInside([&] { inGroup = Manager().GetGroupValue(u"G", Channel::CurrentSymbol); });
-    Publish(u"A", u"G");
-    FOnChannel.ActInside([&] { onChannel = Manager().GetChannelValue(Channel::CurrentSymbol); });
-    Publish(u"B", u"");
-    EXPECT_EQ(inGroup, u"A");
-    EXPECT_EQ(onChannel, u"B");
-}
-
 TEST_F(ChannelTest, ReceiversComeAndGoInsideCallbacks) {
     Manager().RegisterGroupCallback(u"G", FInGroup.Event(), &FInGroup);
     Manager().RegisterChannelCallback(Channel::CurrentSymbol, FOnChannel.Event(), &FOnChannel);
@@ -160,24 +131,6 @@ TEST_F(ChannelTest, PublishedTextMayDieInsideTheCallback) {
     EXPECT_EQ(FOnChannel.Take(), heard);
 }
 
-TEST_F(ChannelTest, MessagesReachTheHostInsideTheCall) {
-    struct TAnswerer {
-        Boolean Answer(Integer, Pointer data) {
-            if (data != nullptr) static_cast<TOrderTakeActionRecord*>(data)->Result = true;
-            return true;
-        }
-    } answerer;
-    Host().SetReceiver(MakeEvent<&TAnswerer::Answer>(&answerer));
-    TOrderTakeActionRecord record;
-    Manager().SendChannelMessage(ChannelMessage::TakeOrderAction, &record);
-    EXPECT_TRUE(record.Result);
-    Manager().SendChannelMessage(ChannelMessage::AddFavoritePrice, nullptr);
-    TList<Integer> expected;
-    expected.Add(ChannelMessage::TakeOrderAction);
-    expected.Add(ChannelMessage::AddFavoritePrice);
-    EXPECT_EQ(Host().ChannelMessages(), expected);
-}
-
 TEST_F(ChannelTest, FreesTheListOfAMessageThatNobodyTakes) {
     struct TList : TObject {
         explicit TList(bool& gone) : Gone(gone) {}
@@ -190,12 +143,6 @@ TEST_F(ChannelTest, FreesTheListOfAMessageThatNobodyTakes) {
     Manager().SendChannelMessage(ChannelMessage::CloseAllPositions, &record);
     EXPECT_TRUE(isGone);
     EXPECT_FALSE(record.Result);
-}
-
-TEST_F(ChannelTest, RunStateIsTheHosts) {
-    EXPECT_NE(Manager().GetRunState(), RunStateDropUnknownAccount);
-    Services().Channels().SetRunState(RunStateDropUnknownAccount);
-    EXPECT_EQ(Manager().GetRunState(), RunStateDropUnknownAccount);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "embedded/kit/ContractKit.h"
 
 #include "embedded/kit/program/EmbeddedDrivers.h"
+#include "tests/embedded/FaultyConfig.h"
 #include "tests/embedded/FaultyMarket.h"
 #include "tests/embedded/FaultyServices.h"
 

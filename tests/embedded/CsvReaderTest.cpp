@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
 #include <sstream>
 
 using namespace quorin;
@@ -104,29 +102,6 @@ TEST(CsvReader, TellsAStreamThatBreaksFromItsEnd) {
             ASSERT_EQ(reader.Fields()[0], "ab") << "a part of a record, line " << reader.Line();
         }
         EXPECT_EQ(reader.Failed(), row.breaks);
-    }
-}
-
-TEST(CsvReader, GetsThroughAnyBytes) {
-    for (unsigned seed = 1; seed <= 30; ++seed) {
-        SCOPED_TRACE("seed " + std::to_string(seed));
-        std::mt19937 random(seed);
-        std::string text;
-        const std::string_view likely = "\"\n,\r";
-        while (text.size() < 5000) {
-            const auto choice = random();
-            text.push_back(choice % 3 == 0 ? static_cast<char>(random() % 256)
-                                           : likely[(choice >> 8) % likely.size()]);
-        }
-        std::istringstream stream(text);
-        TCsvReader reader(stream);
-        Int64 line = 0;
-        while (reader.Next()) {
-            ASSERT_GT(reader.Line(), line);
-            line = reader.Line();
-            ASSERT_EQ(reader.Problem().empty(), !reader.Fields().empty());
-        }
-        EXPECT_LE(line, std::count(text.begin(), text.end(), '\n') + 1);
     }
 }
 

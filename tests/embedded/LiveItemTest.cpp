@@ -111,15 +111,4 @@ TEST_F(LiveItemTest, RepeatedWritesAndReadsAllocateNothing) {
     EXPECT_EQ(AllocationCount(), before);
 }
 
-TEST_F(LiveItemTest, BelongsToItsKey) {
-    EXPECT_EQ(Item.GetKey(), u"00700");
-    EXPECT_EQ(Item.GetStatus(), ItemStatus::Waiting);
-    EXPECT_EQ(Item.GetItemIndex(), NoItemIndex);
-    EXPECT_EQ(Adapter.GetSubItem(u"00700", LiveDataType, false), &Item);
-    EXPECT_EQ(Item.GetItemIndex(), NoItemIndex) << "a look-up that only reads follows nothing";
-    Adapter.GetSubItem(u"00700", LiveDataType, true);
-    EXPECT_EQ(Item.GetItemIndex(), 0);
-    EXPECT_EQ(Adapter.GetSubItem(u"SPAN_00700", LiveDataType, true)->GetItemIndex(), 1);
-}
-
 } // namespace

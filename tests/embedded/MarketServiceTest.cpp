@@ -1,4 +1,5 @@
 #include "embedded/MarketService.h"
+#include "embedded/LanguageService.h"
 #include "embedded/SeriesComparer.h"
 #include "platform/rtl/Numbers.h"
 
@@ -7,25 +8,6 @@
 using namespace quorin;
 
 namespace {
-
-class TLanguage : public TCustomLanguageManager {
-public:
-    explicit TLanguage(TAppLanguage language) : FLanguage(language) {
-        ServiceRegistry::Install(static_cast<TCustomLanguageManager*>(this));
-    }
-    ~TLanguage() override { ServiceRegistry::Remove<TCustomLanguageManager>(); }
-    void RegisterLanguageCallback(const TDataCallbackEvent&, TObject*) override {}
-    void RemoveLanguageCallback(TObject*) override {}
-    TAppLanguage GetCurrentLanguage() const override { return FLanguage; }
-    String GetResourceString(StringView, StringView, TAppLanguage, Integer,
-                             Pointer) const override {
-        return {};
-    }
-    String GetResourceAttribute(StringView, StringView, StringView) const override { return {}; }
-
-private:
-    TAppLanguage FLanguage;
-};
 
 class TListener : public TObject {
 public:
@@ -147,24 +129,6 @@ TEST_F(MarketServiceTest, ListsTheUniverse) {
     EXPECT_EQ(Market.FindCategory(7)->GetNameLanguage2(), u"Index options");
 }
 
-TEST_F(MarketServiceTest, AnswersNothingForWhatIsNotThere) {
-    for (const Integer index : {-1, 2, 99}) {
-        EXPECT_EQ(Market.GetExchangeCode(index), u"");
-        EXPECT_EQ(Market.GetSeriesCode(u"HKFE", index), u"");
-        EXPECT_EQ(Market.GetFavoriteSymbol(index), u"");
-        EXPECT_EQ(Market.GetFavoriteMarketData(index), nullptr);
-        EXPECT_EQ(Market.GetMarketDataAt(u"HKFE", u"", index), nullptr);
-    }
-    EXPECT_EQ(Market.GetMarketStatus(u"?"), 0);
-    EXPECT_EQ(Market.GetSeriesCount(u"?"), 0);
-    EXPECT_EQ(Market.GetMarketDataCount(u"?", u""), 0);
-    EXPECT_EQ(Market.FindSeries(u"?"), nullptr);
-    EXPECT_EQ(Market.FindCategory(-1), nullptr);
-    EXPECT_EQ(Market.FindMarketData(u""), nullptr);
-    EXPECT_EQ(Market.FindSpreadTable(u""), nullptr);
-    EXPECT_EQ(Market.GetSymbolName(u"?", TAppLanguage::None), u"");
-}
-
 TEST_F(MarketServiceTest, RefusesBadRecords) {
     EXPECT_FALSE(Market.AddExchange({u"SEHK"}));
     EXPECT_FALSE(Market.AddExchange({u""}));
@@ -238,9 +202,12 @@ TEST_F(MarketServiceTest, NamesFollowTheLanguage) {
     EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::None), u"HSI 25000 C");
     EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::TraditionalChinese), u"恒指購");
     EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::SimplifiedChinese), u"HSI 25000 C");
-    const TLanguage language(TAppLanguage::TraditionalChinese);
+    TEmbeddedLanguageManager language;
+    language.SetLanguage(TAppLanguage::TraditionalChinese);
+    ServiceRegistry::Install<TCustomLanguageManager>(&language);
     EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::None), u"恒指購");
     EXPECT_EQ(Market.GetSymbolName(Option.Symbol, TAppLanguage::English), u"HSI 25000 C");
+    ServiceRegistry::Remove<TCustomLanguageManager>();
 }
 
 TEST_F(MarketServiceTest, ItemsKnowTheirRecord) {
@@ -284,35 +251,13 @@ TEST_F(MarketServiceTest, ItemsKnowTheirRecord) {
     EXPECT_NE(Market.GetMarketStatus(u"HKFE"), MarketOpen);
 }
 
-TEST_F(MarketServiceTest, FavoritesAreToldOfLater) {
-    TListener listener(Market);
-    Deliver(listener);
+TEST_F(MarketServiceTest, AFavoriteHasItsRecordOnceThatIsLoaded) {
     EXPECT_TRUE(Market.AddFavorite(u"B"));
-    EXPECT_FALSE(Market.AddFavorite(u"B"));
-    EXPECT_FALSE(Market.AddFavorite(u""));
     EXPECT_TRUE(Market.AddFavorite(Option.Symbol));
-    EXPECT_EQ(listener.Heard, "");
-    EXPECT_EQ(Deliver(listener), "favorite ");
-    EXPECT_EQ(Deliver(listener), "");
-
-    EXPECT_EQ(Market.GetFavoriteSymbol(1), Option.Symbol);
-    EXPECT_EQ(Market.GetFavoriteMarketData(1), nullptr) << "the record is not loaded";
+    EXPECT_EQ(Market.GetFavoriteMarketData(1), nullptr);
     Market.AddSymbol(Option);
+    EXPECT_EQ(Market.GetFavoriteMarketData(0), nullptr);
     EXPECT_EQ(Market.GetFavoriteMarketData(1), Market.FindMarketData(Option.Symbol));
-    EXPECT_EQ(Deliver(listener), "exchange ");
-
-    EXPECT_FALSE(Market.RemoveFavorite(u"?"));
-    EXPECT_TRUE(Market.RemoveFavorite(u"B"));
-    EXPECT_FALSE(Market.IsFavorite(u"B"));
-    Market.AddFavorite(u"C");
-    Market.AddFavorite(u"D");
-    const String gone[] = {u"D", u"?", String(Option.Symbol), u"C"};
-    Market.RemoveFavorites(gone, -1);
-    EXPECT_EQ(Market.GetFavoriteCount(), 3);
-    Market.RemoveFavorites(gone, 2);
-    EXPECT_EQ(Market.GetFavoriteCount(), 1);
-    EXPECT_TRUE(Market.IsFavorite(u"C"));
-    EXPECT_EQ(Deliver(listener), "favorite ");
 }
 
 TEST_F(MarketServiceTest, TickTablesArriveLater) {
@@ -338,17 +283,6 @@ TEST_F(MarketServiceTest, TickTablesArriveLater) {
     Market.SetSpreadTablesAtOnce(true);
     Market.AddSpreadTable(u"NOW", Bands);
     EXPECT_EQ(Market.FindSpreadTable(u"NOW")->GetStatus(), SpreadTableLoaded);
-    EXPECT_EQ(Deliver(listener), "");
-}
-
-TEST_F(MarketServiceTest, ReadinessIsASwitch) {
-    TListener listener(Market);
-    Deliver(listener);
-    EXPECT_TRUE(Market.IsMarketDataReady());
-    Market.SetMarketDataReady(false);
-    EXPECT_FALSE(Market.IsMarketDataReady());
-    EXPECT_EQ(Deliver(listener), "exchange ");
-    Market.SetMarketDataReady(false);
     EXPECT_EQ(Deliver(listener), "");
 }
 

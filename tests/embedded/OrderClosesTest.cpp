@@ -2,6 +2,7 @@
 
 #include "embedded/OrderDesk.h"
 #include "platform/rtl/Numbers.h"
+#include "platform/rtl/Text.h"
 
 namespace quorin {
 namespace {
@@ -49,84 +50,35 @@ struct OrderClosesTest : TServicesFixture {
     }
 };
 
-struct TCloseCase {
-    const char* Name;
-    struct THeld {
-        const char16_t* Account;
-        TSide Side;
-        Double Quantity;
-    } Held[3];
-    const char16_t* Account;
-    Integer Side;
-    Double Quantity;
-    const char16_t* Orders;
-    bool IsTaken;
-};
 constexpr Integer Buy = OrderSide::Buy;
 constexpr Integer Sell = OrderSide::Sell;
-const TCloseCase CloseCases[] = {
-    {"a long one", {{u"A", TSide::Long, 300}}, u"A", Sell, 300, u"A sell 300", true},
-    {"a short record by a buy", {{u"A", TSide::Short, 300}}, u"A", Sell, 300, u"A buy 300", true},
-    {"a short net one", {{u"A", TSide::Net, -300}}, u"A", Buy, 300, u"A buy 300", true},
-    {"a part", {{u"A", TSide::Short, 300}}, u"A", Sell, 100, u"A buy 100", true},
-    {"more than is held",
-     {{u"A", TSide::Long, 300}},
-     u"A",
-     Sell,
-     400,
-     u"A sell 300; A sell 100 refused",
-     true},
-    {"nothing is held", {}, u"A", Sell, 100, u"A sell 100 refused", false},
-    {"a net one the wrong way",
-     {{u"A", TSide::Net, 300}},
-     u"A",
-     Buy,
-     300,
-     u"A buy 300 refused",
-     false},
-    {"the master, then its members",
-     {{u"M", TSide::Net, 300}, {u"S1", TSide::Net, 200}, {u"S2", TSide::Net, 100}},
-     u"M",
-     Sell,
-     600,
-     u"M sell 300; S1 sell 200; S2 sell 100",
-     true},
-    {"each closes its own side",
-     {{u"M", TSide::Long, 300}, {u"S1", TSide::Short, 200}},
-     u"M",
-     Sell,
-     500,
-     u"M sell 300; S1 buy 200",
-     true},
-    {"members that stand against the sum keep",
-     {{u"M", TSide::Net, 500}, {u"S1", TSide::Net, -200}, {u"S2", TSide::Net, 100}},
-     u"M",
-     Sell,
-     400,
-     u"M sell 400",
-     true},
-    {"the sum of members alone",
-     {{u"S1", TSide::Net, 200}, {u"S2", TSide::Net, 100}},
-     u"M",
-     Sell,
-     300,
-     u"S1 sell 200; S2 sell 100",
-     true},
-    {"the master's own row leaves the members",
-     {{u"M", TSide::Net, 300}, {u"S1", TSide::Net, 200}},
-     u"M",
-     Sell,
-     300,
-     u"M sell 300",
-     true},
-    {"a member's row is its own",
-     {{u"M", TSide::Net, 300}, {u"S1", TSide::Net, 200}},
-     u"S1",
-     Sell,
-     200,
-     u"S1 sell 200",
-     true},
-    {"an unknown account", {}, u"X", Sell, 100, u"X sell 100 refused", false},
+struct TCloseCase {
+    const char* Name;
+    StringView Held; // "S1 short 200", parted by commas
+    StringView Close;
+    StringView Orders;
+    bool IsTaken = true;
+};
+constexpr TCloseCase CloseCases[] = {
+    {"a long one", u"A long 300", u"A sell 300", u"A sell 300"},
+    {"a short record by a buy", u"A short 300", u"A sell 300", u"A buy 300"},
+    {"a short net one", u"A net -300", u"A buy 300", u"A buy 300"},
+    {"a part", u"A short 300", u"A sell 100", u"A buy 100"},
+    {"more than is held", u"A long 300", u"A sell 400", u"A sell 300; A sell 100 refused"},
+    {"nothing is held", u"", u"A sell 100", u"A sell 100 refused", false},
+    {"a net one the wrong way", u"A net 300", u"A buy 300", u"A buy 300 refused", false},
+    {"the master, then its members", u"M net 300,S1 net 200,S2 net 100", u"M sell 600",
+     u"M sell 300; S1 sell 200; S2 sell 100"},
+    {"each closes its own side", u"M long 300,S1 short 200", u"M sell 500",
+     u"M sell 300; S1 buy 200"},
+    {"members that stand against the sum keep", u"M net 500,S1 net -200,S2 net 100", u"M sell 400",
+     u"M sell 400"},
+    {"the sum of members alone", u"S1 net 200,S2 net 100", u"M sell 300",
+     u"S1 sell 200; S2 sell 100"},
+    {"the master's own row leaves the members", u"M net 300,S1 net 200", u"M sell 300",
+     u"M sell 300"},
+    {"a member's row is its own", u"M net 300,S1 net 200", u"S1 sell 200", u"S1 sell 200"},
+    {"an unknown account", u"", u"X sell 100", u"X sell 100 refused", false},
 };
 
 TEST_F(OrderClosesTest, WhoClosesHowMuch) {
@@ -134,12 +86,18 @@ TEST_F(OrderClosesTest, WhoClosesHowMuch) {
         SCOPED_TRACE(test.Name);
         Integer before = static_cast<Integer>(Orders().size());
         for (const StringView account : {u"M", u"S1", u"S2", u"A"}) Hold(account, TSide::Net, 0.0);
-        for (const auto& held : test.Held) {
-            if (held.Account != nullptr) Hold(held.Account, held.Side, held.Quantity);
+        for (const StringView held : Split(test.Held, u',')) {
+            const auto words = Split(held, u' ');
+            const TSide side = words[1] == u"long"    ? TSide::Long
+                               : words[1] == u"short" ? TSide::Short
+                                                      : TSide::Net;
+            Hold(words[0], side, ToDoubleOr(words[2], 0.0));
         }
         Services().Deliver();
-        EXPECT_EQ(Close(test.Account, test.Side, test.Quantity) == TOrderReason::None,
-                  test.IsTaken);
+        const auto words = Split(test.Close, u' ');
+        const TOrderReason reason =
+            Close(words[0], words[1] == u"buy" ? Buy : Sell, ToDoubleOr(words[2], 0.0));
+        EXPECT_EQ(reason == TOrderReason::None, test.IsTaken);
         if (before > 0) before += 2; // the separator
         EXPECT_EQ(Orders().substr(static_cast<std::size_t>(before)), test.Orders);
         Services().Deliver();

@@ -2,7 +2,6 @@
 
 #include "tests/support/MoneyChecker.h"
 #include "tests/support/RecordingHost.h"
-#include "tests/support/TempFile.h"
 
 #include "embedded/EmbeddedServices.h"
 #include "embedded/TimeText.h"
@@ -10,8 +9,9 @@
 #include "embedded/venue/Venue.h"
 #include "viewdata/services/PositionAdapter.h"
 
+#include <cmath>
+#include <map>
 #include <random>
-#include <sstream>
 
 namespace quorin {
 namespace {
@@ -83,29 +83,6 @@ public:
         return static_cast<Integer>(FRandom() % static_cast<std::uint64_t>(end));
     }
     std::string Trail() const { return "seed " + std::to_string(FSeed); }
-
-    // All that the day left: the audit list and every figure.
-    std::string Everything() {
-        const TTempFile file("");
-        FServices.Desk().Audit().Save(file.Path());
-        std::ostringstream all;
-        all << file.Content();
-        all.precision(17);
-        for (Integer index = 0; index < FServices.Accounts().GetAccountCount(); ++index) {
-            const TCustomAccount& account = *FServices.Accounts().GetAccountByIndex(index);
-            const TCustomAccountData* total = account.GetAccountData({});
-            all << total->GetValue991() << " " << total->GetValue996() << " "
-                << total->GetValue9018B() << "\n";
-        }
-        String text;
-        FServices.Items().EachItem([&](TEmbeddedSubItem& item) {
-            for (Integer field = 1; field < 120; ++field) {
-                item.GetFieldString(field, text);
-                all << ToUtf8(text) << ";";
-            }
-        });
-        return all.str();
-    }
 
 private:
     String AnySymbol() {
@@ -183,17 +160,6 @@ TEST(OrderDayTest, InOneCurrencyTheTotalIsTheSame) {
     for (const auto& [key, figure] : totals(false)) {
         EXPECT_NEAR(figure, single.at(key), 1e-6) << key;
     }
-}
-
-TEST(OrderDayTest, TheSameOrdersGiveTheSameDay) {
-    const auto run = [](std::uint64_t seed) {
-        TOrderDay day(seed);
-        RunHour(day, nullptr);
-        return day.Everything();
-    };
-    const std::string first = run(11);
-    EXPECT_TRUE(first == run(11));
-    EXPECT_FALSE(first == run(12));
 }
 
 } // namespace

@@ -75,11 +75,5 @@ TEST_F(OrderTest, OtherActionsAndNoOrderAreRefused) {
     EXPECT_EQ(audit[1].Reason, TOrderReason::NotAnOrder);
 }
 
-TEST_F(OrderTest, LoginIsASwitch) {
-    EXPECT_TRUE(TCustomLoginCtrl::GetInstance()->IsLogin());
-    Services().Login().SetLogin(false);
-    EXPECT_FALSE(TCustomLoginCtrl::GetInstance()->IsLogin());
-}
-
 } // namespace
 } // namespace quorin

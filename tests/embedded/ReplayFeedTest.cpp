@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <sstream>
 
 using namespace quorin;
@@ -376,27 +375,6 @@ TEST_F(ReplayFeedTest, PlaysTheShippedRecording) {
     EXPECT_EQ(Market.Universe().SymbolCount(), listed) << "all symbols are of the universe";
     EXPECT_GT(deliveries, 500);
     EXPECT_GT(feed.PollTimeNanos(), (34200 + 550) * NanosPerSecond);
-}
-
-TEST_F(ReplayFeedTest, GetsThroughBrokenFiles) {
-    for (unsigned seed = 1; seed <= 30; ++seed) {
-        SCOPED_TRACE("seed " + std::to_string(seed));
-        std::mt19937 random(seed);
-        std::string lines = "1,A,Q,,,1,1,2,2\n";
-        for (int line = 0; line < 200; ++line) {
-            lines += std::to_string(2 + line) + ",A,T,1.5,100,1,1,2,2\n";
-        }
-        for (int fault = 0; fault < 100; ++fault) {
-            lines[20 + random() % (lines.size() - 20)] = static_cast<char>(random() % 256);
-        }
-        TReplayFeed& feed = Play(lines);
-        Int64 previous = 0;
-        while (feed.Step()) {
-            ASSERT_GT(feed.PollTimeNanos(), previous);
-            previous = feed.PollTimeNanos();
-        }
-        EXPECT_GT(feed.ReportedLines(), 0);
-    }
 }
 
 } // namespace

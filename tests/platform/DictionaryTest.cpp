@@ -15,24 +15,6 @@ String KeyOf(std::uint32_t number) {
            String(1, static_cast<Char>(number));
 }
 
-template <class V>
-std::vector<String> KeysOf(const TDictionary<String, V>& dictionary) {
-    std::vector<String> keys;
-    for (const auto& item : dictionary) keys.push_back(item.Key);
-    return keys;
-}
-
-TEST(TDictionaryTest, KeepsTheOrderOfInsertionAcrossRemovals) {
-    TDictionary<String, int> prices;
-    for (const Char* key : {u"00700", u"00005", u"00388", u"09988"}) prices.Add(key, 1);
-    EXPECT_TRUE(prices.Remove(u"00005"));
-    EXPECT_FALSE(prices.Remove(u"00005"));
-    prices.AddOrSetValue(u"00388", 2); // keeps its place
-    prices.Add(u"00005", 3);           // a new key goes last
-    EXPECT_EQ(KeysOf(prices), (std::vector<String>{u"00700", u"00388", u"09988", u"00005"}));
-    EXPECT_EQ(prices.Keys().Count(), 4);
-}
-
 TEST(TDictionaryTest, AddDoesNotOverwriteAndLookUpsLeaveTheirTargetAlone) {
     TDictionary<String, int> values;
     EXPECT_TRUE(values.Add(u"a", 1));

@@ -42,4 +42,25 @@ private:
     std::filesystem::path FPath;
 };
 
+// The same for a folder.
+class TTempFolder {
+public:
+    TTempFolder() { std::filesystem::create_directory(FPath); }
+    TTempFolder(const TTempFolder&) = delete;
+    TTempFolder& operator=(const TTempFolder&) = delete;
+    ~TTempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(FPath, ignored);
+    }
+
+    const std::filesystem::path& Path() const { return FPath; }
+    void Write(const std::string& name, std::string_view content) const {
+        std::ofstream(FPath / name, std::ios::binary) << content;
+    }
+
+private:
+    const TTempFile FPlace{""};
+    const std::filesystem::path FPath = FPlace.Path().string() + ".d";
+};
+
 } // namespace quorin

@@ -12,8 +12,6 @@ namespace {
 
 namespace A = AccountAttribute;
 
-constexpr StringView Office[] = {u"M88001", u"M88001-01", u"M88001-02", u"M88001-03", u"M88001-04"};
-
 // Lines that begin with the label, without it.
 std::vector<std::string> Labelled(const std::string& out, const std::string& label) {
     std::vector<std::string> found;
@@ -36,18 +34,6 @@ std::vector<std::string> Tree(TScriptPlay& play) {
 }
 
 using TRows = std::vector<std::string>;
-
-TEST(ScriptAccountTest, TheShippedScriptHasNoWrongLineAndPrintsTheSameTwice) {
-    const auto play = [] {
-        TScriptPlay script;
-        const std::string out = script.RunFile(std::filesystem::path(QUORIN_DATA_DIR) / "scripts" /
-                                               "account-trees.txt");
-        EXPECT_EQ(script.Wrong, 0) << script.Errors.str();
-        EXPECT_EQ(out.find("refused"), std::string::npos) << out;
-        return out;
-    };
-    EXPECT_EQ(play(), play());
-}
 
 TEST(ScriptAccountTest, WrongLines) {
     constexpr struct {
@@ -94,34 +80,6 @@ TEST(ScriptAccountTest, FiguresComeWithTheAccounts) {
     EXPECT_EQ(Tree(play)[4], ">RMB=210,000.00");
     play.Run("cash\n");
     EXPECT_EQ(play.Screen->Last().RowCount(), 4);
-}
-
-// What all accounts of the office have, by hand and in both trees.
-TEST(ScriptAccountTest, SumsAreThoseOfTheAccounts) {
-    TScriptPlay play;
-    play.Run("step 3\ncash\naggregate\naccounttree 991,607\naggregate\n");
-    TShownForm& tree = *play.Screen->AccountTree();
-    play.Run("cash\n");
-    TShownForm& cash = play.Screen->Last();
-    ASSERT_EQ(tree.RowCount(), 8);
-    ASSERT_EQ(cash.RowCount(), 4);
-    constexpr StringView Currencies[] = {u"", u"HKD", u"USD", u"CNY"};
-    constexpr Integer Figures[] = {A::Cash, A::TotalPL};
-    for (Integer figure = 0; figure < 2; ++figure) {
-        for (Integer currency = 0; currency < 4; ++currency) {
-            Double sum = 0.0;
-            for (const StringView code : Office) {
-                const TCustomAccountData& record = *play.Session->Services()
-                                                        .Accounts()
-                                                        .GetAccount(code, true)
-                                                        ->GetAccountData(Currencies[currency]);
-                sum += Figures[figure] == A::Cash ? record.GetValue991() : record.GetValue607();
-            }
-            EXPECT_NEAR(tree.Value(4 * figure + currency, AccountTreeColumn::Value).ToDouble(), sum,
-                        1e-6);
-            EXPECT_NEAR(cash.Value(currency, Figures[figure]).ToDouble(), sum, 1e-6);
-        }
-    }
 }
 
 TEST(ScriptAccountTest, ACurrencyArrivesWithAnOrder) {

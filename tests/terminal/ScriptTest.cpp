@@ -62,6 +62,21 @@ TEST(ScriptTest, WrongLinesAreReportedAndTheScriptGoesOn) {
               behind + echo.size());
 }
 
+TEST(ScriptTest, ShippedScriptsHaveNoWrongLineAndPrintTheSameTwice) {
+    for (const char* name : {"account-trees.txt", "accounts.txt"}) {
+        SCOPED_TRACE(name);
+        const auto play = [name] {
+            TScriptPlay script(TAnswerBy::Yes);
+            const std::string out =
+                script.RunFile(std::filesystem::path(QUORIN_DATA_DIR) / "scripts" / name);
+            EXPECT_EQ(script.Wrong, 0) << script.Errors.str();
+            EXPECT_EQ(out.find("refused"), std::string::npos) << out;
+            return out;
+        };
+        EXPECT_EQ(play(), play());
+    }
+}
+
 TEST(ScriptTest, OnlyWhatChangedIsPrinted) {
     EXPECT_EQ(Behind("watch SEHK\nbatchmode off\n"), "> 2 watch SEHK\n> 3 batchmode off\n");
     const std::string moved = Behind("move 1 0\n");

@@ -14,35 +14,74 @@ public:
 
     void ChangeAccountCallback(StringView Account, const TDataCallbackEvent& Callback,
                                TObject* Owner, StringView PreviousAccount) override;
-    void RemoveAccountCallback(StringView Account, TObject* Owner) override;
-    void AddAccountInfoLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveAccountInfoLoadCallback(TObject* Owner) override;
-    Integer GetAccountCount() const override;
-    Boolean IsAccountKnown(StringView Account) const override;
+    void RemoveAccountCallback(StringView Account, TObject* Owner) override {
+        FAccounts.Remove(Owner, Account);
+        FInner.RemoveAccountCallback(Account, Owner);
+    }
     void AddSubAccountCallback(StringView Account, const TDataCallbackEvent& Callback,
-                               TObject* Owner, Pointer Reserved) override;
-    void RemoveSubAccountCallback(StringView Account, TObject* Owner) override;
-    void AddAllAccountCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveAllAccountCallback(TObject* Owner) override;
-    void AddAccountReadyCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveAccountReadyCallback(TObject* Owner) override;
-    Boolean IsAccountReady() const override;
-    TCustomAccount* GetAccountByIndex(Integer Index) const override;
-    TCustomAccount* GetAccount(StringView Account, Boolean Flag) override;
-    void RequestAccountList(String& Filter, Boolean Flag) override;
-    void GetSubAccountList(StringView Account, TAccountDictionary& List) const override;
-    String FindAccountByText(StringView Text) const override;
-    String GetCustomAccountValue(StringView Section, StringView Key) const override;
-    TCustomAccountData* GetSubAccountData(StringView Account, StringView Currency) const override;
-    void AddSubAccountLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveSubAccountLoadCallback(TObject* Owner) override;
+                               TObject* Owner, Pointer Reserved) override {
+        FSubAccounts.RegisterAndCall(Owner, Account, Callback, [&](const auto& event) {
+            FInner.AddSubAccountCallback(Account, event, Owner, Reserved);
+        });
+    }
+    void RemoveSubAccountCallback(StringView Account, TObject* Owner) override {
+        FSubAccounts.Remove(Owner, Account);
+        FInner.RemoveSubAccountCallback(Account, Owner);
+    }
+    void AddAccountInfoLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FInfoLoads.Add(FInner, &TCustomAccountAdapter::AddAccountInfoLoadCallback, Callback, Owner);
+    }
+    void RemoveAccountInfoLoadCallback(TObject* Owner) override {
+        FInfoLoads.Remove(FInner, &TCustomAccountAdapter::RemoveAccountInfoLoadCallback, Owner);
+    }
+    void AddAllAccountCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FAllAccounts.Add(FInner, &TCustomAccountAdapter::AddAllAccountCallback, Callback, Owner);
+    }
+    void RemoveAllAccountCallback(TObject* Owner) override {
+        FAllAccounts.Remove(FInner, &TCustomAccountAdapter::RemoveAllAccountCallback, Owner);
+    }
+    void AddAccountReadyCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FReady.Add(FInner, &TCustomAccountAdapter::AddAccountReadyCallback, Callback, Owner);
+    }
+    void RemoveAccountReadyCallback(TObject* Owner) override {
+        FReady.Remove(FInner, &TCustomAccountAdapter::RemoveAccountReadyCallback, Owner);
+    }
+    void AddSubAccountLoadCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FSubLoads.Add(FInner, &TCustomAccountAdapter::AddSubAccountLoadCallback, Callback, Owner);
+    }
+    void RemoveSubAccountLoadCallback(TObject* Owner) override {
+        FSubLoads.Remove(FInner, &TCustomAccountAdapter::RemoveSubAccountLoadCallback, Owner);
+    }
+    Integer GetAccountCount() const override { return FPlan.LookedUp(FInner.GetAccountCount()); }
+    Boolean IsAccountKnown(StringView Account) const override {
+        return FPlan.LookedUp(FInner.IsAccountKnown(Account));
+    }
+    Boolean IsAccountReady() const override { return FPlan.LookedUp(FInner.IsAccountReady()); }
+    TCustomAccount* GetAccountByIndex(Integer Index) const override {
+        return FPlan.LookedUp(FInner.GetAccountByIndex(Index));
+    }
+    TCustomAccount* GetAccount(StringView Account, Boolean Flag) override {
+        return FPlan.LookedUp(FInner.GetAccount(Account, Flag));
+    }
+    String FindAccountByText(StringView Text) const override {
+        return FPlan.LookedUp(FInner.FindAccountByText(Text));
+    }
+    String GetCustomAccountValue(StringView Section, StringView Key) const override {
+        return FPlan.LookedUp(FInner.GetCustomAccountValue(Section, Key));
+    }
+    TCustomAccountData* GetSubAccountData(StringView Account, StringView Currency) const override {
+        return FPlan.LookedUp(FInner.GetSubAccountData(Account, Currency));
+    }
+    void RequestAccountList(String& Filter, Boolean Flag) override {
+        FInner.RequestAccountList(Filter, Flag);
+        FPlan.InRegistration(FReady);
+    }
+    void GetSubAccountList(StringView Account, TAccountDictionary& List) const override {
+        FInner.GetSubAccountList(Account, List);
+        FPlan.InLookUp();
+    }
 
 private:
-    template <class Answer>
-    Answer LookedUp(Answer answer) const {
-        FPlan.InLookUp();
-        return answer;
-    }
     void Tell(TFaultyEntry& entry, TAccountDictionary& named);
     void TellAccount(TFaultyEntry& entry);
     void TellSubAccounts(TFaultyEntry& entry);
@@ -64,15 +103,32 @@ class TFaultyCurrencyAdapter final : public TCustomCurrencyAdapter {
 public:
     TFaultyCurrencyAdapter(TFaultPlan& plan, TCustomCurrencyAdapter& inner);
 
-    void AddMultiCurrencyInfoCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveMultiCurrencyInfoCallback(TObject* Owner) override;
-    void AddCurrencyListCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveCurrencyListCallback(TObject* Owner) override;
-    void AddCurrencyRatioCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveCurrencyRatioCallback(TObject* Owner) override;
+    void AddMultiCurrencyInfoCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FInfos.Add(FInner, &TCustomCurrencyAdapter::AddMultiCurrencyInfoCallback, Callback, Owner);
+    }
+    void RemoveMultiCurrencyInfoCallback(TObject* Owner) override {
+        FInfos.Remove(FInner, &TCustomCurrencyAdapter::RemoveMultiCurrencyInfoCallback, Owner);
+    }
+    void AddCurrencyListCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FLists.Add(FInner, &TCustomCurrencyAdapter::AddCurrencyListCallback, Callback, Owner);
+    }
+    void RemoveCurrencyListCallback(TObject* Owner) override {
+        FLists.Remove(FInner, &TCustomCurrencyAdapter::RemoveCurrencyListCallback, Owner);
+    }
+    void AddCurrencyRatioCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FRatios.Add(FInner, &TCustomCurrencyAdapter::AddCurrencyRatioCallback, Callback, Owner);
+    }
+    void RemoveCurrencyRatioCallback(TObject* Owner) override {
+        FRatios.Remove(FInner, &TCustomCurrencyAdapter::RemoveCurrencyRatioCallback, Owner);
+    }
     const String& GetBaseCurrency() const override { return FInner.GetBaseCurrency(); }
-    Boolean IsMultiCurrency() const override;
-    Double GetCurrencyRatio(StringView Currency) const override;
+    Boolean IsMultiCurrency() const override {
+        FPlan.InLookUp();
+        return FInner.IsMultiCurrency();
+    }
+    Double GetCurrencyRatio(StringView Currency) const override {
+        return FPlan.LookedUp(FInner.GetCurrencyRatio(Currency));
+    }
 
 private:
     void TellRatios(TFaultyEntry& entry);
@@ -90,9 +146,16 @@ public:
     TFaultyProductAdapter(TFaultPlan& plan, TCustomProductAdapter& inner)
         : FPlan(plan), FInner(inner), FRatios(plan, &TellNothing) {}
 
-    void AddProductMarginRatioCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveProductMarginRatioCallback(TObject* Owner) override;
-    TCustomProductData* GetProductData(StringView Symbol, StringView Account) const override;
+    void AddProductMarginRatioCallback(const TDataCallbackEvent& Callback,
+                                       TObject* Owner) override {
+        FRatios.Add(FInner, &TCustomProductAdapter::AddProductMarginRatioCallback, Callback, Owner);
+    }
+    void RemoveProductMarginRatioCallback(TObject* Owner) override {
+        FRatios.Remove(FInner, &TCustomProductAdapter::RemoveProductMarginRatioCallback, Owner);
+    }
+    TCustomProductData* GetProductData(StringView Symbol, StringView Account) const override {
+        return FPlan.LookedUp(FInner.GetProductData(Symbol, Account));
+    }
 
 private:
     TFaultPlan& FPlan;

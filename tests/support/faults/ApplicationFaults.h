@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/rtl/Numbers.h"
 #include "tests/support/faults/FaultyCallbacks.h"
+#include "viewdata/services/ChannelMessages.h"
 #include "viewdata/services/ConfigManager.h"
 #include "viewdata/services/GlobalChannelManager.h"
 #include "viewdata/services/LanguageManager.h"
@@ -15,11 +17,21 @@ public:
     TFaultyConfigManager(TFaultPlan& plan, TCustomConfigManager& inner)
         : FPlan(plan), FInner(inner), FCallbacks(plan, &TellNothing) {}
 
-    void RegisterConfigCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveConfigCallback(TObject* Owner) override;
-    String ReadString(StringView Section, StringView Key) const override;
-    Integer ReadInteger(StringView Section, StringView Key) const override;
-    Boolean ReadBool(StringView Section, StringView Key) const override;
+    void RegisterConfigCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FCallbacks.Add(FInner, &TCustomConfigManager::RegisterConfigCallback, Callback, Owner);
+    }
+    void RemoveConfigCallback(TObject* Owner) override {
+        FCallbacks.Remove(FInner, &TCustomConfigManager::RemoveConfigCallback, Owner);
+    }
+    String ReadString(StringView Section, StringView Key) const override {
+        return FPlan.LookedUp(FInner.ReadString(Section, Key));
+    }
+    Integer ReadInteger(StringView Section, StringView Key) const override {
+        return FPlan.LookedUp(FInner.ReadInteger(Section, Key));
+    }
+    Boolean ReadBool(StringView Section, StringView Key) const override {
+        return FPlan.LookedUp(FInner.ReadBool(Section, Key));
+    }
     const String& GetCurrentSection() const override { return FInner.GetCurrentSection(); }
 
 private:
@@ -34,13 +46,24 @@ public:
     TFaultyLanguageManager(TFaultPlan& plan, TCustomLanguageManager& inner)
         : FPlan(plan), FInner(inner), FCallbacks(plan, &TellNothing) {}
 
-    void RegisterLanguageCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemoveLanguageCallback(TObject* Owner) override;
-    TAppLanguage GetCurrentLanguage() const override;
+    void RegisterLanguageCallback(const TDataCallbackEvent& Callback, TObject* Owner) override {
+        FCallbacks.Add(FInner, &TCustomLanguageManager::RegisterLanguageCallback, Callback, Owner);
+    }
+    void RemoveLanguageCallback(TObject* Owner) override {
+        FCallbacks.Remove(FInner, &TCustomLanguageManager::RemoveLanguageCallback, Owner);
+    }
+    TAppLanguage GetCurrentLanguage() const override {
+        FPlan.InLookUp();
+        return FInner.GetCurrentLanguage();
+    }
     String GetResourceString(StringView Tag, StringView Key, TAppLanguage Language,
-                             Integer Argument, Pointer Extra) const override;
+                             Integer Argument, Pointer Extra) const override {
+        return FPlan.LookedUp(FInner.GetResourceString(Tag, Key, Language, Argument, Extra));
+    }
     String GetResourceAttribute(StringView Tag, StringView Key,
-                                StringView Attribute) const override;
+                                StringView Attribute) const override {
+        return FPlan.LookedUp(FInner.GetResourceAttribute(Tag, Key, Attribute));
+    }
 
 private:
     TFaultPlan& FPlan;
@@ -52,24 +75,60 @@ private:
 // questions that go to the application run a loop of their own.
 class TFaultyChannelManager final : public TCustomGlobalChannelManager {
 public:
-    TFaultyChannelManager(TFaultPlan& plan, TCustomGlobalChannelManager& inner);
+    TFaultyChannelManager(TFaultPlan& plan, TCustomGlobalChannelManager& inner)
+        : FPlan(plan), FInner(inner),
+          FChannels(plan, [this](TFaultyEntry& entry) { TellForeign(entry); }),
+          FGroups(plan, [this](TFaultyEntry& entry) { TellForeign(entry); }) {}
 
     void RegisterChannelCallback(Integer Channel, const TDataCallbackEvent& Callback,
-                                 TObject* Owner) override;
-    void RemoveChannelCallback(Integer Channel, TObject* Owner) override;
+                                 TObject* Owner) override {
+        FChannels.RegisterAndCall(Owner, IntegerToText(Channel), Callback, [&](const auto& event) {
+            FInner.RegisterChannelCallback(Channel, event, Owner);
+        });
+    }
+    void RemoveChannelCallback(Integer Channel, TObject* Owner) override {
+        FChannels.Remove(Owner, IntegerToText(Channel));
+        FInner.RemoveChannelCallback(Channel, Owner);
+    }
     void RegisterGroupCallback(StringView GroupID, const TDataCallbackEvent& Callback,
-                               TObject* Owner) override;
-    void RemoveGroupCallback(StringView GroupID, TObject* Owner) override;
+                               TObject* Owner) override {
+        FGroups.RegisterAndCall(Owner, GroupID, Callback, [&](const auto& event) {
+            FInner.RegisterGroupCallback(GroupID, event, Owner);
+        });
+    }
+    void RemoveGroupCallback(StringView GroupID, TObject* Owner) override {
+        FGroups.Remove(Owner, GroupID);
+        FInner.RemoveGroupCallback(GroupID, Owner);
+    }
     void PublishValue(Integer Channel, StringView NewValue, StringView OldValue,
-                      StringView GroupID) override;
-    void SendChannelMessage(Integer MessageNumber, Pointer Data) override;
-    String GetChannelValue(Integer Channel) const override;
-    String GetGroupValue(StringView GroupID, Integer Channel) const override;
-    void SetGroupValue(StringView GroupID, Integer Channel, StringView Value) override;
-    Integer GetRunState() const override;
+                      StringView GroupID) override {
+        FInner.PublishValue(Channel, NewValue, OldValue, GroupID);
+    }
+    void SendChannelMessage(Integer MessageNumber, Pointer Data) override {
+        const bool asks = MessageNumber == ChannelMessage::TakeOrderAction ||
+                          MessageNumber == ChannelMessage::CloseAllPositions;
+        if (asks) FPlan.InQuestion();
+        FInner.SendChannelMessage(MessageNumber, Data);
+    }
+    String GetChannelValue(Integer Channel) const override {
+        return FPlan.LookedUp(FInner.GetChannelValue(Channel));
+    }
+    String GetGroupValue(StringView GroupID, Integer Channel) const override {
+        return FPlan.LookedUp(FInner.GetGroupValue(GroupID, Channel));
+    }
+    void SetGroupValue(StringView GroupID, Integer Channel, StringView Value) override {
+        FInner.SetGroupValue(GroupID, Channel, Value);
+    }
+    Integer GetRunState() const override {
+        FPlan.InLookUp();
+        return FInner.GetRunState();
+    }
 
 private:
-    void TellForeign(TFaultyEntry& entry);
+    void TellForeign(TFaultyEntry& entry) {
+        FPlan.Count(TFault::ForeignSender);
+        entry.Tell(AsPointer(&FForeign));
+    }
 
     TFaultPlan& FPlan;
     TCustomGlobalChannelManager& FInner;
@@ -85,11 +144,20 @@ public:
         : FPlan(plan), FInner(inner) {}
 
     void ShowMessageText(TObject* Owner, StringView Text, StringView Caption, Pointer Reserved1,
-                         Pointer Reserved2) override;
-    void ShowMessageCode(TObject* Owner, const Variant& Code, StringView Caption,
-                         Pointer Reserved1, Pointer Reserved2) override;
+                         Pointer Reserved2) override {
+        FInner.ShowMessageText(Owner, Text, Caption, Reserved1, Reserved2);
+        FPlan.InQuestion();
+    }
+    void ShowMessageCode(TObject* Owner, const Variant& Code, StringView Caption, Pointer Reserved1,
+                         Pointer Reserved2) override {
+        FInner.ShowMessageCode(Owner, Code, Caption, Reserved1, Reserved2);
+        FPlan.InQuestion();
+    }
     Integer ShowConfirmText(TObject* Owner, StringView Text, StringView Caption, Pointer Reserved1,
-                            Pointer Reserved2, Integer Default) override;
+                            Pointer Reserved2, Integer Default) override {
+        FPlan.InQuestion();
+        return FInner.ShowConfirmText(Owner, Text, Caption, Reserved1, Reserved2, Default);
+    }
 
 private:
     TFaultPlan& FPlan;
@@ -103,7 +171,11 @@ public:
         : FPlan(plan), FInner(inner) {}
 
     Boolean TakeOrderAction(TObject* Owner, TCustomClientOrder* Order, Integer Action,
-                            Boolean Flag) override;
+                            Boolean Flag) override {
+        const Boolean taken = FInner.TakeOrderAction(Owner, Order, Action, Flag);
+        FPlan.InOrder();
+        return taken;
+    }
 
 private:
     TFaultPlan& FPlan;

@@ -79,6 +79,12 @@ public:
     // The points at which services misbehave.
     void InRegistration(TFaultyCallbacks& own);
     void InLookUp();
+    // What a look-up answers, once others have been called inside it.
+    template <class Answer>
+    Answer LookedUp(Answer answer) {
+        InLookUp();
+        return answer;
+    }
     void InOrder();
     void InQuestion();
 

@@ -74,6 +74,23 @@ public:
         add(EventOf(entry));
         return entry;
     }
+    // Registers, and then somebody may be called inside.
+    template <class Add>
+    void RegisterAndCall(TObject* owner, StringView key, const TDataCallbackEvent& event, Add add) {
+        Register(owner, key, event, add);
+        FPlan.InRegistration(*this);
+    }
+    // The same by an operation of `inner` that takes no key, and the end of it.
+    template <class Inner, class Service>
+    void Add(Inner& inner, void (Service::*add)(const TDataCallbackEvent&, TObject*),
+             const TDataCallbackEvent& event, TObject* owner) {
+        RegisterAndCall(owner, {}, event, [&](const auto& own) { (inner.*add)(own, owner); });
+    }
+    template <class Inner, class Service>
+    void Remove(Inner& inner, void (Service::*remove)(TObject*), TObject* owner) {
+        Remove(owner, {});
+        (inner.*remove)(owner);
+    }
     TFaultyEntry& Obtain(TObject* owner, StringView key, const TDataCallbackEvent& event);
     static TDataCallbackEvent EventOf(TFaultyEntry& entry) {
         return MakeEvent<&TFaultyEntry::Called>(&entry);

@@ -22,17 +22,6 @@ void TFaultyMarketAdapter::TellSpreads(TFaultyEntry& entry) {
     entry.Tell(&tables);
 }
 
-void TFaultyMarketAdapter::AddExchangeListener(const TDataCallbackEvent& Event, TObject* Owner) {
-    FExchanges.Register(Owner, {}, Event,
-                        [&](const auto& event) { FInner.AddExchangeListener(event, Owner); });
-    FPlan.InRegistration(FExchanges);
-}
-
-void TFaultyMarketAdapter::RemoveExchangeListener(TObject* Owner) {
-    FExchanges.Remove(Owner, {});
-    FInner.RemoveExchangeListener(Owner);
-}
-
 // The new owner alone hears inside: others would reload for nothing.
 void TFaultyMarketAdapter::AddFavoriteListener(const TDataCallbackEvent& Event, TObject* Owner) {
     TFaultyEntry& entry = FFavorites.Register(
@@ -43,111 +32,12 @@ void TFaultyMarketAdapter::AddFavoriteListener(const TDataCallbackEvent& Event, 
     });
 }
 
-void TFaultyMarketAdapter::RemoveFavoriteListener(TObject* Owner) {
-    FFavorites.Remove(Owner, {});
-    FInner.RemoveFavoriteListener(Owner);
-}
-
-void TFaultyMarketAdapter::AddSpreadListener(const TDataCallbackEvent& Event, TObject* Owner) {
-    FSpreads.Register(Owner, {}, Event,
-                      [&](const auto& event) { FInner.AddSpreadListener(event, Owner); });
-    FPlan.InRegistration(FSpreads);
-}
-
-void TFaultyMarketAdapter::RemoveSpreadListener(TObject* Owner) {
-    FSpreads.Remove(Owner, {});
-    FInner.RemoveSpreadListener(Owner);
-}
-
-Integer TFaultyMarketAdapter::GetMarketStatus(StringView Exchange) const {
-    return LookedUp(FInner.GetMarketStatus(Exchange));
-}
-
-Integer TFaultyMarketAdapter::GetExchangeCount() const {
-    return LookedUp(FInner.GetExchangeCount());
-}
-
-const String& TFaultyMarketAdapter::GetExchangeCode(Integer Index) const {
-    return FInner.GetExchangeCode(Index);
-}
-
-Integer TFaultyMarketAdapter::GetSeriesCount(StringView Exchange) const {
-    return LookedUp(FInner.GetSeriesCount(Exchange));
-}
-
-const String& TFaultyMarketAdapter::GetSeriesCode(StringView Exchange, Integer Index) const {
-    return FInner.GetSeriesCode(Exchange, Index);
-}
-
-Integer TFaultyMarketAdapter::GetFavoriteCount() const {
-    return LookedUp(FInner.GetFavoriteCount());
-}
-
-const String& TFaultyMarketAdapter::GetFavoriteSymbol(Integer Index) const {
-    return FInner.GetFavoriteSymbol(Index);
-}
-
-Boolean TFaultyMarketAdapter::AddFavorite(StringView Symbol) {
-    const Boolean added = FInner.AddFavorite(Symbol);
-    if (added) FPlan.InRegistration(FFavorites);
-    return added;
-}
-
-Boolean TFaultyMarketAdapter::RemoveFavorite(StringView Symbol) {
-    const Boolean removed = FInner.RemoveFavorite(Symbol);
-    if (removed) FPlan.InRegistration(FFavorites);
-    return removed;
-}
-
-void TFaultyMarketAdapter::RemoveFavorites(std::span<const String> Symbols, Integer High) {
-    const Integer before = FInner.GetFavoriteCount();
-    FInner.RemoveFavorites(Symbols, High);
-    if (FInner.GetFavoriteCount() != before) FPlan.InRegistration(FFavorites);
-}
-
-String TFaultyMarketAdapter::GetSymbolName(StringView Symbol, TAppLanguage Language) const {
-    return LookedUp(FInner.GetSymbolName(Symbol, Language));
-}
-
-Boolean TFaultyMarketAdapter::IsMarketDataReady() const {
-    return LookedUp(FInner.IsMarketDataReady());
-}
-
-Integer TFaultyMarketAdapter::GetMarketDataCount(StringView Exchange, StringView Series) const {
-    return LookedUp(FInner.GetMarketDataCount(Exchange, Series));
-}
-
-TCustomMarketData* TFaultyMarketAdapter::GetMarketDataAt(StringView Exchange, StringView Series,
-                                                         Integer Index) const {
-    return LookedUp(FInner.GetMarketDataAt(Exchange, Series, Index));
-}
-
-TCustomSeriesData* TFaultyMarketAdapter::FindSeries(StringView Code) const {
-    return LookedUp(FInner.FindSeries(Code));
-}
-
-TCustomCategoryData* TFaultyMarketAdapter::FindCategory(Integer CategoryID) const {
-    return LookedUp(FInner.FindCategory(CategoryID));
-}
-
-TCustomMarketData* TFaultyMarketAdapter::FindMarketData(StringView Symbol) const {
-    return LookedUp(FInner.FindMarketData(Symbol));
-}
-
 TCustomSpreadTable* TFaultyMarketAdapter::FindSpreadTable(StringView SpreadCode) {
     if (!FPlan.IsOn()) return FInner.FindSpreadTable(SpreadCode);
     const String code(SpreadCode);
     TCustomSpreadTable* table = FInner.FindSpreadTable(code);
     if (table != nullptr && table->GetStatus() == SpreadTableLoaded) FLoaded.Add(code, table);
-    return LookedUp(table);
-}
-
-TCustomMarketData* TFaultyMarketAdapter::GetFavoriteMarketData(Integer Index) const {
-    return LookedUp(FInner.GetFavoriteMarketData(Index));
-}
-
-Boolean TFaultyMarketAdapter::IsFavorite(StringView Symbol) const {
-    return LookedUp(FInner.IsFavorite(Symbol));
+    return FPlan.LookedUp(table);
 }
 
 TFaultySubscribeAdapter::TFaultySubscribeAdapter(TFaultPlan& plan, TEmbeddedSubscribeAdapter& inner)
@@ -197,13 +87,6 @@ void TFaultySubscribeAdapter::Subscribe(TCustomSubItem* Item, const TDataCallbac
 void TFaultySubscribeAdapter::Unsubscribe(TCustomSubItem* Item, TObject* Owner) {
     Leave(*Item, Owner, nullptr);
     FInner.Unsubscribe(Item, Owner);
-}
-
-TCustomSubItem* TFaultySubscribeAdapter::GetSubItem(StringView Key, StringView DataType,
-                                                    Boolean Flag) {
-    TCustomSubItem* item = FInner.GetSubItem(Key, DataType, Flag);
-    FPlan.InLookUp();
-    return item;
 }
 
 // Items that the owner does not follow, and the margins that it does.

@@ -14,40 +14,82 @@ class TFaultyMarketAdapter final : public TCustomMarketAdapter {
 public:
     TFaultyMarketAdapter(TFaultPlan& plan, TEmbeddedMarketAdapter& inner);
 
-    void AddExchangeListener(const TDataCallbackEvent& Event, TObject* Owner) override;
-    void RemoveExchangeListener(TObject* Owner) override;
+    void AddExchangeListener(const TDataCallbackEvent& Event, TObject* Owner) override {
+        FExchanges.Add(FInner, &TCustomMarketAdapter::AddExchangeListener, Event, Owner);
+    }
+    void RemoveExchangeListener(TObject* Owner) override {
+        FExchanges.Remove(FInner, &TCustomMarketAdapter::RemoveExchangeListener, Owner);
+    }
     void AddFavoriteListener(const TDataCallbackEvent& Event, TObject* Owner) override;
-    void RemoveFavoriteListener(TObject* Owner) override;
-    void AddSpreadListener(const TDataCallbackEvent& Event, TObject* Owner) override;
-    void RemoveSpreadListener(TObject* Owner) override;
-    Integer GetMarketStatus(StringView Exchange) const override;
-    Integer GetExchangeCount() const override;
-    const String& GetExchangeCode(Integer Index) const override;
-    Integer GetSeriesCount(StringView Exchange) const override;
-    const String& GetSeriesCode(StringView Exchange, Integer Index) const override;
-    Integer GetFavoriteCount() const override;
-    const String& GetFavoriteSymbol(Integer Index) const override;
-    Boolean AddFavorite(StringView Symbol) override;
-    Boolean RemoveFavorite(StringView Symbol) override;
-    void RemoveFavorites(std::span<const String> Symbols, Integer High) override;
-    String GetSymbolName(StringView Symbol, TAppLanguage Language) const override;
-    Boolean IsMarketDataReady() const override;
-    Integer GetMarketDataCount(StringView Exchange, StringView Series) const override;
+    void RemoveFavoriteListener(TObject* Owner) override {
+        FFavorites.Remove(FInner, &TCustomMarketAdapter::RemoveFavoriteListener, Owner);
+    }
+    void AddSpreadListener(const TDataCallbackEvent& Event, TObject* Owner) override {
+        FSpreads.Add(FInner, &TCustomMarketAdapter::AddSpreadListener, Event, Owner);
+    }
+    void RemoveSpreadListener(TObject* Owner) override {
+        FSpreads.Remove(FInner, &TCustomMarketAdapter::RemoveSpreadListener, Owner);
+    }
+    Integer GetMarketStatus(StringView Exchange) const override {
+        return FPlan.LookedUp(FInner.GetMarketStatus(Exchange));
+    }
+    Integer GetExchangeCount() const override { return FPlan.LookedUp(FInner.GetExchangeCount()); }
+    Integer GetSeriesCount(StringView Exchange) const override {
+        return FPlan.LookedUp(FInner.GetSeriesCount(Exchange));
+    }
+    Integer GetFavoriteCount() const override { return FPlan.LookedUp(FInner.GetFavoriteCount()); }
+    String GetSymbolName(StringView Symbol, TAppLanguage Language) const override {
+        return FPlan.LookedUp(FInner.GetSymbolName(Symbol, Language));
+    }
+    Boolean IsMarketDataReady() const override {
+        return FPlan.LookedUp(FInner.IsMarketDataReady());
+    }
+    Integer GetMarketDataCount(StringView Exchange, StringView Series) const override {
+        return FPlan.LookedUp(FInner.GetMarketDataCount(Exchange, Series));
+    }
     TCustomMarketData* GetMarketDataAt(StringView Exchange, StringView Series,
-                                       Integer Index) const override;
-    TCustomSeriesData* FindSeries(StringView Code) const override;
-    TCustomCategoryData* FindCategory(Integer CategoryID) const override;
-    TCustomMarketData* FindMarketData(StringView Symbol) const override;
+                                       Integer Index) const override {
+        return FPlan.LookedUp(FInner.GetMarketDataAt(Exchange, Series, Index));
+    }
+    TCustomSeriesData* FindSeries(StringView Code) const override {
+        return FPlan.LookedUp(FInner.FindSeries(Code));
+    }
+    TCustomCategoryData* FindCategory(Integer CategoryID) const override {
+        return FPlan.LookedUp(FInner.FindCategory(CategoryID));
+    }
+    TCustomMarketData* FindMarketData(StringView Symbol) const override {
+        return FPlan.LookedUp(FInner.FindMarketData(Symbol));
+    }
+    TCustomMarketData* GetFavoriteMarketData(Integer Index) const override {
+        return FPlan.LookedUp(FInner.GetFavoriteMarketData(Index));
+    }
+    Boolean IsFavorite(StringView Symbol) const override {
+        return FPlan.LookedUp(FInner.IsFavorite(Symbol));
+    }
+    const String& GetExchangeCode(Integer Index) const override {
+        return FInner.GetExchangeCode(Index);
+    }
+    const String& GetSeriesCode(StringView Exchange, Integer Index) const override {
+        return FInner.GetSeriesCode(Exchange, Index);
+    }
+    const String& GetFavoriteSymbol(Integer Index) const override {
+        return FInner.GetFavoriteSymbol(Index);
+    }
+    Boolean AddFavorite(StringView Symbol) override { return Changed(FInner.AddFavorite(Symbol)); }
+    Boolean RemoveFavorite(StringView Symbol) override {
+        return Changed(FInner.RemoveFavorite(Symbol));
+    }
+    void RemoveFavorites(std::span<const String> Symbols, Integer High) override {
+        const Integer before = FInner.GetFavoriteCount();
+        FInner.RemoveFavorites(Symbols, High);
+        Changed(FInner.GetFavoriteCount() != before);
+    }
     TCustomSpreadTable* FindSpreadTable(StringView SpreadCode) override;
-    TCustomMarketData* GetFavoriteMarketData(Integer Index) const override;
-    Boolean IsFavorite(StringView Symbol) const override;
 
 private:
-    // What a look-up answers, once others have been called inside it.
-    template <class Answer>
-    Answer LookedUp(Answer answer) const {
-        FPlan.InLookUp();
-        return answer;
+    Boolean Changed(Boolean changed) { // the favourites
+        if (changed) FPlan.InRegistration(FFavorites);
+        return changed;
     }
     void TellSpreads(TFaultyEntry& entry);
 
@@ -68,7 +110,9 @@ public:
 
     void Subscribe(TCustomSubItem* Item, const TDataCallbackEvent& Event, TObject* Owner) override;
     void Unsubscribe(TCustomSubItem* Item, TObject* Owner) override;
-    TCustomSubItem* GetSubItem(StringView Key, StringView DataType, Boolean Flag) override;
+    TCustomSubItem* GetSubItem(StringView Key, StringView DataType, Boolean Flag) override {
+        return FPlan.LookedUp(FInner.GetSubItem(Key, DataType, Flag));
+    }
 
 private:
     struct TFollowing { // of one owner with one event

@@ -40,56 +40,6 @@ void TFaultyPositionAdapter::ChangePositionAccount(StringView Account,
     FPlan.InRegistration(FChanges);
 }
 
-void TFaultyPositionAdapter::RemovePositionCallback(StringView Account, TObject* Owner) {
-    FChanges.Remove(Owner, Account);
-    FInner.RemovePositionCallback(Account, Owner);
-}
-
-void TFaultyPositionAdapter::AddPositionMarketDataCallback(const TDataCallbackEvent& Callback,
-                                                           TObject* Owner) {
-    FMoves.Register(Owner, {}, Callback,
-                    [&](const auto& event) { FInner.AddPositionMarketDataCallback(event, Owner); });
-    FPlan.InRegistration(FMoves);
-}
-
-void TFaultyPositionAdapter::RemovePositionMarketDataCallback(TObject* Owner) {
-    FMoves.Remove(Owner, {});
-    FInner.RemovePositionMarketDataCallback(Owner);
-}
-
-void TFaultyPositionAdapter::AddAggregatePositionCallback(StringView Account,
-                                                          const TDataCallbackEvent& Callback,
-                                                          TObject* Owner, Pointer Reserved) {
-    FAggregates.Register(Owner, Account, Callback, [&](const auto& event) {
-        FInner.AddAggregatePositionCallback(Account, event, Owner, Reserved);
-    });
-    FPlan.InRegistration(FAggregates);
-}
-
-void TFaultyPositionAdapter::RemoveAggregatePositionCallback(StringView Account, TObject* Owner) {
-    FAggregates.Remove(Owner, Account);
-    FInner.RemoveAggregatePositionCallback(Account, Owner);
-}
-
-void TFaultyPositionAdapter::GetPositionList(StringView Account, TPositionDictionary& List) const {
-    FInner.GetPositionList(Account, List);
-    FPlan.InLookUp();
-}
-
-TCustomPositionData* TFaultyPositionAdapter::GetPosition(StringView Account,
-                                                         StringView Symbol) const {
-    TCustomPositionData* record = FInner.GetPosition(Account, Symbol);
-    FPlan.InLookUp();
-    return record;
-}
-
-Boolean TFaultyPositionAdapter::GetMarketValue(StringView Symbol, Double NetQuantity,
-                                               Double& Value) const {
-    const Boolean known = FInner.GetMarketValue(Symbol, NetQuantity, Value);
-    FPlan.InLookUp();
-    return known;
-}
-
 void TFaultyPositionAdapter::AddHeld(THeld& held, StringView account) const {
     TPositionDictionary positions;
     FInner.GetPositionList(account, positions);

@@ -15,15 +15,37 @@ public:
 
     void ChangePositionAccount(StringView Account, const TDataCallbackEvent& Callback,
                                TObject* Owner, StringView PreviousAccount) override;
-    void RemovePositionCallback(StringView Account, TObject* Owner) override;
-    void AddPositionMarketDataCallback(const TDataCallbackEvent& Callback, TObject* Owner) override;
-    void RemovePositionMarketDataCallback(TObject* Owner) override;
+    void RemovePositionCallback(StringView Account, TObject* Owner) override {
+        FChanges.Remove(Owner, Account);
+        FInner.RemovePositionCallback(Account, Owner);
+    }
+    void AddPositionMarketDataCallback(const TDataCallbackEvent& Callback,
+                                       TObject* Owner) override {
+        FMoves.Add(FInner, &TCustomPositionAdapter::AddPositionMarketDataCallback, Callback, Owner);
+    }
+    void RemovePositionMarketDataCallback(TObject* Owner) override {
+        FMoves.Remove(FInner, &TCustomPositionAdapter::RemovePositionMarketDataCallback, Owner);
+    }
     void AddAggregatePositionCallback(StringView Account, const TDataCallbackEvent& Callback,
-                                      TObject* Owner, Pointer Reserved) override;
-    void RemoveAggregatePositionCallback(StringView Account, TObject* Owner) override;
-    void GetPositionList(StringView Account, TPositionDictionary& List) const override;
-    TCustomPositionData* GetPosition(StringView Account, StringView Symbol) const override;
-    Boolean GetMarketValue(StringView Symbol, Double NetQuantity, Double& Value) const override;
+                                      TObject* Owner, Pointer Reserved) override {
+        FAggregates.RegisterAndCall(Owner, Account, Callback, [&](const auto& event) {
+            FInner.AddAggregatePositionCallback(Account, event, Owner, Reserved);
+        });
+    }
+    void RemoveAggregatePositionCallback(StringView Account, TObject* Owner) override {
+        FAggregates.Remove(Owner, Account);
+        FInner.RemoveAggregatePositionCallback(Account, Owner);
+    }
+    void GetPositionList(StringView Account, TPositionDictionary& List) const override {
+        FInner.GetPositionList(Account, List);
+        FPlan.InLookUp();
+    }
+    TCustomPositionData* GetPosition(StringView Account, StringView Symbol) const override {
+        return FPlan.LookedUp(FInner.GetPosition(Account, Symbol));
+    }
+    Boolean GetMarketValue(StringView Symbol, Double NetQuantity, Double& Value) const override {
+        return FPlan.LookedUp(FInner.GetMarketValue(Symbol, NetQuantity, Value));
+    }
 
 private:
     using THeld = TDictionary<String, TPositionDictionary>; // by account
