@@ -193,7 +193,7 @@ void TMainWindow::Store() {
 void TMainWindow::closeEvent(QCloseEvent* event) {
     Store();
     event->accept();
-    QApplication::quit(); // floating forms are windows of their own
+    QApplication::exit(); // floating forms are windows of their own, and stay as they are stored
 }
 
 } // namespace quorin
