@@ -48,6 +48,8 @@ TMainWindow::TMainWindow(TDesktopSession& session, const TDesktopOptions& option
     connect(&FFrameTimer, &QTimer::timeout, this, &TMainWindow::Frame);
     session.Host().SetWindow(this);
     OpenFirst(options);
+    for (TPaneDock* dock : FDocks) NoteFirst(*dock, FWorkspace); // with their groups
+    FWorkspace.SetFirst(FormsKey, FormCodes());
 }
 
 TMainWindow::~TMainWindow() {
@@ -135,6 +137,7 @@ TPaneDock& TMainWindow::OpenDock(TPaneKind kind, int number) {
     connect(dock, &TPaneDock::Ended, this, &TMainWindow::EndForm);
     Link(dock->Pane());
     RestorePane(*dock, FWorkspace);
+    NoteFirst(*dock, FWorkspace);
     return *dock;
 }
 
@@ -169,14 +172,16 @@ void TMainWindow::StoreForm(TPaneDock& dock) {
     if (FKeepsForms) StorePane(dock, FWorkspace);
 }
 
+QString TMainWindow::FormCodes() const {
+    QStringList codes;
+    for (const TPaneDock* dock : FDocks) codes << dock->objectName();
+    return codes.join(u' ');
+}
+
 void TMainWindow::Store() {
     if (FKeepsForms) {
-        QStringList codes;
-        for (TPaneDock* dock : FDocks) {
-            codes << dock->objectName();
-            StoreForm(*dock);
-        }
-        FWorkspace.Set(FormsKey, codes.join(u' '));
+        for (TPaneDock* dock : FDocks) StoreForm(*dock);
+        FWorkspace.Set(FormsKey, FormCodes());
         FWorkspace.Set(GeometryKey, ToBase64(saveGeometry()));
         FWorkspace.Set(StateKey, ToBase64(saveState()));
     }
@@ -188,7 +193,7 @@ void TMainWindow::Store() {
 void TMainWindow::closeEvent(QCloseEvent* event) {
     Store();
     event->accept();
-    QApplication::quit(); // floating forms are windows of their own
+    QApplication::exit(); // floating forms are windows of their own, and stay as they are stored
 }
 
 } // namespace quorin

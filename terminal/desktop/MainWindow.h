@@ -76,6 +76,7 @@ private:
     TPaneDock* DockOf(const QString& code) const;
     void EndForm(TPaneDock* dock);
     void StoreForm(TPaneDock& dock);
+    QString FormCodes() const; // as under FormsKey
     void MakeMenus();
     void FollowLanguage();
 

@@ -5,6 +5,7 @@
 #include "terminal/forms/TerminalKeys.h"
 #include "viewdata/frame/ServiceTexts.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -100,6 +101,12 @@ void TPaneDock::Follow() {
                                 GroupText(FPane->Group()));
     ShowText(*FFloatButton, ToQt(InterfaceText(TerminalKey::Res_FormFloat)));
     ShowText(*FCloseButton, ToQt(InterfaceText(TerminalKey::Res_FormClose)));
+}
+
+// Whatever box is open may have been raised by this form, say by a field that was being left.
+bool TPaneDock::IsAsking() const {
+    return QApplication::activeModalWidget() != nullptr || FPane->IsAsking() ||
+           (FActions && FActions->IsBusy());
 }
 
 void TPaneDock::CloseForm() {

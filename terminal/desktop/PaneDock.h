@@ -25,8 +25,8 @@ public:
     // What can be done with its list or tree; nil for forms without one.
     TGridActions* Actions() { return FActions; }
     void Follow();
-    // The person, or the program, wants the form gone: it goes at once, or when its question has
-    // been answered, or its export is done.
+    // The person, or the program, wants the form gone: it goes at once, or when its question, or
+    // any box that is open, has been answered, or its export is done.
     void CloseForm();
 
 signals:
@@ -39,7 +39,7 @@ protected:
 private:
     QToolButton* MakeButton(const QString& text);
     void FollowGroup();
-    bool IsAsking() const { return FPane->IsAsking() || (FActions && FActions->IsBusy()); }
+    bool IsAsking() const;
 
     TPane* FPane;
     QPointer<TGridActions> FActions; // the view's

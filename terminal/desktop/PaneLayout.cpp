@@ -10,15 +10,26 @@ const QString ChoiceKey = QStringLiteral(".choice");
 const QString GroupKey = QStringLiteral(".group");
 const QString LayoutKey = QStringLiteral(".layout");
 
+template <class Call>
+void EachValue(TPaneDock& dock, const Call& call) {
+    const QString code = dock.objectName();
+    call(code + ChoiceKey, ToQt(dock.Pane().Choice()));
+    call(code + GroupKey, QString::number(dock.Pane().Group()));
+    if (dock.Actions() != nullptr) call(code + LayoutKey, ToQt(dock.Actions()->Keeper().Layout()));
+}
+
 } // namespace
 
 void StorePane(TPaneDock& dock, TWorkspace& workspace) {
-    const QString code = dock.objectName();
-    workspace.Set(code + ChoiceKey, ToQt(dock.Pane().Choice()));
-    workspace.Set(code + GroupKey, QString::number(dock.Pane().Group()));
-    if (dock.Actions() != nullptr) {
-        workspace.Set(code + LayoutKey, ToQt(dock.Actions()->Keeper().Layout()));
-    }
+    EachValue(dock, [&workspace](const QString& key, const QString& value) {
+        workspace.Set(key, value);
+    });
+}
+
+void NoteFirst(TPaneDock& dock, TWorkspace& workspace) {
+    EachValue(dock, [&workspace](const QString& key, const QString& value) {
+        workspace.SetFirst(key, value);
+    });
 }
 
 void RestorePane(TPaneDock& dock, const TWorkspace& workspace) {

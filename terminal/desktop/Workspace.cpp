@@ -66,44 +66,57 @@ void TWorkspace::SetTheme(TTheme theme) {
 // Another version's values are taken as far as they are texts: what they mean is up to the key.
 TWorkspace::TValues TWorkspace::Read() {
     TValues values;
+    FKeptAs.clear();
+    FIsRead = false;
     QFile file(FFile);
     if (FFile.isEmpty() || !file.exists()) return values;
     if (!file.open(QIODevice::ReadOnly)) {
         FProblem = FFile + QStringLiteral(": cannot be read");
         return values;
     }
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (!document.isObject() || !document.object().value(ValuesKey).isObject()) {
-        FIsDamaged = true;
-        FProblem = FFile + QStringLiteral(": is no workspace; it will be kept as ") + FFile +
-                   QStringLiteral(".bad");
+    const QJsonObject document = QJsonDocument::fromJson(file.readAll()).object();
+    if (!document.value(ValuesKey).isObject()) {
+        FKeptAs = FFile + QStringLiteral(".bad");
+        FProblem = FFile + QStringLiteral(": is no workspace; it will be kept as ") + FKeptAs;
         return values;
     }
-    const QJsonObject stored = document.object().value(ValuesKey).toObject();
+    FIsRead = true;
+    const int version = document.value(VersionKey).toInt();
+    if (version != Version) {
+        FKeptAs = FFile + QStringLiteral(".version-") + QString::number(version);
+        FProblem = FFile + QStringLiteral(": is of another version; it will be kept as ") + FKeptAs;
+    }
+    const QJsonObject stored = document.value(ValuesKey).toObject();
     for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
         if (entry.value().isString()) values.insert(entry.key(), entry.value().toString());
     }
     return values;
 }
 
+TWorkspace::TValues TWorkspace::Merged(TValues found) const {
+    if (!FIsRead) return FValues;
+    for (auto entry = FValues.cbegin(); entry != FValues.cend(); ++entry) {
+        const bool isFirst = !FStored.contains(entry.key()) && found.contains(entry.key()) &&
+                             FFirst.value(entry.key()) == entry.value();
+        const bool isChanged = FStored.value(entry.key()) != entry.value();
+        if (isChanged && !isFirst) found.insert(entry.key(), entry.value());
+    }
+    for (auto entry = FStored.cbegin(); entry != FStored.cend(); ++entry) {
+        if (!FValues.contains(entry.key())) found.remove(entry.key());
+    }
+    return found;
+}
+
+// Another terminal may have put the file right, or broken it, since it was read here.
 bool TWorkspace::Store() {
     if (FFile.isEmpty() || FValues == FStored) return true;
     QDir().mkpath(QFileInfo(FFile).absolutePath());
     QLockFile lock(FFile + QStringLiteral(".lock"));
     lock.tryLock(LockPatience); // without it the file is still replaced as a whole
-    if (FIsDamaged) {
-        QFile::remove(FFile + QStringLiteral(".bad"));
-        QFile::rename(FFile, FFile + QStringLiteral(".bad"));
-        FIsDamaged = false;
-    }
-
-    TValues merged = Read();
-    for (auto entry = FValues.cbegin(); entry != FValues.cend(); ++entry) {
-        if (FStored.value(entry.key()) != entry.value()) merged.insert(entry.key(), entry.value());
-    }
-    for (auto entry = FStored.cbegin(); entry != FStored.cend(); ++entry) {
-        if (!FValues.contains(entry.key())) merged.remove(entry.key());
+    const TValues merged = Merged(Read());
+    if (!FKeptAs.isEmpty()) {
+        QFile::remove(FKeptAs);
+        QFile::copy(FFile, FKeptAs);
     }
 
     QJsonObject values;

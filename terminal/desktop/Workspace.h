@@ -24,6 +24,9 @@ public:
     QString Value(const QString& key) const { return FValues.value(key); }
     // An empty value takes the key away.
     void Set(const QString& key, const QString& value);
+    // What holds without a word of the file: it is not written over what another terminal has
+    // stored meanwhile.
+    void SetFirst(const QString& key, const QString& value) { FFirst.insert(key, value); }
 
     // As chosen last; nothing before the first choice.
     std::optional<TAppLanguage> Language() const;
@@ -32,7 +35,8 @@ public:
     void SetTheme(TTheme theme);
 
     // Writes the changes; the file is replaced as a whole or not at all. A file that could not be
-    // understood is kept beside it, with ".bad" behind its name. False when it cannot be written.
+    // understood is kept beside it, with ".bad" behind its name, and one of another version with
+    // ".version-N"; then all is written. False when it cannot be written.
     bool Store();
     // One line on a file that could not be read or written; empty when all went well.
     const QString& Problem() const { return FProblem; }
@@ -41,12 +45,15 @@ private:
     using TValues = QHash<QString, QString>;
 
     TValues Read();
+    TValues Merged(TValues found) const;
 
     QString FFile;
     TValues FValues;
     TValues FStored; // as in the file when it was last read or written
+    TValues FFirst;
     QString FProblem;
-    bool FIsDamaged = false;
+    QString FKeptAs;      // the name for a file of another kind that was read; else empty
+    bool FIsRead = false; // there was a file, and it could be understood
 };
 
 } // namespace quorin

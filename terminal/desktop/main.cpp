@@ -72,11 +72,28 @@ int Measure(TMainWindow& window, TDesktopSession& session, Integer seconds) {
     return status;
 }
 
+// Says each problem of the workspace once, at the start or at the end.
+class TWorkspaceTeller {
+public:
+    explicit TWorkspaceTeller(const TWorkspace& workspace) : FWorkspace(workspace) { Tell(); }
+    TWorkspaceTeller(const TWorkspaceTeller&) = delete;
+    TWorkspaceTeller& operator=(const TWorkspaceTeller&) = delete;
+    ~TWorkspaceTeller() { Tell(); }
+
+private:
+    void Tell() {
+        if (FWorkspace.Problem() == FTold) return;
+        FTold = FWorkspace.Problem();
+        std::cerr << ProgramName << ": " << FTold.toStdString() << '\n';
+    }
+
+    const TWorkspace& FWorkspace;
+    QString FTold;
+};
+
 int Run(QApplication& application, TDesktopOptions options) {
     TWorkspace workspace(QString::fromStdString(options.Workspace.string()));
-    if (!workspace.Problem().isEmpty()) {
-        std::cerr << ProgramName << ": " << workspace.Problem().toStdString() << '\n';
-    }
+    const TWorkspaceTeller teller(workspace);
     if (!options.Language.has_value()) options.Language = workspace.Language();
     if (!options.Theme.has_value()) options.Theme = workspace.Theme();
     ApplyTheme(application, options.Theme.value_or(TTheme::Light));
