@@ -239,7 +239,6 @@ void TFaultsTest::ClosesAFormAfterItsBox() {
     CloseAll();
     QSet<QString> boxes;
     for (const TPaneKindInfo& info : PaneKinds()) {
-        const Integer before = CountAfter(info.Kind);
         for (qsizetype index = 0;; ++index) {
             FWindow->Open(info.Kind);
             const QPointer<TPaneDock> dock = FWindow->Docks().front();
@@ -267,11 +266,6 @@ void TFaultsTest::ClosesAFormAfterItsBox() {
             Settle();
             QVERIFY2(isHeld, info.Code);
             QVERIFY2(dock.isNull() && FWindow->Docks().empty(), info.Code);
-            auto& sv = FSession->Services();
-            qDebug("DBG %s %d %d items %d market %d pos %d acc %d prod %d", info.Code, before,
-                   Registrations(), sv.Items().RegistrationCount(), sv.Market().RegistrationCount(),
-                   sv.Positions().RegistrationCount(), sv.Accounts().RegistrationCount(),
-                   sv.Products().RegistrationCount());
             if (isOver) break;
         }
     }
