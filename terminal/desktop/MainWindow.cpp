@@ -7,7 +7,6 @@
 #include "terminal/desktop/TicketPane.h"
 #include "terminal/desktop/WatchPane.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QStatusBar>
 
@@ -193,7 +192,7 @@ void TMainWindow::Store() {
 void TMainWindow::closeEvent(QCloseEvent* event) {
     Store();
     event->accept();
-    QApplication::exit(); // floating forms are windows of their own, and stay as they are stored
+    emit Closed();
 }
 
 } // namespace quorin

@@ -55,6 +55,11 @@ public:
     // Hands forms and layouts to the workspace and writes it.
     void Store();
 
+signals:
+    // The user has closed the window, and forms and layouts are stored. Floating forms are windows
+    // of their own and stay open; the program ends.
+    void Closed();
+
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

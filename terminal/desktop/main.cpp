@@ -103,6 +103,7 @@ int Run(QApplication& application, TDesktopOptions options) {
     load.Close();
     TMainWindow window(session, options, workspace);
     if (!options.Screenshot.empty()) return TakePicture(window, session, options);
+    QObject::connect(&window, &TMainWindow::Closed, &application, [] { QApplication::exit(); });
     window.show();
     QApplication::processEvents(); // the first layout is no pause of a running window
     window.Frame();

@@ -1,4 +1,6 @@
+#include "platform/rtl/Numbers.h"
 #include "tests/viewdata/MarketFixture.h"
+#include "viewdata/market/MarketAttributes.h"
 
 #include <gtest/gtest.h>
 
@@ -181,6 +183,61 @@ TEST_F(TPriceChangeTrackingTest, RefreshTellsEachChangeOncePerCell) {
     SetField(u"00700", 1, 3.0);
     EXPECT_EQ(Refreshed(0, 1), pcsDown); // also over a reload
     EXPECT_EQ(TakeSignals(), 0);
+}
+
+TEST_F(TPriceChangeTrackingTest, TheFarthestMoveIsTold) {
+    const auto farthest = [&](Integer row, Integer field) {
+        return AnswerOf([&](auto& state) { return Control->GetExtremeMove(row, field, state); },
+                        pcsNone);
+    };
+    EXPECT_EQ(farthest(0, Field::LastPrice), std::nullopt) << "no field yet";
+    Show({0});
+    const struct {
+        const char* Name;
+        std::vector<Double> Prices; // since the last look
+        TPriceChangeState State;
+    } steps[] = {
+        {"first look", {350.0}, pcsNone},
+        {"nothing", {}, pcsNone},
+        {"up", {351.0}, pcsUp},
+        {"a rise that is taken back", {353.0, 351.0}, pcsUp},
+        {"a fall that is taken back", {350.0, 351.0}, pcsDown},
+        {"farther down than up", {352.0, 349.0}, pcsDown},
+        {"as far up as down", {350.0, 348.0, 349.0}, pcsUp},
+        {"told once", {}, pcsNone},
+    };
+    for (const auto& step : steps) {
+        for (const Double price : step.Prices) Tick({u"00700"}, price);
+        EXPECT_EQ(farthest(0, Field::LastPrice), step.State) << step.Name;
+    }
+    for (const Integer row : {-1, 2}) EXPECT_EQ(farthest(row, Field::LastPrice), std::nullopt);
+}
+
+// A list so long that it is fetched ahead.
+TEST_F(TPriceChangeTrackingTest, RowsOfALongListAreTheirOwn) {
+    constexpr Integer count = 6000;
+    constexpr Integer step = 7;
+    std::vector<Integer> rows;
+    for (Integer row = 0; row < count; ++row) {
+        Services().Market().AddSymbol(
+            {.Symbol = u"L" + IntegerToText(row), .Exchange = u"QEX", .Series = u"ZERO"});
+        if (row % 3 != 0) rows.push_back(row + 1); // the exchange has a future before them
+    }
+    Load(u"QEX");
+    ASSERT_EQ(Control->GetCount(), count + 1);
+    Show(rows);
+    for (const Double price : {10.0, 11.0}) {
+        for (Integer row = 0; row < count; row += step) {
+            SetField(Control->GetSymbol(row), Field::LastPrice, price + row % 2);
+        }
+        Services().Items().Deliver();
+    }
+    EXPECT_EQ(TakeSignals(), 2);
+    for (Integer row = 0; row < count; row += step) {
+        EXPECT_EQ(Control->GetValue(row, MarketAttribute::LastPrice), Variant(11.0 + row % 2));
+        const bool isFollowed = row > 0 && (row - 1) % 3 != 0;
+        EXPECT_EQ(LastMove(row) == pcsUp, isFollowed) << row;
+    }
 }
 
 } // namespace
