@@ -7,6 +7,7 @@
 #include "terminal/desktop/TicketPane.h"
 #include "terminal/desktop/WatchPane.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QStatusBar>
 
