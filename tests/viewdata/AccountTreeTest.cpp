@@ -1,6 +1,7 @@
 #include "tests/viewdata/AccountTreeFixture.h"
 #include "viewdata/frame/TreeDataSource.h"
 
+#include <set>
 #include <vector>
 
 namespace quorin {
@@ -228,6 +229,12 @@ TEST_F(AccountTreeTest, ConvertedRowsOfADescendant) {
     View().FNodeList.Add(std::move(node));
     EXPECT_EQ(Nodes(), u"604 604-HKD 604-USD 604-HKD>CNY");
     EXPECT_EQ(View().GetParentNode(View().GetNode(3)), View().GetNode(1));
+    std::set<String> identities;
+    for (Integer index = 0; index < 4; ++index) {
+        identities.insert(View().NodeIdentity(View().GetNode(index)));
+    }
+    EXPECT_EQ(identities.size(), 4u) << "each row has its own";
+    EXPECT_FALSE(identities.contains(u""));
     View().ClearAccountCurrencyNode();
     EXPECT_EQ(Nodes(), u"604");
     EXPECT_EQ(View().FAccountCurrencyDataCount, 0);
