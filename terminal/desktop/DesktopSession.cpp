@@ -1,10 +1,10 @@
 #include "terminal/desktop/DesktopSession.h"
 
 #include "embedded/TimeText.h"
+#include "terminal/forms/SettingsTable.h"
 #include "viewdata/editors/EditorManager.h"
 #include "viewdata/market/MarketTradeSideDetector.h"
 #include "viewdata/presentation/IImageResource.h"
-#include "viewdata/services/ConfigKeys.h"
 
 #include <QDebug>
 #include <QScopedValueRollback>
@@ -13,12 +13,12 @@ namespace quorin {
 
 namespace {
 
-// Unless the settings say otherwise: two groups of fields are there to show two things.
-void KeepGroupsApart(TEmbeddedConfigManager& config) {
-    constexpr StringView apart = u"0";
-    if (!config.ReadString(TradePlatformSection, ConfigKey::DefaultGroupDataMode).empty()) return;
-    config.Set(TradePlatformSection, ConfigKey::DefaultGroupDataMode, apart);
-    config.Commit();
+// Before anybody looks at them.
+void TakeUsualSettings(TEmbeddedConfigManager& config) {
+    for (const TSetting& setting : Settings()) {
+        const bool isUsual = !setting.Default.empty() && SettingText(setting).empty();
+        if (isUsual) ChangeSetting(config, setting, setting.Default);
+    }
 }
 
 } // namespace
@@ -47,7 +47,7 @@ TDesktopSession::TDesktopSession(const TDesktopOptions& options,
       FMarket(FServices,
               {dataFolder, options.Universe, options.Seed, options.StepSeconds, 0, progress}),
       FExchange(FMarket.ChooseExchange(options.Exchange)) {
-    KeepGroupsApart(FServices.Config());
+    TakeUsualSettings(FServices.Config());
     FSinceDelivery.start();
     FHost.SetFieldLists(&FFieldLists);
     FHost.SetDesk(&FServices.Desk());

@@ -35,7 +35,7 @@ struct TSetting {
     std::span<const TSettingChoice> Choices = {};
     Integer Highest = 0;
     StringView Section = {}; // empty: the running application's
-    StringView Default = {}; // what a reset stores
+    StringView Default = {}; // what a terminal begins with, and a reset stores; empty for nothing
 };
 
 // Every setting that a person may change, group by group.

@@ -254,13 +254,13 @@ void TPanesTest::AppliesSettingsAtOnce() {
     auto& wheel = *static_cast<QCheckBox*>(pane.Editor(ConfigKey::EnableMouseWheel));
     auto& decimals = *static_cast<QSpinBox*>(pane.Editor(ConfigKey::AmountPrecision));
     auto& average = *static_cast<QComboBox*>(pane.Editor(ConfigKey::PVAvgPriceMode));
-    QVERIFY(!confirm.isChecked() && wheel.isChecked());
+    QVERIFY(confirm.isChecked() && wheel.isChecked());
     confirm.click();
     wheel.click();
     decimals.setValue(4);
     average.setCurrentIndex(2);
     emit average.activated(2);
-    QVERIFY(config.ReadBool(section, ConfigKey::ConfirmationPlaceOrd));
+    QVERIFY(!config.ReadBool(section, ConfigKey::ConfirmationPlaceOrd));
     QCOMPARE(config.ReadString(section, ConfigKey::EnableMouseWheel), String(u"N"));
     QCOMPARE(config.ReadInteger(section, ConfigKey::AmountPrecision), 4);
     QCOMPARE(config.ReadInteger(section, ConfigKey::PVAvgPriceMode), 2);
@@ -277,7 +277,8 @@ void TPanesTest::AppliesSettingsAtOnce() {
     pane.Follow();
     QCOMPARE(average.currentIndex(), 0);
     QCOMPARE(config.ReadString(section, ConfigKey::PVAvgPriceMode), String());
-    // What a session begins with keeps the groups apart.
+    // What a session begins with asks about orders and keeps the groups apart.
+    QVERIFY(confirm.isChecked());
     QCOMPARE(config.ReadString(TradePlatformSection, ConfigKey::DefaultGroupDataMode),
              String(u"0"));
 
