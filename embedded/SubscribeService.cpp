@@ -193,6 +193,7 @@ void TEmbeddedSubscribeAdapter::BeginBatch(TBatch& batch, TDeliverySerial serial
             item->FStatus = ItemStatus::Ready;
         }
         item->FDelivered = true;
+        if (item->FFollowers.empty()) continue;
         batch.Changed.Add(item->FKey, item);
         for (const TEmbeddedSubItem::TFollower& follower : item->FFollowers) {
             if (follower.Receiver->Called == serial) continue;

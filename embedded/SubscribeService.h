@@ -67,10 +67,10 @@ public:
     // The item belongs to the next delivery; touching it again changes nothing.
     void Touch(TEmbeddedSubItem& item);
     // Shows waiting requests to the feed, then tells of every touched item: one call per owner and
-    // event that follows at least one of them, with the TSubItemDictionary of all of them; after
-    // that the realtime listeners, item by item in the order of the touches. An item that still
-    // waits becomes ready with its first delivery. Without a touched item nobody is called. What is
-    // touched inside waits for the next call, which may also be made inside.
+    // event that follows at least one of them, with the TSubItemDictionary of all that somebody
+    // follows; then the realtime listeners, item by item in the order of the touches. An item that
+    // still waits becomes ready with its first delivery. Without a touched item nobody is called.
+    // What is touched inside waits for the next call, which may also be made inside.
     void Deliver();
 
     // Pairs of item and owner, and realtime listeners.

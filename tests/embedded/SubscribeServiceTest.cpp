@@ -98,7 +98,7 @@ TEST_F(SubscribeServiceTest, OneCallPerOwnerAndEvent) {
         {"one item, one owner", u"A", "x:A "},
         {"two items of one owner", u"AB", "x:AB y:AB "},
         {"touched twice", u"AAA", "x:A "},
-        {"with an item that is not followed", u"DA", "x:DA "},
+        {"with an item that is not followed", u"DA", "x:A "},
         {"both events of an owner", u"ABC", "x:ABC y:ABC x=ABC "},
     };
     for (const auto& row : cases) {
@@ -110,7 +110,7 @@ TEST_F(SubscribeServiceTest, OneCallPerOwnerAndEvent) {
     Drop(X);
     Drop(X); // harmless
     Touch(u"ABC");
-    EXPECT_EQ(Deliver(), "y:ABC ");
+    EXPECT_EQ(Deliver(), "y:B ");
     Drop(Y);
 }
 
@@ -123,7 +123,7 @@ TEST_F(SubscribeServiceTest, RealtimeListenersComeAfterTheBatch) {
     EXPECT_EQ(Adapter.RegistrationCount(), 4);
     Adapter.Subscribe(&Item(u"A"), Y.Batch(), &Y);
     Touch(u"BA");
-    EXPECT_EQ(Deliver(), "y:BA x!B y!B x!A y!A ");
+    EXPECT_EQ(Deliver(), "y:A x!B y!B x!A y!A ");
     X.During = [&] { Item(u"B").RemoveRealtimeListener(&X); };
     Touch(u"B");
     EXPECT_EQ(Deliver(), "x!B y!B ");
@@ -191,7 +191,7 @@ TEST_F(SubscribeServiceTest, RequestsReachTheFeedAtTheNextDelivery) {
     Item(u"C").AddRealtimeListener(X.Realtime(), &X);
     Adapter.GetSubItem(u"A", LiveDataType, true);
     EXPECT_EQ(feed.Keys, "");
-    EXPECT_EQ(Deliver(), "x:ABC x!C ");
+    EXPECT_EQ(Deliver(), "x:B x!C ");
     EXPECT_EQ(feed.Keys, "A B C ");
     EXPECT_EQ(Item(u"A").GetFieldDouble(Field::LastPrice), 7.0);
     Deliver();
@@ -223,7 +223,7 @@ TEST_F(SubscribeServiceTest, DeliversWithoutAllocating) {
     const std::size_t before = AllocationCount();
     for (std::size_t steady = 0; steady < 9; ++steady) round(50 * (steady % 3));
     EXPECT_EQ(AllocationCount(), before);
-    EXPECT_EQ(counter.ItemCount, 1200);
+    EXPECT_EQ(counter.ItemCount, 600); // those that somebody follows
     for (TEmbeddedSubItem* item : items) Adapter.Unsubscribe(item, &counter);
 }
 
