@@ -71,9 +71,9 @@ TWatchPane::TWatchPane(StringView exchange, TOrderDialog& dialog, QWidget* paren
         AddListAction(QKeySequence(QStringLiteral("Ctrl+Shift+Down")), &TWatchPane::MoveDown);
     FAddFavourite =
         AddListAction(QKeySequence(QStringLiteral("Ctrl+Alt+F")), &TWatchPane::AddFavourite);
-    auto* drag = new TRowDrag(*FForm, Grid(), [this] { return FForm->CanMoveFavourites(); });
+    auto* drag = new TRowDrag(*FForm, Grid(), [this] { return FForm->CanMoveRows(); });
     connect(drag, &TRowDrag::Moved, this, [this](const QString& row, const QString& before) {
-        FForm->MoveFavourite(FromQt(row), FromQt(before));
+        FForm->MoveRow(FromQt(row), FromQt(before));
     });
     FillBoxes();
 }
@@ -95,7 +95,7 @@ void TWatchPane::MoveFocused(Integer step) {
     const bool isBehindAll = before == FForm->RowCount();
     const String next = FForm->ShownKey(before);
     if (moved.empty() || (next.empty() && !isBehindAll)) return;
-    FForm->MoveFavourite(moved, next);
+    FForm->MoveRow(moved, next);
 }
 
 void TWatchPane::FillBoxes() {
@@ -109,8 +109,8 @@ void TWatchPane::FillBoxes() {
     FCategories->setCurrentIndex(std::max(FCategories->findData(FForm->Category()), 0));
     FCategories->setAccessibleName(ToQt(InterfaceText(TerminalKey::Res_Category)));
     FCategories->setVisible(FCategories->count() > 2); // one beside all is no choice
-    FMoveUp->setText(ToQt(InterfaceText(TerminalKey::Res_FavouriteUp)));
-    FMoveDown->setText(ToQt(InterfaceText(TerminalKey::Res_FavouriteDown)));
+    FMoveUp->setText(ToQt(InterfaceText(TerminalKey::Res_RowUp)));
+    FMoveDown->setText(ToQt(InterfaceText(TerminalKey::Res_RowDown)));
     FAddFavourite->setText(ToQt(InterfaceText(TerminalKey::Res_FavouriteAdd)));
 }
 

@@ -9,8 +9,8 @@ class QComboBox;
 namespace quorin {
 
 // The market watch on the screen: an exchange with its categories, or the favourites, with the
-// quick orders of the row with the focus. Rows of the favourites are moved by drag, or by
-// Ctrl+Shift+Up and Ctrl+Shift+Down.
+// quick orders of the row with the focus. Rows that are not sorted are moved by drag, or
+// by Ctrl+Shift+Up and Ctrl+Shift+Down.
 class TWatchPane : public TActionPane {
     Q_OBJECT
 

@@ -41,25 +41,27 @@ std::vector<Integer> TMarketWatchForm::CategoriesOf(StringView exchange) {
     return categories;
 }
 
-bool TMarketWatchForm::CanMoveFavourites() {
-    return FExchange == FavoriteExchange && View().GetSortedItemCount() == 0 &&
-           View().RowCount() == FControl->Symbols().Count();
+bool TMarketWatchForm::CanMoveRows() {
+    return View().GetSortedItemCount() == 0 && View().RowCount() == FControl->Symbols().Count();
 }
 
-// The row moves now; what the services tell with the next delivery is the same order.
-Boolean TMarketWatchForm::MoveFavourite(StringView symbol, StringView before) {
+// The row moves now; what the services tell of favourites with the next delivery is the same order.
+Boolean TMarketWatchForm::MoveRow(StringView symbol, StringView before) {
     const String moved(symbol); // may be the list's own text
     const String next(before);
-    TList<String> order = Favourites();
+    const bool areFavourites = FExchange == FavoriteExchange;
+    TList<String> order = areFavourites ? Favourites() : FControl->Symbols();
     const Integer place = order.IndexOf(moved);
-    if (!CanMoveFavourites() || place < 0 || moved == next) return false;
+    if (!CanMoveRows() || place < 0 || moved == next) return false;
     order.Delete(place);
     const Integer target = next.empty() ? order.Count() : order.IndexOf(next);
     if (target < 0 || target == place) return false;
     order.Insert(target, moved);
     FControl->MoveRecord(FControl->RowOf(moved), target);
-    FControl->ClearAllFavoritePrice();
-    AddFavourites(order);
+    if (areFavourites) {
+        FControl->ClearAllFavoritePrice();
+        AddFavourites(order);
+    }
     View().SetFocusedRow(FControl->RowOf(moved));
     return true;
 }

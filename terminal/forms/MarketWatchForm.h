@@ -23,12 +23,12 @@ class TMarketWatchForm : public TMarketListForm {
     Integer Category() const { return FCategory; }
     // The categories that the series of an exchange belong to, each once, in their order.
     static std::vector<Integer> CategoriesOf(StringView exchange);
-    // Whether the rows are the favourites as they stand in their list: not sorted, none left out.
-    bool CanMoveFavourites();
-    // Puts a favourite before another one, or behind all with an empty text; the focus goes with
-    // it. The services know the new order at once. False, with nothing done, where rows can't be
-    // moved or one of the two is no favourite any more.
-    Boolean MoveFavourite(StringView symbol, StringView before);
+    // Whether the rows stand as their list does: not sorted, none left out.
+    bool CanMoveRows();
+    // Puts a row before another one, or behind all with an empty text; the focus goes with it. Of
+    // favourites the services know the new order at once; other lists have it until they are loaded
+    // again. False, with nothing done, where rows can't be moved or one of the two is gone.
+    Boolean MoveRow(StringView symbol, StringView before);
     // Shows these symbols, in this order; those without a record are left out.
     void ShowSymbols(const TList<String>& symbols);
 

@@ -197,8 +197,8 @@ inline constexpr StringView Res_FindPrevious = u"Res_FindPrevious";
 inline constexpr StringView Res_ColumnMenu = u"Res_ColumnMenu";
 inline constexpr StringView Res_FavouriteToggle = u"Res_FavouriteToggle";
 inline constexpr StringView Res_FavouriteAdd = u"Res_FavouriteAdd";
-inline constexpr StringView Res_FavouriteUp = u"Res_FavouriteUp";
-inline constexpr StringView Res_FavouriteDown = u"Res_FavouriteDown";
+inline constexpr StringView Res_RowUp = u"Res_RowUp";
+inline constexpr StringView Res_RowDown = u"Res_RowDown";
 inline constexpr StringView Res_CancelButton = u"Res_CancelButton";
 // Grids.
 inline constexpr StringView Res_RowsWait = u"Res_RowsWait";

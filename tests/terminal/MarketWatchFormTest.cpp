@@ -152,5 +152,30 @@ TEST_F(TMarketWatchFormTest, TradesFollowOneSymbolAtATime) {
     EXPECT_EQ(Services.RegistrationCount(), before);
 }
 
+TEST_F(TMarketWatchFormTest, RowsMove) {
+    const auto order = [&] {
+        String symbols;
+        for (Integer row = 0; row < Form->RowCount(); ++row) symbols += Form->Symbol(row);
+        return symbols;
+    };
+    const struct {
+        StringView Moved, Before, Order;
+        bool IsDone;
+    } steps[] = {
+        {u"A", u"D", u"BCAD", true},  {u"D", u"B", u"DBCA", true},  {u"B", u"", u"DCAB", true},
+        {u"B", u"", u"DCAB", false},  {u"C", u"C", u"DCAB", false}, {u"X", u"A", u"DCAB", false},
+        {u"A", u"X", u"DCAB", false},
+    };
+    for (const auto& step : steps) {
+        EXPECT_EQ(Form->MoveRow(step.Moved, step.Before), step.IsDone);
+        EXPECT_EQ(order(), step.Order);
+    }
+    EXPECT_EQ(Form->Symbol(Form->View().FocusedRow()), u"B") << "the focus goes with the row";
+    EXPECT_EQ(Services.Market().GetFavoriteCount(), 0);
+    Form->View().GetColumn(0)->SetSortOrder(soAscending);
+    EXPECT_FALSE(Form->MoveRow(u"A", u"D"));
+    EXPECT_EQ(order(), u"ABCD");
+}
+
 } // namespace
 } // namespace quorin
