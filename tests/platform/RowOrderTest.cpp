@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 #include <random>
 
@@ -70,10 +71,12 @@ TEST(RowOrder, FollowsChangesAsAFullSortWould) {
         return static_cast<Integer>(random() % unsigned(limit));
     };
     const auto anyValue = [&]() -> Variant {
-        switch (below(6)) {
+        constexpr Double endless = std::numeric_limits<Double>::infinity();
+        switch (below(8)) {
         case 0: return Variant();
         case 1: return Variant(u"hide");
         case 2: return Variant(String(1, static_cast<Char>(u'a' + below(3))));
+        case 3: return Variant(below(2) == 0 ? endless : -endless);
         default: return Variant(below(40));
         }
     };
